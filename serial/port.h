@@ -1,0 +1,88 @@
+// One serial port at 9600 baud, 8 data bits, no parity, 1 stop bit.
+//
+// Threading: a port belongs to the thread of its EventLoop; every call here is made on that thread,
+// and the receive event is raised on it. An implementation may fill its buffer on a thread of its
+// own, and does nothing else there.
+//
+// Errors: PortError, from SetPortOpen(true) (no such device, in use, no permission) and from Output
+// (the port is closed). A device that is lost while the port is open is no error: the line is
+// silent, and each later Output tries to open the device again.
+//
+// Ownership: whoever creates a port owns it. Destroying it closes it.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+#include "serial/event_loop.h"
+
+namespace zps::serial {
+
+// A port can't be opened, or was written to while it was closed. `what()` is the system's reason.
+class PortError : public std::runtime_error {
+  public:
+    PortError(int commPort, const std::string& reason)
+        : std::runtime_error(reason), CommPort(commPort) {}
+    int CommPort;  // the number of the port, 1 to 4
+};
+
+// What the owning thread does while it waits: nothing, or its events.
+enum class WaitMode { HoldEvents, RunEvents };
+
+// When the receive event is raised: when bytes have arrived, or also when a block has gone out.
+enum class EventKind { Input, InputAndOutput };
+
+class Port {
+  public:
+    virtual ~Port() = default;
+
+    // Port number, 1 to 4. A new number counts from the next opening on.
+    virtual int CommPort() const = 0;
+    virtual void SetCommPort(int number) = 0;
+
+    // Opening claims the device for this program alone; opening an open port does nothing.
+    // Closing lets written bytes leave first, for at most 0.2 s, and ends every wait.
+    virtual bool PortOpen() const = 0;
+    virtual void SetPortOpen(bool open) = 0;
+
+    // Bytes that have arrived and were not read.
+    virtual std::size_t InBufferCount() const = 0;
+    // Throws away what has arrived: the buffer count becomes 0.
+    virtual void DiscardInput() = 0;
+    // Reads one byte. Calling it with an empty buffer is a fault of the caller (std::logic_error).
+    virtual std::uint8_t Input() = 0;
+
+    // Writes the block whole and returns once the system has taken it; bounded by 0.2 s, after
+    // which the device counts as lost. Throws PortError where the port is closed.
+    virtual void Output(std::span<const std::uint8_t> block) = 0;
+
+    // Waits until at least `count` bytes have arrived (true), or `limit` has passed or the port has
+    // been closed (false). The thread sleeps meanwhile.
+    virtual bool WaitForInput(std::size_t count, std::chrono::milliseconds limit,
+                              WaitMode mode) = 0;
+    // Waits for `limit`, or until the port is closed.
+    virtual void Pause(std::chrono::milliseconds limit, WaitMode mode) = 0;
+
+    // The receive event. While `handler` runs (its waits and message boxes included), further
+    // notifications are kept as one; that one runs after it, and only if bytes wait or, for
+    // EventKind::InputAndOutput, a block has gone out since. Nothing is raised on a closed port.
+    virtual void OnReceive(EventKind kind, std::function<void()> handler) = 0;
+};
+
+// Makes the ports of the windows; a test hands out its own.
+class PortMaker {
+  public:
+    virtual ~PortMaker() = default;
+    virtual std::unique_ptr<Port> MakePort() = 0;
+    // The device that port `number` would open now, for people ("/dev/ttyUSB0", "COM3"); empty if
+    // there is none.
+    virtual std::string DeviceOf(int number) const = 0;
+};
+
+}  // namespace zps::serial
