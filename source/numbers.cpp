@@ -1,0 +1,164 @@
+#include "source/numbers.h"
+
+#include "source/errors.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace zps {
+
+namespace {
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string WithoutBlanks(std::string_view text) {
+    std::string kept;
+    for (const char c : text) {
+        if (c != ' ' && c != '\t' && c != '\n') kept += c;
+    }
+    return kept;
+}
+
+// Length of the number that `text` begins with; 0 where it begins with none.
+std::size_t NumberLength(std::string_view text) {
+    const auto at = [&](std::size_t i) { return i < text.size() ? text[i] : '\0'; };
+    std::size_t end = at(0) == '+' || at(0) == '-' ? 1 : 0;
+    bool point = false;
+    bool digits = false;
+    for (; IsDigit(at(end)) || (at(end) == '.' && !point); ++end) {
+        point = point || at(end) == '.';
+        digits = digits || IsDigit(at(end));
+    }
+    if (!digits) return 0;
+    if (at(end) == 'e' || at(end) == 'E') {
+        std::size_t exponent = end + 1;
+        if (at(exponent) == '+' || at(exponent) == '-') ++exponent;
+        if (IsDigit(at(exponent))) {
+            while (IsDigit(at(exponent))) ++exponent;
+            end = exponent;
+        }
+    }
+    return end;
+}
+
+// What a number is that no double can hold: an infinity, or nothing at all.
+double BeyondRange(std::string_view magnitude) {
+    const bool tiny = magnitude.find("e-") != std::string_view::npos ||
+                      magnitude.find("E-") != std::string_view::npos ||
+                      magnitude.find_first_of("123456789") > magnitude.find('.');
+    return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+double ReadNumber(std::string_view number) {
+    const bool negative = number.front() == '-';
+    if (negative || number.front() == '+') number.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (error == std::errc::result_out_of_range) value = BeyondRange(number);
+    return negative ? -value : value;
+}
+
+// Adds one unit in the last place of a row of digits with at most one point.
+std::string RaiseLastPlace(std::string digits) {
+    for (auto place = digits.rbegin(); place != digits.rend(); ++place) {
+        if (*place == '.') continue;
+        if (*place != '9') {
+            ++*place;
+            return digits;
+        }
+        *place = '0';
+    }
+    return "1" + digits;
+}
+
+// `digits` is a plain decimal text without sign.
+std::string RoundText(std::string digits, std::size_t decimals) {
+    auto point = digits.find('.');
+    if (point == std::string::npos) {
+        point = digits.size();
+        digits += '.';
+    }
+    const std::size_t kept = point + 1 + decimals;
+    if (digits.size() <= kept) {
+        digits.append(kept - digits.size(), '0');
+    } else {
+        const bool up = digits[kept] >= '5';
+        digits.resize(kept);
+        if (up) digits = RaiseLastPlace(digits);
+    }
+    if (decimals == 0) digits.pop_back();
+    return digits;
+}
+
+template <class Real>
+std::string FormatReal(Real value, int decimals) {
+    std::array<char, 400> buffer{};
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                       std::abs(value), std::chars_format::fixed);
+    const std::string shortest(buffer.data(), written.ptr);
+    if (!std::isfinite(value)) return shortest;
+    const std::string rounded = RoundText(shortest, static_cast<std::size_t>(decimals));
+    const bool zero = rounded.find_first_of("123456789") == std::string::npos;
+    return std::signbit(value) && !zero ? "-" + rounded : rounded;
+}
+
+}  // namespace
+
+double LeadingNumber(std::string_view text) {
+    const std::string dense = WithoutBlanks(text);
+    const std::size_t length = NumberLength(dense);
+    return length == 0 ? 0.0 : ReadNumber(std::string_view(dense).substr(0, length));
+}
+
+int StrictInteger(std::string_view text, int low, int high) {
+    const std::size_t length = NumberLength(text);
+    if (length == 0 || length != text.size()) {
+        throw OverflowError("'" + std::string(text) + "' is not a number");
+    }
+    const double value = std::nearbyint(ReadNumber(text));
+    if (!(value >= low && value <= high)) {
+        throw OverflowError(std::string(text) + " is outside " + std::to_string(low) + ".." +
+                            std::to_string(high));
+    }
+    return static_cast<int>(value);
+}
+
+std::string FormatFixed(double value, int decimals) {
+    return FormatReal(value, decimals);
+}
+std::string FormatFixed(float value, int decimals) {
+    return FormatReal(value, decimals);
+}
+
+std::string ShortestText(float value) {
+    std::array<char, 100> buffer{};
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::fixed);
+    return {buffer.data(), written.ptr};
+}
+
+std::uint8_t ToByte(std::int64_t value) {
+    if (value < 0 || value > 255) {
+        throw OverflowError(std::to_string(value) + " does not fit a byte");
+    }
+    return static_cast<std::uint8_t>(value);
+}
+
+std::int32_t RoundHalfEven(double value) {
+    const double rounded = std::nearbyint(value);  // the default rounding mode is halves to even
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max())) {
+        throw OverflowError(FormatFixed(value, 0) + " does not fit 32 bits");
+    }
+    return static_cast<std::int32_t>(rounded);
+}
+
+std::string FormatStep(int step) {
+    return (step >= 0 && step < 10 ? "0" : "") + std::to_string(step);
+}
+
+}  // namespace zps

@@ -1,0 +1,53 @@
+// SOURCE: the state that all windows share. There is one object of it in a program; whoever needs
+// it is handed it, so that a test makes a fresh one. Window thread only.
+#pragma once
+
+#include "source/reply.h"
+#include "source/step_rows.h"
+#include "source/step_table.h"
+#include "source/value_format.h"
+
+#include <cstdint>
+#include <string>
+
+namespace zps {
+
+// What the link between the panel and its supply is made of.
+struct LinkState {
+    static constexpr std::int16_t NoAddress = 99;
+
+    std::int16_t CommPort = 1;             // serial port, 1 to 4
+    std::int16_t SetAddr = 1;              // address chosen in the settings window
+    std::int16_t CheckedAddr = NoAddress;  // address whose ratings were last read
+    std::int16_t PowerAddr = 0;            // in every frame, expected in every reply
+    std::string ModelName = "ZPS_150";
+    std::int16_t ModelIndex = 0;  // its place in the settings window's list
+
+    Bytes TxFrame;  // the frame last laid, and its length and sum byte
+    std::uint8_t FrameLen = 0;
+    std::uint8_t FrameSum = 0;
+    Bytes RxFrame;  // the bytes of the last reply
+    Reply RxResult = Reply::None;
+    std::int16_t ReplyFlag = ExpectAck;  // the kind of reply expected
+    bool RxBusy = false;                 // a frame is out and its reply not yet handled
+    std::int16_t RetryCount = 0;
+    bool MenuDialogFlag = false;  // the settings or test window is open
+};
+
+struct SOURCE : LinkState, ValueFormat, StepTable {
+    // The visible rows; set by the main window while it lives.
+    StepRows* Rows = nullptr;
+
+    // Puts `frame` into TxFrame, FrameLen and FrameSum.
+    void LayFrame(Frame frame);
+
+    // Colours the visible rows: `step` highlighted, held steps marked, the others plain. A step
+    // that is not visible highlights none.
+    void PaintStepRows(int step) const;
+
+    // All steps as a supply with the present ratings starts with: no voltage, full current, no time
+    // and slope, the highest over-voltage level; the supply holds none of them.
+    void ResetSteps();
+};
+
+}  // namespace zps

@@ -1,0 +1,31 @@
+// The way of every frame from SOURCE to the line.
+#pragma once
+
+#include "serial/port.h"
+#include "source/source.h"
+
+namespace zps {
+
+// Sends for the window that holds `port`. Throws PortError where the port is closed and
+// OverflowError where a value does not fit its byte; then nothing has gone out.
+class Transmitter {
+  public:
+    Transmitter(SOURCE& source, serial::Port& port) : Source(source), Line(port) {}
+
+    // Sends TxFrame as it stands. While the reply to the frame before is outstanding it waits
+    // first, for 0.1 s and without letting events run.
+    void TransmitFrame();
+
+    // Lays `frame`, notes the kind of reply it asks for, and sends it.
+    void Send(Frame frame, std::int16_t replyFlag);
+
+    // Sends the single command of `letter` to PowerAddr with as many of the data bytes as it takes,
+    // and returns 0. An acknowledgement is expected.
+    int SendCommand(int letter, int d1 = 0, int d2 = 0, int d3 = 0, int d4 = 0, int d5 = 0);
+
+  private:
+    SOURCE& Source;
+    serial::Port& Line;
+};
+
+}  // namespace zps
