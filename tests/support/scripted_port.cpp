@@ -1,0 +1,215 @@
+#include "tests/support/scripted_port.h"
+
+#include "serial/receive_event.h"
+
+#include <algorithm>
+#include <iterator>
+#include <span>
+#include <stdexcept>
+#include <utility>
+
+namespace zps::tests {
+
+using serial::Clock;
+using serial::EventKind;
+using serial::EventLoop;
+using serial::PortError;
+using serial::WaitMode;
+using std::chrono::milliseconds;
+
+class ScriptedPort : public serial::Port {
+  public:
+    ScriptedPort(EventLoop& loop, std::shared_ptr<ScriptedLine> line, int maker)
+        : Maker(maker),
+          Loop(loop),
+          Line(std::move(line)),
+          Event(loop, [this] { return !Buffer.empty(); }) {}
+    ~ScriptedPort() override { SetPortOpen(false); }
+
+    int CommPort() const override { return Number; }
+    void SetCommPort(int number) override { Number = number; }
+    bool PortOpen() const override { return Opening != nullptr; }
+    void SetPortOpen(bool open) override;
+    std::size_t InBufferCount() const override { return Buffer.size(); }
+    void DiscardInput() override { Buffer.clear(); }
+    std::uint8_t Input() override;
+    void Output(std::span<const std::uint8_t> block) override;
+    bool WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) override;
+    void Pause(milliseconds limit, WaitMode mode) override;
+    void OnReceive(EventKind kind, std::function<void()> handler) override {
+        Event.SetHandler(kind, std::move(handler));
+    }
+
+    void Receive(const Bytes& bytes) {
+        Buffer.insert(Buffer.end(), bytes.begin(), bytes.end());
+        Event.BytesArrived();
+    }
+
+    const int Maker;
+    int OpenNumber = 0;
+
+  private:
+    // True while the opening it belongs to lasts; a wait keeps its own hold on it, since the port
+    // may be destroyed in one of its events.
+    using Lasting = std::shared_ptr<bool>;
+    template <typename Done>
+    void Wait(const Done& done, milliseconds limit, WaitMode mode);
+
+    EventLoop& Loop;
+    const std::shared_ptr<ScriptedLine> Line;
+    int Number = 1;
+    Lasting Opening;
+    std::deque<std::uint8_t> Buffer;
+    serial::ReceiveEvent Event;
+};
+
+void ScriptedPort::SetPortOpen(bool open) {
+    if (open == PortOpen()) return;
+    Buffer.clear();
+    if (!open) {
+        *std::exchange(Opening, nullptr) = false;
+        Line->Open = nullptr;
+        Event.Stop();
+        return;
+    }
+    if (const auto refused = Line->Refused.find(Number); refused != Line->Refused.end())
+        throw PortError(Number, refused->second);
+    if (Line->Open) throw PortError(Number, "Device or resource busy");
+    Opening = std::make_shared<bool>(true);
+    OpenNumber = Number;
+    Line->Open = this;
+    Line->OnTheWay.clear();
+    ++Line->OpenCount;
+    Event.Start();
+}
+
+std::uint8_t ScriptedPort::Input() {
+    if (Buffer.empty()) throw std::logic_error("no byte to read");
+    const auto byte = Buffer.front();
+    Buffer.pop_front();
+    return byte;
+}
+
+void ScriptedPort::Output(std::span<const std::uint8_t> block) {
+    if (!PortOpen()) throw PortError(Number, "The port is closed");
+    Event.BlockGone();
+    Line->Take(*this, Bytes(block.begin(), block.end()));
+}
+
+namespace {
+
+// Runs what has been posted up to now, or less if `lasting` ends.
+void RunDue(EventLoop& loop, const bool& lasting) {
+    const auto reached = std::make_shared<bool>(false);
+    loop.Post([reached] { *reached = true; });
+    loop.RunUntil([&] { return *reached || !lasting; }, Clock::now() + std::chrono::seconds(10));
+}
+
+}  // namespace
+
+template <typename Done>
+void ScriptedPort::Wait(const Done& done, milliseconds limit, WaitMode mode) {
+    const auto lasting = Opening;
+    const auto line = Line;
+    auto& loop = Loop;
+    const auto deadline = line->Now + limit;
+    bool more = true;
+    while (more && *lasting && !done()) {
+        if (mode == WaitMode::RunEvents) RunDue(loop, *lasting);
+        if (*lasting && !done()) more = line->Advance(deadline);
+    }
+    if (!more && mode == WaitMode::RunEvents) RunDue(loop, *lasting);
+}
+
+bool ScriptedPort::WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) {
+    const auto lasting = Opening;
+    if (!lasting) return false;
+    Wait([this, count] { return Buffer.size() >= count; }, limit, mode);
+    return *lasting && Buffer.size() >= count;
+}
+
+void ScriptedPort::Pause(milliseconds limit, WaitMode mode) {
+    if (PortOpen()) Wait([] { return false; }, limit, mode);
+}
+
+void ScriptedLine::Answer(Bytes reply) {
+    AnswerInPieces({{std::move(reply)}});
+}
+
+void ScriptedLine::AnswerInPieces(std::vector<Piece> pieces) {
+    Answers.push_back(std::move(pieces));
+}
+
+void ScriptedLine::Otherwise(std::function<Bytes(const Bytes&)> script) {
+    Script = std::move(script);
+}
+
+void ScriptedLine::Arrive(const Bytes& bytes) {
+    if (Open && !bytes.empty()) Open->Receive(bytes);
+}
+
+void ScriptedLine::Refuse(int number, std::string reason) {
+    Refused[number] = std::move(reason);
+}
+
+void ScriptedLine::Allow(int number) {
+    Refused.erase(number);
+}
+
+std::vector<Bytes> ScriptedLine::WrittenData() const {
+    std::vector<Bytes> data;
+    std::ranges::transform(Blocks, std::back_inserter(data), &WrittenBlock::Data);
+    return data;
+}
+
+int ScriptedLine::OpenMaker() const {
+    return Open ? Open->Maker : 0;
+}
+
+void ScriptedLine::Take(const ScriptedPort& from, Bytes block) {
+    std::vector<Piece> pieces;
+    if (!Answers.empty()) {
+        pieces = std::move(Answers.front());
+        Answers.pop_front();
+    } else if (Script) {
+        pieces.push_back({Script(block)});
+    }
+    Blocks.push_back({from.Maker, from.OpenNumber, std::move(block)});
+    for (auto& piece : pieces) {
+        const auto due = Now + piece.After;
+        const auto later = std::ranges::upper_bound(OnTheWay, due, {}, &Arrival::Due);
+        OnTheWay.insert(later, {due, std::move(piece.Data)});
+    }
+    DeliverDue();
+}
+
+void ScriptedLine::DeliverDue() {
+    while (!OnTheWay.empty() && OnTheWay.front().Due <= Now) {
+        const auto arrival = std::move(OnTheWay.front());
+        OnTheWay.pop_front();
+        Arrive(arrival.Data);
+    }
+}
+
+bool ScriptedLine::Advance(milliseconds limit) {
+    if (OnTheWay.empty() || OnTheWay.front().Due > limit) {
+        Now = std::max(Now, limit);
+        return false;
+    }
+    Now = std::max(Now, OnTheWay.front().Due);
+    DeliverDue();
+    return true;
+}
+
+ScriptedPortMaker::ScriptedPortMaker(EventLoop& loop, std::shared_ptr<ScriptedLine> line)
+    : Loop(loop), Line(std::move(line)) {}
+
+std::unique_ptr<serial::Port> ScriptedPortMaker::MakePort() {
+    return std::make_unique<ScriptedPort>(Loop, Line, ++Line->Made);
+}
+
+std::string ScriptedPortMaker::DeviceOf(int number) const {
+    return Line->Refused.contains(number) ? "" : "scripted/COM" + std::to_string(number);
+}
+
+}  // namespace zps::tests
