@@ -1,0 +1,26 @@
+// The event loop of a window program, as the serial ports know it.
+#pragma once
+
+#include "serial/event_loop.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace zps::platform {
+
+// Make it on the thread that runs Qt's events, after the application object; that thread is the
+// owning thread of every port that uses it. Calls still posted when it is destroyed are dropped.
+class QtEventLoop : public serial::EventLoop {
+  public:
+    void Post(std::function<void()> call) override;
+
+    // Qt hands its events out in batches (those that are due together); `done` is asked after each
+    // batch. What a handler throws is the affair of the application's notify().
+    void RunUntil(const std::function<bool()>& done, serial::Clock::time_point deadline) override;
+
+  private:
+    QObject Receiver;
+};
+
+}  // namespace zps::platform
