@@ -1,0 +1,54 @@
+#include "controls/colours.h"
+
+#include <QPalette>
+
+#include <array>
+#include <cmath>
+
+namespace zps {
+
+namespace {
+
+// Relative luminance of an sRGB colour, 0 (black) to 1 (white).
+double Luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+}  // namespace
+
+QColor ToQColor(Colour colour) {
+    const auto value = static_cast<std::uint32_t>(colour);
+    const auto part = [value](unsigned shift) {
+        return static_cast<int>((value >> shift) & 0xFFU);
+    };
+    return {part(0), part(8), part(16)};
+}
+
+QColor ReadableOn(const QColor& background) {
+    constexpr double EqualContrast = 0.179;  // where black and white text contrast alike
+    return Luminance(background) > EqualContrast ? Qt::black : Qt::white;
+}
+
+void PaintBackground(QWidget& control, const QColor& background) {
+    const QColor text = ReadableOn(background);
+    QPalette palette = control.palette();
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+        palette.setColor(role, background);
+    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, text);
+    }
+    if (palette == control.palette()) return;
+    control.setPalette(palette);
+    control.setAutoFillBackground(true);
+}
+
+void PaintBackground(QWidget& control, Colour colour) {
+    PaintBackground(control, ToQColor(colour));
+}
+
+}  // namespace zps

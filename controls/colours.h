@@ -1,0 +1,37 @@
+// The fixed colours of the panel, and how they are put on a control so that its text stays readable
+// on light and dark desktops.
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+#include <cstdint>
+
+namespace zps {
+
+// A colour value 0x00BBGGRR.
+enum class Colour : std::uint32_t {
+    PaleOrange = 0xC0E0FF,   // selected step; idle lamp
+    LightCyan = 0xFFFF80,    // step that the supply holds
+    DarkRed = 0x0000C0,      // active lamp
+    PaleGreen = 0xC0FFC0,    // idle lamp
+    BrightGreen = 0x00FF00,  // active lamp; good result
+    LightGreen = 0x80FF80,
+    Red = 0x0000FF,
+    Blue = 0xFF0000,
+    Yellow = 0x00FFFF,
+    White = 0xFFFFFF,
+    LightGrey = 0xE0E0E0,
+    Grey = 0x808080,
+};
+
+QColor ToQColor(Colour colour);
+
+// Black or white, whichever reads better on `background`.
+QColor ReadableOn(const QColor& background);
+
+// Gives `control` this background with a readable text, enabled or not.
+void PaintBackground(QWidget& control, const QColor& background);
+void PaintBackground(QWidget& control, Colour colour);
+
+}  // namespace zps

@@ -1,0 +1,50 @@
+#include "controls/handlers.h"
+
+#include <QMetaObject>
+
+#include <algorithm>
+
+namespace zps {
+
+void Handlers::Run(const std::function<void()>& handler) {
+    Enter(Origin::Event, handler);
+}
+
+void Handlers::RunWhenFree(const void* who, Origin origin, std::function<void()> handler) {
+    if (!Busy()) {
+        Enter(origin, handler);
+        return;
+    }
+    const bool waits = std::any_of(Queue.begin(), Queue.end(),
+                                   [who](const Waiting& one) { return one.Who == who; });
+    if (!waits) Queue.push_back({who, origin, std::move(handler)});
+}
+
+void Handlers::Yield(const std::function<void()>& wait) {
+    const int depth = std::exchange(Depth, 0);
+    ScheduleWaiting();
+    wait();
+    Depth = depth;
+}
+
+void Handlers::Enter(Origin origin, const std::function<void()>& handler) {
+    ++Depth;
+    Errors.Run(origin, handler);
+    --Depth;
+    if (!Busy()) ScheduleWaiting();
+}
+
+void Handlers::ScheduleWaiting() {
+    if (Queue.empty()) return;
+    QMetaObject::invokeMethod(
+        this, [this] { RunWaiting(); }, Qt::QueuedConnection);
+}
+
+void Handlers::RunWaiting() {
+    if (Busy() || Queue.empty()) return;
+    const Waiting next = std::move(Queue.front());
+    Queue.erase(Queue.begin());
+    Enter(next.From, next.Handler);
+}
+
+}  // namespace zps

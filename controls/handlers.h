@@ -1,0 +1,47 @@
+// The handlers of one window: how they run, and what waits for them.
+#pragma once
+
+#include "controls/error_reporter.h"
+
+#include <QObject>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace zps {
+
+// A window's handlers run through here. Handlers of a person's events run at once. Those of timers
+// and of the port wait while another handler, or a message box that it opened, is up; each waits as
+// one, however often it came, and they run in the order in which they came.
+class Handlers : public QObject {
+  public:
+    Handlers(MessageBoxes& boxes, QWidget* window) : Errors(boxes, window) {}
+
+    ErrorReporter Errors;
+
+    void Run(const std::function<void()>& handler);
+    void RunWhenFree(const void* who, Origin origin, std::function<void()> handler);
+
+    // Whether a handler is up.
+    bool Busy() const { return Depth > 0; }
+
+    // Lets what waits run while a handler waits for just that: call `wait` inside a handler.
+    void Yield(const std::function<void()>& wait);
+
+  private:
+    struct Waiting {
+        const void* Who;
+        Origin From;
+        std::function<void()> Handler;
+    };
+
+    void Enter(Origin origin, const std::function<void()>& handler);
+    void RunWaiting();
+    void ScheduleWaiting();
+
+    int Depth = 0;
+    std::vector<Waiting> Queue;
+};
+
+}  // namespace zps
