@@ -1,0 +1,150 @@
+#include "platform/pointer_confinement.h"
+
+#include "tests/platform/framed_window.h"
+
+#include <QApplication>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace zps::platform {
+namespace {
+
+// The real pointer of the display.
+QString Xdotool(const QStringList& arguments) {
+    QProcess process;
+    process.start("xdotool", arguments);
+    EXPECT_TRUE(process.waitForFinished(10'000) && process.exitCode() == 0);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QPoint MoveTo(const QPoint& place) {
+    const QString script = "mousemove %1 %2 getmouselocation --shell";
+    const QStringList lines = Xdotool(script.arg(place.x()).arg(place.y()).split(' ')).split('\n');
+    return {lines.value(0).section('=', 1).toInt(), lines.value(1).section('=', 1).toInt()};
+}
+
+constexpr QPoint Corner(3, 3);
+constexpr QPoint OtherCorner(1200, 1000);
+
+bool PointerIsFree() {
+    return MoveTo(Corner) == Corner && MoveTo(OtherCorner) == OtherCorner;
+}
+bool PointerIsIn(const QRect& area) {
+    return MoveTo(Corner) == area.topLeft() && MoveTo(OtherCorner) == area.bottomRight();
+}
+
+class PointerConfinementTest : public testing::Test, public FramedWindow {
+  protected:
+    void SetUp() override { ASSERT_TRUE(Show()); }
+
+    bool PointerIsInFrame() const { return PointerIsIn(FrameOnScreen()); }
+    void ClickAt(const QPoint& place) {
+        MoveTo(place);
+        Xdotool({"click", "1"});
+    }
+
+    std::unique_ptr<PointerConfinement> Confinement = MakePointerConfinement();
+};
+
+TEST_F(PointerConfinementTest, ThePointerStaysInTheFrameUntilItIsReleased) {
+    EXPECT_TRUE(PointerIsFree());
+    Confinement->Confine(Frame);
+    EXPECT_TRUE(PointerIsInFrame());
+    Xdotool({"mousemove_relative", "--", "-900", "-900"});
+    EXPECT_EQ(QCursor::pos(), FrameOnScreen().topLeft());
+    Confinement->Release();
+    EXPECT_TRUE(PointerIsFree());
+    Confinement->Confine(Frame);
+    Confinement.reset();
+    EXPECT_TRUE(PointerIsFree());
+}
+
+TEST_F(PointerConfinementTest, ClicksInTheFrameReachItsButtonsAndLeaveThePointerConfined) {
+    int clicked = 0;
+    int clickedOutside = 0;
+    QObject::connect(&Inside, &QPushButton::clicked, [&] { ++clicked; });
+    QObject::connect(&Outside, &QPushButton::clicked, [&] { ++clickedOutside; });
+    const QPoint button = Inside.mapToGlobal(Inside.rect().center());
+    MoveTo(button);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Inside.underMouse(); }));
+    Confinement->Confine(Frame);
+    ClickAt(button + QPoint(1, 0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicked == 1; }));
+    EXPECT_TRUE(Inside.underMouse());
+    ClickAt(Outside.mapToGlobal(Outside.rect().center()));
+    ClickAt(button);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicked == 2; }));
+    EXPECT_EQ(clickedOutside, 0);
+    EXPECT_TRUE(PointerIsInFrame());
+}
+
+TEST_F(PointerConfinementTest, ConfiningAgainTakesTheFramesNextRectangle) {
+    Confinement->Confine(Frame);
+    Frame.setGeometry(20, 150, 300, 120);
+    Confinement->Confine(Frame);
+    EXPECT_TRUE(PointerIsInFrame());
+    Window.move(500, 100);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return PointerIsInFrame() && FrameOnScreen().x() > 500; }));
+}
+
+TEST_F(PointerConfinementTest, AFrameThatIsNotShownChangesNothing) {
+    QFrame never;
+    Confinement->Confine(never);
+    EXPECT_TRUE(PointerIsFree());
+    Confinement->Confine(Frame);
+    Confinement->Confine(never);
+    EXPECT_TRUE(PointerIsInFrame());
+}
+
+TEST_F(PointerConfinementTest, APopUpHasThePointerToItselfUntilItCloses) {
+    Confinement->Confine(Frame);
+    PopUp.popup(FrameOnScreen().center());
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&PopUp));
+    EXPECT_TRUE(PointerIsFree());
+    Confinement->Confine(Frame);
+    EXPECT_TRUE(PointerIsFree());
+    PopUp.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return PointerIsInFrame(); }));
+    Confinement->Release();
+    EXPECT_TRUE(PointerIsFree());
+}
+
+TEST_F(PointerConfinementTest, APointerThatAnotherProgramHoldsIsConfinedWhenThatLetsGo) {
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> other(
+        xcb_connect(nullptr, nullptr), &xcb_disconnect);
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(other.get())).data->root;
+    const auto asked = xcb_grab_pointer(other.get(), 0, root, 0, XCB_GRAB_MODE_ASYNC,
+                                        XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    std::free(xcb_grab_pointer_reply(other.get(), asked, nullptr));
+    Confinement->Confine(Frame);
+    EXPECT_TRUE(PointerIsFree());
+    xcb_ungrab_pointer(other.get(), XCB_CURRENT_TIME);
+    xcb_flush(other.get());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return PointerIsInFrame(); }));
+}
+
+class KilledProcessTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(KilledProcessTest, LeavesThePointerFree) {
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {GetParam()});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return process.canReadLine(); }, 20'000));
+    const QStringList figures = QString::fromUtf8(process.readLine()).trimmed().split(' ');
+    const QRect area(figures.value(0).toInt(), figures.value(1).toInt(), figures.value(2).toInt(),
+                     figures.value(3).toInt());
+    const bool withPopUp = QString(GetParam()).contains("pop-up");
+    EXPECT_EQ(PointerIsIn(area), !withPopUp);
+    process.kill();
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_TRUE(QTest::qWaitFor(PointerIsFree));
+}
+
+INSTANTIATE_TEST_SUITE_P(Means, KilledProcessTest, testing::Values("hold", "hold-with-pop-up"));
+
+}  // namespace
+}  // namespace zps::platform
