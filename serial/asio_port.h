@@ -1,10 +1,10 @@
 // The port of the real machine, on Linux and Windows.
 #pragma once
 
+#include "serial/port.h"
+
 #include <memory>
 #include <string>
-
-#include "serial/port.h"
 
 namespace zps::serial {
 

@@ -19,8 +19,9 @@ class EventLoop {
     virtual void Post(std::function<void()> call) = 0;
 
     // Runs events (posted calls among them) until `done` returns true or `deadline` has passed, and
-    // sleeps while there are none. `done` is asked before the first event and after each one.
-    // Owning thread only; may nest.
+    // sleeps while there are none. `done` is asked before the first event and after each one
+    // (a loop that hands out events in batches may ask after each batch). What an event throws
+    // passes on, unless the loop has a place of its own for it. Owning thread only; may nest.
     virtual void RunUntil(const std::function<bool()>& done, Clock::time_point deadline) = 0;
 };
 

@@ -11,6 +11,8 @@
 // Ownership: whoever creates a port owns it. Destroying it closes it.
 #pragma once
 
+#include "serial/event_loop.h"
+
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -19,8 +21,6 @@
 #include <span>
 #include <stdexcept>
 #include <string>
-
-#include "serial/event_loop.h"
 
 namespace zps::serial {
 

@@ -1,0 +1,124 @@
+#define ASIO_STANDALONE
+#include "serial/asio_device.h"
+
+#include "serial/device.h"
+#include "serial/event_loop.h"
+
+#include <asio.hpp>
+
+#include <array>
+#include <condition_variable>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace zps::serial {
+
+struct AsioDevice::Inside {
+    using Received = std::function<void(std::span<const std::uint8_t>)>;
+
+    Inside(const std::string& path, Received received);
+    ~Inside();
+
+    void Read();
+    void Write(std::span<const std::uint8_t> block);
+    void LetWrittenBytesLeave();
+    void Close();
+
+    asio::io_context Context{1};
+    asio::serial_port Device{Context};  // after the constructor, the reader's thread only
+    std::array<std::uint8_t, 256> Chunk{};
+    const Received Pass;
+
+    std::mutex Mutex;
+    std::condition_variable Changed;
+    bool Writing = false;  // guarded by Mutex, as is Lost
+    bool Lost = false;
+
+    std::thread Reader;
+};
+
+AsioDevice::Inside::Inside(const std::string& path, Received received) : Pass(std::move(received)) {
+    using Option = asio::serial_port_base;
+    Device.open(path);
+    if (const auto taken = Claim(Device.native_handle())) throw std::system_error(taken);
+    Device.set_option(Option::baud_rate(9600));
+    Device.set_option(Option::character_size(8));
+    Device.set_option(Option::parity(Option::parity::none));
+    Device.set_option(Option::stop_bits(Option::stop_bits::one));
+    Device.set_option(Option::flow_control(Option::flow_control::none));
+    Read();
+    Reader = std::thread([this] { Context.run(); });
+}
+
+AsioDevice::Inside::~Inside() {
+    asio::post(Context, [this] {
+        if (Device.is_open()) LetWrittenBytesLeave();
+        Close();
+    });
+    Reader.join();
+}
+
+void AsioDevice::Inside::Read() {
+    Device.async_read_some(asio::buffer(Chunk), [this](std::error_code error, std::size_t count) {
+        if (error) return Close();
+        Pass(std::span(Chunk).first(count));
+        Read();
+    });
+}
+
+void AsioDevice::Inside::Write(std::span<const std::uint8_t> block) {
+    const auto deadline = Clock::now() + LongestWrite;
+    const auto data = std::make_shared<const std::vector<std::uint8_t>>(block.begin(), block.end());
+    std::unique_lock lock(Mutex);
+    if (Lost) return;
+    Writing = true;
+    asio::post(Context, [this, data] {
+        asio::async_write(Device, asio::buffer(*data), [this, data](std::error_code error, auto) {
+            if (error) Close();
+            const std::lock_guard done(Mutex);
+            Writing = false;
+            Changed.notify_all();
+        });
+    });
+    if (Changed.wait_until(lock, deadline, [this] { return !Writing || Lost; })) return;
+    Lost = true;
+    asio::post(Context, [this] { Close(); });
+}
+
+void AsioDevice::Inside::LetWrittenBytesLeave() {
+    const auto deadline = Clock::now() + LongestWrite;
+    while (PendingOutput(Device.native_handle()) > 0 && Clock::now() < deadline)
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+}
+
+// Nothing is under way after this, so the reader's thread ends.
+void AsioDevice::Inside::Close() {
+    if (Device.is_open()) {
+        Release(Device.native_handle());
+        std::error_code ignored;
+        Device.close(ignored);
+    }
+    const std::lock_guard lock(Mutex);
+    Lost = true;
+    Changed.notify_all();
+}
+
+AsioDevice::AsioDevice(const std::string& path,
+                       std::function<void(std::span<const std::uint8_t>)> received)
+    : Self(std::make_unique<Inside>(path, std::move(received))) {}
+
+AsioDevice::~AsioDevice() = default;
+
+bool AsioDevice::IsLost() const {
+    const std::lock_guard lock(Self->Mutex);
+    return Self->Lost;
+}
+
+void AsioDevice::Write(std::span<const std::uint8_t> block) {
+    Self->Write(block);
+}
+
+}  // namespace zps::serial

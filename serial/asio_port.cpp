@@ -1,0 +1,146 @@
+#include "serial/asio_port.h"
+
+#include "serial/asio_device.h"
+#include "serial/device.h"
+#include "serial/inbox.h"
+#include "serial/receive_event.h"
+
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace zps::serial {
+namespace {
+
+using std::chrono::milliseconds;
+
+// From one opening to the closing. A wait keeps its own hold on it: the port may be closed, opened
+// again or destroyed by one of the events that the wait runs.
+struct Session {
+    explicit Session(int number) : Number(number) {}
+
+    const int Number;
+    bool Ended = false;
+    Inbox Arrived;
+    std::unique_ptr<AsioDevice> Device;  // absent while it is lost and can't be opened again
+};
+
+class AsioPort : public Port {
+  public:
+    explicit AsioPort(EventLoop& loop)
+        : Loop(loop), Event(loop, [this] { return InBufferCount() > 0; }) {}
+    ~AsioPort() override { SetPortOpen(false); }
+
+    int CommPort() const override { return Number; }
+    void SetCommPort(int number) override { Number = number; }
+    bool PortOpen() const override { return Present != nullptr; }
+    void SetPortOpen(bool open) override;
+    std::size_t InBufferCount() const override { return Present ? Present->Arrived.Count() : 0; }
+    void DiscardInput() override {
+        if (Present) Present->Arrived.Clear();
+    }
+    std::uint8_t Input() override;
+    void Output(std::span<const std::uint8_t> block) override;
+    bool WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) override;
+    void Pause(milliseconds limit, WaitMode mode) override;
+    void OnReceive(EventKind kind, std::function<void()> handler) override {
+        Event.SetHandler(kind, std::move(handler));
+    }
+
+  private:
+    void OpenDevice(Session& session);
+    bool OpenDeviceAgain(Session& session);
+
+    EventLoop& Loop;
+    int Number = 1;
+    ReceiveEvent Event;
+    std::shared_ptr<Session> Present;  // absent while the port is closed
+};
+
+void AsioPort::SetPortOpen(bool open) {
+    if (open == PortOpen()) return;
+    if (!open) {
+        const auto session = std::exchange(Present, nullptr);
+        session->Ended = true;
+        Event.Stop();
+        session->Device.reset();
+        return;
+    }
+    auto session = std::make_shared<Session>(Number);
+    try {
+        OpenDevice(*session);
+    } catch (const std::system_error& error) {
+        throw PortError(Number, error.code().message());
+    }
+    Present = std::move(session);
+    Event.Start();
+}
+
+// The session outlives its device, and this object the session's device.
+void AsioPort::OpenDevice(Session& session) {
+    const auto path = DevicePath(session.Number);
+    if (path.empty()) throw std::system_error(std::make_error_code(std::errc::no_such_device));
+    session.Device = std::make_unique<AsioDevice>(
+        path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
+            arrived.Put(bytes);
+            Event.BytesArrived();
+        });
+}
+
+bool AsioPort::OpenDeviceAgain(Session& session) {
+    session.Device.reset();
+    try {
+        OpenDevice(session);
+        return true;
+    } catch (const std::system_error&) {
+        return false;  // still away: the line stays silent
+    }
+}
+
+std::uint8_t AsioPort::Input() {
+    if (!Present) throw std::logic_error("no byte to read: the port is closed");
+    return Present->Arrived.Take();
+}
+
+void AsioPort::Output(std::span<const std::uint8_t> block) {
+    if (!Present) throw PortError(Number, "The port is closed");
+    auto& session = *Present;
+    const bool here = session.Device && !session.Device->IsLost();
+    if (here || OpenDeviceAgain(session)) session.Device->Write(block);
+    // Also on a lost line: whoever asked for it gets a verdict on the block, "no reply".
+    Event.BlockGone();
+}
+
+bool AsioPort::WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) {
+    const auto session = Present;
+    if (!session) return false;
+    const auto deadline = Clock::now() + limit;
+    if (mode == WaitMode::HoldEvents) return session->Arrived.WaitFor(count, deadline);
+    const auto arrived = [&session, count] { return session->Arrived.Count() >= count; };
+    Loop.RunUntil([&] { return session->Ended || arrived(); }, deadline);
+    return !session->Ended && arrived();
+}
+
+void AsioPort::Pause(milliseconds limit, WaitMode mode) {
+    const auto session = Present;
+    if (!session) return;
+    const auto deadline = Clock::now() + limit;
+    if (mode == WaitMode::HoldEvents)
+        std::this_thread::sleep_until(deadline);
+    else
+        Loop.RunUntil([&session] { return session->Ended; }, deadline);
+}
+
+}  // namespace
+
+AsioPortMaker::AsioPortMaker(EventLoop& loop) : Loop(loop) {}
+
+std::unique_ptr<Port> AsioPortMaker::MakePort() {
+    return std::make_unique<AsioPort>(Loop);
+}
+
+std::string AsioPortMaker::DeviceOf(int number) const {
+    return DevicePath(number);
+}
+
+}  // namespace zps::serial

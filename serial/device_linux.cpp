@@ -1,0 +1,127 @@
+#include "serial/device_linux.h"
+
+#include "serial/device.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <optional>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace zps::serial {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The kinds of serial device, in the order in which they are numbered.
+struct DeviceKind {
+    std::string_view Prefix;
+    bool MayBeAbsent;  // the name exists whether or not there is a UART behind it
+};
+constexpr DeviceKind Kinds[] = {{"ttyUSB", false}, {"ttyACM", false}, {"ttyS", true}};
+
+bool IsPrivateFolder(const fs::path& folder) {
+    struct stat status {};
+    return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+           status.st_uid == getuid() && (status.st_mode & 07777) == 0700;
+}
+
+std::string LinkedDevice(int number, const fs::path& folder) {
+    if (!IsPrivateFolder(folder)) return {};
+    std::error_code absent;
+    const auto target = fs::read_symlink(folder / ("COM" + std::to_string(number)), absent);
+    return absent ? std::string() : (folder / target).lexically_normal().string();
+}
+
+bool UartExists(const fs::path& terminal) {
+    int type = 0;
+    std::ifstream(terminal / "type") >> type;
+    return type != 0;
+}
+
+std::optional<unsigned> NumberAfter(std::string_view prefix, std::string_view name) {
+    if (!name.starts_with(prefix)) return {};
+    const auto digits = name.substr(prefix.size());
+    const char* const end = digits.data() + digits.size();
+    unsigned number = 0;
+    const auto [stop, error] = std::from_chars(digits.data(), end, number);
+    if (error != std::errc() || stop != end) return {};
+    return number;
+}
+
+// Devices of one kind, ttyUSB2 before ttyUSB10.
+std::vector<fs::path> DevicesOf(const DeviceKind& kind, const DeviceRoots& roots) {
+    std::vector<std::pair<unsigned, fs::path>> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(roots.Devices, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const auto name = entry->path().filename();
+        const auto number = NumberAfter(kind.Prefix, name.string());
+        if (!number || (kind.MayBeAbsent && !UartExists(roots.Terminals / name))) continue;
+        found.emplace_back(*number, entry->path());
+    }
+    std::ranges::sort(found);
+    std::vector<fs::path> devices;
+    for (auto& [number, path] : found) devices.push_back(std::move(path));
+    return devices;
+}
+
+}  // namespace
+
+fs::path LinkFolderPath() {
+    const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
+    if (runtime && *runtime) return fs::path(runtime) / "zps-rs232";
+    return "/tmp/zps-rs232-" + std::to_string(getuid());
+}
+
+std::string DevicePath(int number, const DeviceRoots& roots) {
+    if (auto linked = LinkedDevice(number, roots.Links); !linked.empty()) return linked;
+    int place = 0;
+    for (const auto& kind : Kinds) {
+        for (const auto& device : DevicesOf(kind, roots)) {
+            if (++place == number) return device.string();
+        }
+    }
+    return {};
+}
+
+std::string DevicePath(int number) {
+    return DevicePath(number, {.Links = LinkFolderPath()});
+}
+
+std::error_code Claim(NativeHandle device) {
+    // A program started from this one (a web browser) would keep the claim alive.
+    const bool own = fcntl(device, F_SETFD, FD_CLOEXEC) == 0;
+    // The lock holds against root too, whom TIOCEXCL lets pass.
+    if (!own || flock(device, LOCK_EX | LOCK_NB) != 0) {
+        const int reason = errno == EWOULDBLOCK ? EBUSY : errno;
+        return {reason, std::generic_category()};
+    }
+    if (ioctl(device, TIOCEXCL) != 0) return {errno, std::generic_category()};
+    return {};
+}
+
+std::size_t PendingOutput(NativeHandle device) {
+    int bytes = 0;
+    if (ioctl(device, TIOCOUTQ, &bytes) != 0 || bytes < 0) return 0;
+    return static_cast<std::size_t>(bytes);
+}
+
+void Release(NativeHandle device) {
+    // Only then: on a pseudo-terminal it would take away what the other side has yet to read.
+    if (PendingOutput(device) > 0) tcflush(device, TCOFLUSH);
+    // Exclusive use would outlive the handle where another one is open on the same terminal.
+    ioctl(device, TIOCNXCL);
+}
+
+}  // namespace zps::serial

@@ -1,0 +1,38 @@
+#include "serial/inbox.h"
+
+#include <stdexcept>
+
+namespace zps::serial {
+
+void Inbox::Put(std::span<const std::uint8_t> bytes) {
+    {
+        const std::lock_guard lock(Mutex);
+        Bytes.insert(Bytes.end(), bytes.begin(), bytes.end());
+    }
+    Arrived.notify_all();
+}
+
+std::size_t Inbox::Count() const {
+    const std::lock_guard lock(Mutex);
+    return Bytes.size();
+}
+
+void Inbox::Clear() {
+    const std::lock_guard lock(Mutex);
+    Bytes.clear();
+}
+
+std::uint8_t Inbox::Take() {
+    const std::lock_guard lock(Mutex);
+    if (Bytes.empty()) throw std::logic_error("no byte to read");
+    const auto byte = Bytes.front();
+    Bytes.pop_front();
+    return byte;
+}
+
+bool Inbox::WaitFor(std::size_t count, Clock::time_point deadline) const {
+    std::unique_lock lock(Mutex);
+    return Arrived.wait_until(lock, deadline, [&] { return Bytes.size() >= count; });
+}
+
+}  // namespace zps::serial

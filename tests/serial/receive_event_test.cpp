@@ -1,0 +1,140 @@
+// The rule of the receive event, on the scripted line; so this proves the scripted port as well.
+#include "tests/support/plain_event_loop.h"
+#include "tests/support/scripted_port.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+namespace zps::tests {
+namespace {
+
+using namespace std::chrono_literals;
+using serial::EventKind;
+using serial::WaitMode;
+
+class ReceiveEventRule : public testing::Test {
+  protected:
+    ReceiveEventRule() { Port->SetPortOpen(true); }
+    void Handle(EventKind kind, std::function<void()> handler) const {
+        Port->OnReceive(kind, std::move(handler));
+    }
+    Bytes ReadAll() const {
+        Bytes all;
+        while (Port->InBufferCount() > 0) all.push_back(Port->Input());
+        return all;
+    }
+
+    PlainEventLoop Loop;
+    std::shared_ptr<ScriptedLine> Line = std::make_shared<ScriptedLine>();
+    ScriptedPortMaker Maker{Loop, Line};
+    std::unique_ptr<serial::Port> Port = Maker.MakePort();
+    int Raised = 0;
+};
+
+TEST_F(ReceiveEventRule, SilenceRaisesItOnlyForThoseWhoAskedForBlocksGoneOut) {
+    Handle(EventKind::Input, [&] { ++Raised; });
+    Port->Output(Bytes{1, 5, 6});
+    Loop.RunPosted();
+    EXPECT_EQ(Raised, 0);
+    Handle(EventKind::InputAndOutput, [&] { ++Raised; });
+    Port->Output(Bytes{1, 5, 6});
+    Loop.RunPosted();
+    EXPECT_EQ(Raised, 1);
+}
+
+TEST_F(ReceiveEventRule, AnExchangeIsJudgedOnceAndARetryInsideTheHandlerOnceMore) {
+    std::vector<Bytes> replies;
+    Line->AnswerInPieces({{{1}, 20ms}, {{6, 7}, 30ms}});
+    Line->Answer({1, 21, 22});
+    Handle(EventKind::InputAndOutput, [&] {
+        Port->WaitForInput(3, 100ms, WaitMode::RunEvents);
+        replies.push_back(ReadAll());
+        if (replies.size() < 3) Port->Output(Bytes{1, 5, 6});
+    });
+    Port->Output(Bytes{1, 5, 6});
+    Loop.RunPosted();
+    EXPECT_EQ(replies, (std::vector<Bytes>{{1, 6, 7}, {1, 21, 22}, {}}));
+    EXPECT_EQ(Line->Waited(), 130ms);
+}
+
+TEST_F(ReceiveEventRule, NotificationsWhileTheHandlerRunsAreOneAfterIt) {
+    int depth = 0;
+    Handle(EventKind::Input, [&] {
+        EXPECT_EQ(++depth, 1);
+        if (++Raised == 1) {
+            for (const auto& bytes : {Bytes{2}, Bytes{3}, Bytes{4}}) {
+                Line->Arrive(bytes);
+                Loop.RunPosted();
+            }
+        }
+        --depth;
+    });
+    Line->Arrive({1});
+    Loop.RunPosted();
+    EXPECT_EQ(Raised, 2);
+}
+
+TEST_F(ReceiveEventRule, SurvivesAHandlerThatThrows) {
+    Handle(EventKind::Input, [&] {
+        ++Raised;
+        ReadAll();
+        Line->Arrive({2});
+        throw std::overflow_error("6");
+    });
+    Line->Arrive({1});
+    EXPECT_THROW(Loop.RunPosted(), std::overflow_error);
+    EXPECT_THROW(Loop.RunPosted(), std::overflow_error);
+    EXPECT_EQ(Raised, 2);
+}
+
+TEST_F(ReceiveEventRule, ClosingInsideTheHandlerForgetsWhatWasKept) {
+    Handle(EventKind::InputAndOutput, [&] {
+        ++Raised;
+        Port->Output(Bytes{1});
+        Line->Arrive({2});
+        Loop.RunPosted();
+        Port->SetPortOpen(false);
+        Port->SetPortOpen(true);
+    });
+    Line->Arrive({1});
+    Loop.RunPosted();
+    EXPECT_EQ(Raised, 1);
+    Line->Arrive({3});
+    Loop.RunPosted();
+    EXPECT_EQ(Raised, 2);
+}
+
+TEST_F(ReceiveEventRule, APortMayBeDestroyedInItsHandlersOwnWait) {
+    Handle(EventKind::Input, [this] {
+        ++Raised;
+        Loop.Post([this] { Port.reset(); });
+        EXPECT_FALSE(Port->WaitForInput(3, 100ms, WaitMode::RunEvents));
+        EXPECT_EQ(Port, nullptr);
+    });
+    Line->Arrive({1});
+    Loop.RunPosted();
+    EXPECT_EQ(Raised, 1);
+}
+
+TEST_F(ReceiveEventRule, TheScriptedLineHoldsOnePortAtATimeAndKnowsWhoWrote) {
+    const auto other = Maker.MakePort();
+    EXPECT_THROW(other->SetPortOpen(true), serial::PortError);
+    Port->Output(Bytes{1});
+    Port->SetPortOpen(false);
+    EXPECT_THROW(Port->Output(Bytes{1}), serial::PortError);
+    other->SetCommPort(3);
+    Line->Refuse(3, "Permission denied");
+    EXPECT_THROW(other->SetPortOpen(true), serial::PortError);
+    Line->Allow(3);
+    other->SetPortOpen(true);
+    other->Output(Bytes{2});
+    ASSERT_EQ(Line->Written().size(), 2U);
+    EXPECT_EQ(Line->Written()[1].Maker, 2);
+    EXPECT_EQ(Line->Written()[1].CommPort, 3);
+}
+
+}  // namespace
+}  // namespace zps::tests
