@@ -1,9 +1,7 @@
 #include "platform/pointer_confinement.h"
 
 #include <QWidget>
-
-#define NOMINMAX
-#include <windows.h>
+#include <qt_windows.h>
 
 namespace zps::platform {
 namespace {

@@ -8,9 +8,10 @@
 // - The frame has no X window. The fence stands in for it: an input-only child of its top-level
 //   window, so that it moves and vanishes along, and with an empty input shape, so that the pointer
 //   is never in it and Qt sees no leave event.
-// - Destroying the fence ends the grab and, unlike ungrabbing, no other grab of this program.
-// - A pop-up grabs the pointer too. The server would let that replace the grab and then never lift
-//   the confinement, not even after the process is gone; so the fence goes before a pop-up comes.
+// - Destroying the fence ends the grab; nothing else needs to be undone.
+// - A pop-up (menu, drop-down list) needs a pointer grab of its own, which the server refuses while
+//   this one is there, and its entries may lie outside the frame. So the fence goes when a pop-up
+//   shows and comes back when the last one hides.
 #include "platform/pointer_confinement.h"
 
 #include <QApplication>
