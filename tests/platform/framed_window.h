@@ -10,8 +10,8 @@ namespace zps::platform {
 
 struct FramedWindow {
     FramedWindow() {
-        Window.setGeometry(300, 300, 400, 300);
-        Frame.setGeometry(100, 100, 200, 100);
+        Window.setGeometry(200, 200, 300, 220);
+        Frame.setGeometry(80, 80, 180, 100);
         Inside.setGeometry(50, 30, 100, 40);
         Outside.setGeometry(10, 10, 80, 40);
         PopUp.addAction("entry");
@@ -22,7 +22,11 @@ struct FramedWindow {
         return QTest::qWaitForWindowActive(&Window);
     }
 
-    QRect FrameOnScreen() const { return {Frame.mapToGlobal(QPoint(0, 0)), Frame.size()}; }
+    // Where a control is on the display, in the display's pixels.
+    static QRect PixelsOf(const QWidget& control) {
+        const qreal scale = control.devicePixelRatio();
+        return {(control.mapToGlobal(QPointF(0, 0)) * scale).toPoint(), control.size() * scale};
+    }
 
     QWidget Window;
     QFrame Frame{&Window};

@@ -13,8 +13,8 @@ static int HoldPointer(bool withPopUp) {
     const auto confinement = zps::platform::MakePointerConfinement();
     if (!framed.Show()) return 1;
     confinement->Confine(framed.Frame);
-    const QRect area = framed.FrameOnScreen();
-    if (withPopUp) framed.PopUp.popup(area.center());
+    const QRect area = framed.PixelsOf(framed.Frame);
+    if (withPopUp) framed.PopUp.popup(framed.Frame.mapToGlobal(QPoint(20, 20)));
     if (withPopUp && !QTest::qWaitForWindowExposed(&framed.PopUp)) return 1;
     std::printf("%d %d %d %d\n", area.x(), area.y(), area.width(), area.height());
     std::fflush(stdout);

@@ -22,10 +22,14 @@ QString Xdotool(const QStringList& arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-QPoint MoveTo(const QPoint& place) {
-    const QString script = "mousemove %1 %2 getmouselocation --shell";
-    const QStringList lines = Xdotool(script.arg(place.x()).arg(place.y()).split(' ')).split('\n');
+QPoint Place() {
+    const QStringList lines = Xdotool({"getmouselocation", "--shell"}).split('\n');
     return {lines.value(0).section('=', 1).toInt(), lines.value(1).section('=', 1).toInt()};
+}
+
+QPoint MoveTo(const QPoint& place) {
+    Xdotool({"mousemove", QString::number(place.x()), QString::number(place.y())});
+    return Place();
 }
 
 constexpr QPoint Corner(3, 3);
@@ -42,7 +46,7 @@ class PointerConfinementTest : public testing::Test, public FramedWindow {
   protected:
     void SetUp() override { ASSERT_TRUE(Show()); }
 
-    bool PointerIsInFrame() const { return PointerIsIn(FrameOnScreen()); }
+    bool PointerIsInFrame() const { return PointerIsIn(PixelsOf(Frame)); }
     void ClickAt(const QPoint& place) {
         MoveTo(place);
         Xdotool({"click", "1"});
@@ -56,7 +60,7 @@ TEST_F(PointerConfinementTest, ThePointerStaysInTheFrameUntilItIsReleased) {
     Confinement->Confine(Frame);
     EXPECT_TRUE(PointerIsInFrame());
     Xdotool({"mousemove_relative", "--", "-900", "-900"});
-    EXPECT_EQ(QCursor::pos(), FrameOnScreen().topLeft());
+    EXPECT_EQ(Place(), PixelsOf(Frame).topLeft());
     Confinement->Release();
     EXPECT_TRUE(PointerIsFree());
     Confinement->Confine(Frame);
@@ -69,14 +73,14 @@ TEST_F(PointerConfinementTest, ClicksInTheFrameReachItsButtonsAndLeaveThePointer
     int clickedOutside = 0;
     QObject::connect(&Inside, &QPushButton::clicked, [&] { ++clicked; });
     QObject::connect(&Outside, &QPushButton::clicked, [&] { ++clickedOutside; });
-    const QPoint button = Inside.mapToGlobal(Inside.rect().center());
+    const QPoint button = PixelsOf(Inside).center();
     MoveTo(button);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Inside.underMouse(); }));
     Confinement->Confine(Frame);
     ClickAt(button + QPoint(1, 0));
     EXPECT_TRUE(QTest::qWaitFor([&] { return clicked == 1; }));
     EXPECT_TRUE(Inside.underMouse());
-    ClickAt(Outside.mapToGlobal(Outside.rect().center()));
+    ClickAt(PixelsOf(Outside).center());
     ClickAt(button);
     EXPECT_TRUE(QTest::qWaitFor([&] { return clicked == 2; }));
     EXPECT_EQ(clickedOutside, 0);
@@ -85,11 +89,13 @@ TEST_F(PointerConfinementTest, ClicksInTheFrameReachItsButtonsAndLeaveThePointer
 
 TEST_F(PointerConfinementTest, ConfiningAgainTakesTheFramesNextRectangle) {
     Confinement->Confine(Frame);
-    Frame.setGeometry(20, 150, 300, 120);
+    Frame.setGeometry(20, 110, 250, 90);
     Confinement->Confine(Frame);
     EXPECT_TRUE(PointerIsInFrame());
-    Window.move(500, 100);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return PointerIsInFrame() && FrameOnScreen().x() > 500; }));
+    const QPoint before = PixelsOf(Frame).topLeft();
+    Window.move(100, 20);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return PixelsOf(Frame).topLeft() != before && PointerIsInFrame(); }));
 }
 
 TEST_F(PointerConfinementTest, AFrameThatIsNotShownChangesNothing) {
@@ -103,7 +109,7 @@ TEST_F(PointerConfinementTest, AFrameThatIsNotShownChangesNothing) {
 
 TEST_F(PointerConfinementTest, APopUpHasThePointerToItselfUntilItCloses) {
     Confinement->Confine(Frame);
-    PopUp.popup(FrameOnScreen().center());
+    PopUp.popup(Frame.mapToGlobal(QPoint(20, 20)));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&PopUp));
     EXPECT_TRUE(PointerIsFree());
     Confinement->Confine(Frame);
