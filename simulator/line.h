@@ -1,6 +1,10 @@
 // A simulated serial line with one or more supplies on it, served by a thread of its own on the
-// master side of a pseudo-terminal. The panel, a person or a test opens DeviceName().
+// master side of a pseudo-terminal. The panel, a person or a test opens DeviceName(), as often as
+// it likes.
 #pragma once
+
+#include "simulator/faults.h"
+#include "simulator/supply.h"
 
 #include <chrono>
 #include <cstdint>
@@ -8,41 +12,43 @@
 #include <string>
 #include <vector>
 
-#include "simulator/supply.h"
-
 namespace zps::simulator {
-
-// What goes wrong on the line, each as a share of the replies, 0 to 1.
-struct Faults {
-    double Drop = 0;       // the reply is lost
-    double Garble = 0;     // one of its bytes is changed
-    double Split = 0;      // it comes in two pieces with a pause of 30 ms between
-    double Duplicate = 0;  // it comes twice
-    std::chrono::milliseconds Delay{0};  // every reply leaves this much later
-    bool Silent = false;   // nothing is answered at all
-};
 
 class Line {
   public:
-    // Throws std::system_error where no pseudo-terminal can be had. `seed` makes the faults
+    // Throws std::system_error where no pseudo-terminal can be had and std::invalid_argument where
+    // an option is out of its range or two supplies have one address. `seed` makes the faults
     // repeatable.
     explicit Line(std::vector<SupplyOptions> supplies, std::uint32_t seed = 1);
     ~Line();
 
-    // The name of the device to open, for example "/dev/pts/5".
+    // All calls below may be made on any thread at any time.
+
+    // The name of the device to open, for example "/dev/pts/5"; empty while unplugged.
     std::string DeviceName() const;
 
-    // All calls below may be made on any thread at any time.
+    // Counts for replies to frames that come from now on.
     void SetFaults(const Faults& faults);
-    // Every byte that came from the panel since the last call, frame by frame.
+    Faults PresentFaults() const;
+    // Every byte that came from the panel since the last call, frame by frame: frames for other
+    // addresses, broken frames and noise too. The oldest are dropped where nobody takes them for
+    // 100000 frames.
     std::vector<std::vector<std::uint8_t>> TakeReceived();
-    // Hangs the line up as a pulled adapter does: readers see an error. Comes back with Plug() as
-    // a fresh device under a fresh name.
+    // The same frames with what the line saw in them and when. The two calls share one store: what
+    // one has taken, the other does not give again.
+    std::vector<Frame> TakeReceivedTimed();
+    // Hangs the line up as a pulled adapter does: readers see an error, replies under way are lost,
+    // the supplies go on. Comes back with Plug() as a fresh device, mostly under a fresh name. Plug
+    // throws std::system_error as the constructor does.
     void Unplug();
     void Plug();
+    // The addresses of the supplies, in the order in which they were given.
+    std::vector<int> Addresses() const;
     // A copy of the supply's whole state; throws std::out_of_range for an address nobody has.
     SupplyState StateOf(int address) const;
-    // Changes the load or forces a trip, as a person at the bench would.
+    // Changes the load or forces a trip, as a person at the bench would. Both throw
+    // std::out_of_range for an address nobody has and std::invalid_argument for a load that is not
+    // above 0 or a code outside 1 to 255.
     void SetLoad(int address, double ohms);
     void Trip(int address, int errorCode);
 
@@ -57,7 +63,8 @@ class Line {
 std::string LinkFolder();
 
 // A link COMn in that folder to `device`, replaced atomically if one is there, removed at the end
-// of its life if it still points to the device.
+// of its life if it still points to the device. Throws std::runtime_error where the link can't be
+// made; not thread-safe.
 class PortLink {
   public:
     PortLink(int number, std::string device);
@@ -65,6 +72,8 @@ class PortLink {
     PortLink(const PortLink&) = delete;
     PortLink& operator=(const PortLink&) = delete;
     void Point(std::string device);
+    // The link itself, for example "/run/user/1000/zps-rs232/COM1".
+    const std::string& Path() const { return Name; }
 
   private:
     std::string Name;
