@@ -1,6 +1,7 @@
 #include "platform/qt_event_loop.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
 
 #include <chrono>
@@ -11,7 +12,19 @@ namespace zps::platform {
 using serial::Clock;
 
 void QtEventLoop::Post(std::function<void()> call) {
-    QMetaObject::invokeMethod(&Receiver, std::move(call), Qt::QueuedConnection);
+    // The event is posted under the lock, so that the owning thread has the lock's word for it (and
+    // the thread sanitizer sees) that this thread has finished with what it takes over.
+    const std::lock_guard lock(Mutex);
+    Calls.push_back(std::move(call));
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+}
+
+void QtEventLoop::customEvent(QEvent*) {
+    std::unique_lock lock(Mutex);
+    const auto call = std::move(Calls.front());
+    Calls.pop_front();
+    lock.unlock();
+    call();
 }
 
 void QtEventLoop::RunUntil(const std::function<bool()>& done, Clock::time_point deadline) {

@@ -5,13 +5,15 @@
 
 #include <QObject>
 
+#include <deque>
 #include <functional>
+#include <mutex>
 
 namespace zps::platform {
 
 // Make it on the thread that runs Qt's events, after the application object; that thread is the
 // owning thread of every port that uses it. Calls still posted when it is destroyed are dropped.
-class QtEventLoop : public serial::EventLoop {
+class QtEventLoop : public serial::EventLoop, private QObject {
   public:
     void Post(std::function<void()> call) override;
 
@@ -20,7 +22,10 @@ class QtEventLoop : public serial::EventLoop {
     void RunUntil(const std::function<bool()>& done, serial::Clock::time_point deadline) override;
 
   private:
-    QObject Receiver;
+    void customEvent(QEvent* event) override;
+
+    std::mutex Mutex;
+    std::deque<std::function<void()>> Calls;  // one for each event on its way here
 };
 
 }  // namespace zps::platform
