@@ -1,0 +1,64 @@
+// Frames as the panel sends them, and a supply on a bench with a clock of the test's own.
+#pragma once
+
+#include "simulator/supply.h"
+
+#include <initializer_list>
+
+namespace zps::simulator::tests {
+
+using namespace std::chrono_literals;
+
+inline Bytes Summed(Bytes bytes) {
+    bytes.push_back(SumOf(bytes));
+    return bytes;
+}
+
+inline Bytes Control(std::uint8_t address, std::uint8_t code) {
+    return Summed({address, code});
+}
+
+// A frame around `payload`, which begins with the first ESC.
+inline Bytes Framed(std::uint8_t address, const Bytes& payload) {
+    Bytes frame{address, Stx, static_cast<std::uint8_t>(payload.size())};
+    frame.insert(frame.end(), payload.begin(), payload.end());
+    frame.push_back(Etx);
+    return Summed(frame);
+}
+
+inline Bytes Joined(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+class Bench {
+  public:
+    explicit Bench(const SupplyOptions& options = {}) : Tested(options) { Ask(Dc3); }
+
+    // The reply to `bytes`, empty if there is none.
+    Bytes Send(const Bytes& bytes) {
+        FrameSplitter splitter;
+        splitter.Take(bytes, Now);
+        Bytes reply;
+        for (const Frame& frame : splitter.Frames(Now + FrameSplitter::IdleGap))
+            reply = Tested.Answer(frame, Now).value_or(Bytes{});
+        return reply;
+    }
+    Bytes Ask(std::uint8_t code) { return Send(Control(OwnAddress(), code)); }
+    // Whether one command with its data, after ESC, is acknowledged.
+    bool Accepts(const Bytes& command) {
+        return Send(Framed(OwnAddress(), Joined({{Esc}, command}))).at(1) == Ack;
+    }
+    const SupplyState& After(Clock::duration time) {
+        Now += time;
+        Tested.Advance(Now);
+        return Tested.State();
+    }
+    std::uint8_t OwnAddress() const { return static_cast<std::uint8_t>(Tested.Address()); }
+
+    Time Now{1h};
+    Supply Tested;
+};
+
+}  // namespace zps::simulator::tests
