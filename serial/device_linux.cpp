@@ -13,6 +13,7 @@
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <termios.h>
 #include <unistd.h>
 #include <utility>
@@ -41,6 +42,15 @@ std::string LinkedDevice(int number, const fs::path& folder) {
     std::error_code absent;
     const auto target = fs::read_symlink(folder / ("COM" + std::to_string(number)), absent);
     return absent ? std::string() : (folder / target).lexically_normal().string();
+}
+
+// A pseudo-terminal's far end holds the terminal open, and with it an exclusive use whose program
+// has died; nobody but root could open it again. The lock ends with its program in any case.
+bool IsPseudoTerminal(NativeHandle device) {
+    constexpr unsigned first = 136, last = 143;  // the kernel's major numbers for them
+    struct stat status {};
+    if (fstat(device, &status) != 0) return false;
+    return major(status.st_rdev) >= first && major(status.st_rdev) <= last;
 }
 
 bool UartExists(const fs::path& terminal) {
@@ -107,7 +117,8 @@ std::error_code Claim(NativeHandle device) {
         const int reason = errno == EWOULDBLOCK ? EBUSY : errno;
         return {reason, std::generic_category()};
     }
-    if (ioctl(device, TIOCEXCL) != 0) return {errno, std::generic_category()};
+    if (!IsPseudoTerminal(device) && ioctl(device, TIOCEXCL) != 0)
+        return {errno, std::generic_category()};
     return {};
 }
 

@@ -3,6 +3,7 @@
 
 #include "serial/event_loop.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -33,8 +34,8 @@ class PlainEventLoop : public serial::EventLoop {
         }
     }
 
-    // Runs everything posted so far and what that posts, without waiting. True if there was
-    // anything.
+    // Runs everything posted so far and what that posts, without waiting; gives up
+    // after 10 s. True if there was anything.
     bool RunPosted() {
         bool any = false;
         RunUntil(
@@ -43,7 +44,7 @@ class PlainEventLoop : public serial::EventLoop {
                 any = any || !Calls.empty();
                 return Calls.empty();
             },
-            serial::Clock::time_point::max());
+            serial::Clock::now() + std::chrono::seconds(10));
         return any;
     }
 
