@@ -37,7 +37,9 @@ class AsioPort : public Port {
     void SetPortOpen(bool open) override;
     std::size_t InBufferCount() const override { return Present ? Present->Arrived.Count() : 0; }
     void DiscardInput() override {
-        if (Present) Present->Arrived.Clear();
+        if (InBufferCount() == 0) return;
+        Event.BytesDiscarded();
+        Present->Arrived.Clear();
     }
     std::uint8_t Input() override;
     void Output(std::span<const std::uint8_t> block) override;

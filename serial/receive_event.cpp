@@ -22,6 +22,7 @@ struct ReceiveEvent::State : std::enable_shared_from_this<State> {
     bool Running = false;
     bool Kept = false;      // a delivery came while the handler ran
     bool BlockOut = false;  // a block has gone out since the handler last began
+    bool BytesGone = false;  // bytes came, and were thrown away before their event
 };
 
 namespace {
@@ -59,8 +60,9 @@ void ReceiveEvent::State::Deliver() {
         Kept = true;
         return;
     }
-    if (!Started || !Handler || !(BlockOut || BytesWait())) return;
+    if (!Started || !Handler || !(BlockOut || BytesGone || BytesWait())) return;
     BlockOut = false;
+    BytesGone = false;
     const auto handler = Handler;
     const Run<State> run(*this);
     (*handler)();
@@ -87,10 +89,15 @@ void ReceiveEvent::Stop() {
     Self->Started = false;
     Self->Kept = false;
     Self->BlockOut = false;
+    Self->BytesGone = false;
 }
 
 void ReceiveEvent::BytesArrived() {
     Self->Notify();
+}
+
+void ReceiveEvent::BytesDiscarded() {
+    if (!Self->Running) Self->BytesGone = true;
 }
 
 void ReceiveEvent::BlockGone() {

@@ -31,7 +31,10 @@ class ScriptedPort : public serial::Port {
     bool PortOpen() const override { return Opening != nullptr; }
     void SetPortOpen(bool open) override;
     std::size_t InBufferCount() const override { return Buffer.size(); }
-    void DiscardInput() override { Buffer.clear(); }
+    void DiscardInput() override {
+        if (!Buffer.empty()) Event.BytesDiscarded();
+        Buffer.clear();
+    }
     std::uint8_t Input() override;
     void Output(std::span<const std::uint8_t> block) override;
     bool WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) override;
