@@ -6,13 +6,16 @@
 
 namespace zps {
 
-void Handlers::Run(const std::function<void()>& handler) {
-    Enter(Origin::Event, handler);
+void Handlers::Run(const std::function<void()>& handler, Origin origin) {
+    ++Depth;
+    Errors.Run(origin, handler);
+    --Depth;
+    if (!Busy()) ScheduleWaiting();
 }
 
 void Handlers::RunWhenFree(const void* who, Origin origin, std::function<void()> handler) {
     if (!Busy()) {
-        Enter(origin, handler);
+        Run(handler, origin);
         return;
     }
     const bool waits = std::any_of(Queue.begin(), Queue.end(),
@@ -27,24 +30,16 @@ void Handlers::Yield(const std::function<void()>& wait) {
     Depth = depth;
 }
 
-void Handlers::Enter(Origin origin, const std::function<void()>& handler) {
-    ++Depth;
-    Errors.Run(origin, handler);
-    --Depth;
-    if (!Busy()) ScheduleWaiting();
-}
-
 void Handlers::ScheduleWaiting() {
     if (Queue.empty()) return;
-    QMetaObject::invokeMethod(
-        this, [this] { RunWaiting(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this] { RunWaiting(); }, Qt::QueuedConnection);
 }
 
 void Handlers::RunWaiting() {
     if (Busy() || Queue.empty()) return;
     const Waiting next = std::move(Queue.front());
     Queue.erase(Queue.begin());
-    Enter(next.From, next.Handler);
+    Run(next.Handler, next.From);
 }
 
 }  // namespace zps

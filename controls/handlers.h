@@ -20,7 +20,7 @@ class Handlers : public QObject {
 
     ErrorReporter Errors;
 
-    void Run(const std::function<void()>& handler);
+    void Run(const std::function<void()>& handler, Origin origin = Origin::Event);
     void RunWhenFree(const void* who, Origin origin, std::function<void()> handler);
 
     // Whether a handler is up.
@@ -36,7 +36,6 @@ class Handlers : public QObject {
         std::function<void()> Handler;
     };
 
-    void Enter(Origin origin, const std::function<void()>& handler);
     void RunWaiting();
     void ScheduleWaiting();
 

@@ -29,7 +29,7 @@ void Timer::Elapse() {
         if (Enabled() && Tick) Tick();
     };
     if (Mode == TickMode::AtOnce) {
-        Window.Errors.Run(Origin::Timer, tick);
+        Window.Run(tick, Origin::Timer);
     } else {
         Window.RunWhenFree(this, Origin::Timer, tick);
     }

@@ -141,6 +141,13 @@ std::string ShortestText(float value) {
     return {buffer.data(), written.ptr};
 }
 
+float ToSingle(double value) {
+    constexpr auto Infinity = std::numeric_limits<float>::infinity();
+    if (value > std::numeric_limits<float>::max()) return Infinity;
+    if (value < std::numeric_limits<float>::lowest()) return -Infinity;
+    return static_cast<float>(value);
+}
+
 std::uint8_t ToByte(std::int64_t value) {
     if (value < 0 || value > 255) {
         throw OverflowError(std::to_string(value) + " does not fit a byte");

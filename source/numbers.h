@@ -25,6 +25,9 @@ std::string FormatFixed(float value, int decimals);
 // The shortest text that reads back as the same single-precision value: 163.5 is "163.5".
 std::string ShortestText(float value);
 
+// `value` in single precision; one too large for it is an infinity.
+float ToSingle(double value);
+
 // `value` as a byte. Throws OverflowError outside 0..255.
 std::uint8_t ToByte(std::int64_t value);
 

@@ -1,0 +1,33 @@
+#include "about/about.h"
+
+#include "controls/widgets.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QVBoxLayout>
+
+namespace zps {
+
+frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("frmAbout"));
+    setWindowTitle(QStringLiteral("ZPS-RS232 정보"));
+    auto* title = MakeLabel(QStringLiteral("lblTitle"), QStringLiteral("ZPS-RS232"));
+    Enlarge(*title, 1.8);
+    auto* version =
+        MakeLabel(QStringLiteral("lblVersion"),
+                  QStringLiteral("버전 %1").arg(QCoreApplication::applicationVersion()));
+    auto* licence = MakeLabel(
+        QStringLiteral("lblLicense"),
+        QStringLiteral("RS-232 프로그래머블 직류 전원 제어 프로그램\n"
+                       "이 프로그램은 GNU 일반 공중 사용 허가서(GPL) 제3판 또는 그 이후 판에 따라\n"
+                       "배포되는 자유 소프트웨어이며, 어떠한 보증도 하지 않습니다."));
+    auto* buttons = new QDialogButtonBox;
+    buttons->addButton(QStringLiteral("확인"), QDialogButtonBox::AcceptRole);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::close);
+    auto* column = new QVBoxLayout(this);
+    for (QWidget* part : std::initializer_list<QWidget*>{title, version, licence, buttons}) {
+        column->addWidget(part);
+    }
+}
+
+}  // namespace zps

@@ -1,0 +1,72 @@
+#include "app/program.h"
+
+#include "about/about.h"
+#include "controls/window_stack.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+
+namespace zps {
+
+using namespace std::chrono_literals;
+
+Program::Program(const Surroundings& around) : Around(around) {}
+Program::~Program() = default;
+
+void Program::StartUp() {
+    Source = SOURCE{};
+    Power = std::make_unique<POWER>(Source, Around);
+    connect(Power.get(), &POWER::SettingsWanted, this, [this] { ShowSettings(); });
+    connect(Power.get(), &POWER::AboutWanted, this, [this] { ShowAbout(); });
+    connect(Power.get(), &POWER::Closed, this, [this] { About.reset(); });
+    Power->Form_Load();
+    Power->show();
+    Power->HandOver();
+    ShowSettings();
+}
+
+void Program::ShowSettings() {
+    Manual = std::make_unique<SET_MANUAL>(Source, *Power, Around);
+    connect(Manual.get(), &SET_MANUAL::Closed, this, [this] { SettingsClosed(); });
+    StandAbove(*Manual, *Power);
+    Manual->Form_Load();
+    Manual->show();
+    Manual->activateWindow();
+}
+
+void Program::SettingsClosed() {
+    ClosedWindows.push_back(std::move(Manual));
+    DropClosed();
+}
+
+// Never at once: the window is still inside its own closing, and perhaps inside a wait.
+void Program::DropClosed() {
+    QTimer::singleShot(20ms, this, [this] {
+        std::erase_if(ClosedWindows, [](const auto& window) { return !window->Busy(); });
+        if (!ClosedWindows.empty()) DropClosed();
+    });
+}
+
+void Program::ShowAbout() {
+    if (!About) About = std::make_unique<frmAbout>(Power.get());
+    About->show();
+    About->raise();
+    About->activateWindow();
+}
+
+void DressApplication() {
+    QApplication::setApplicationName(QStringLiteral("ZPS-RS232"));
+    QApplication::setApplicationVersion(QStringLiteral(ZPS_VERSION));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QFont face = QApplication::font();
+    face.setFamilies({QStringLiteral("Gulim"), QStringLiteral("굴림"),
+                      QStringLiteral("NanumGothic"), QStringLiteral("Noto Sans CJK KR"),
+                      QStringLiteral("UnDotum")});
+    QApplication::setFont(face);
+}
+
+}  // namespace zps

@@ -1,0 +1,47 @@
+// The program: its windows, and how they follow one another.
+#pragma once
+
+#include "power/power.h"
+#include "set_manual/set_manual.h"
+#include "source/source.h"
+
+#include <memory>
+#include <vector>
+
+namespace zps {
+
+class frmAbout;
+
+class Program : public QObject {
+  public:
+    explicit Program(const Surroundings& around);
+    ~Program() override;
+
+    // Opens the main window and, above it, the settings window, which looks for the supply. Throws
+    // serial::PortError where the main window's port can't be opened.
+    void StartUp();
+
+    SOURCE& Shared() { return Source; }
+    POWER& Main() { return *Power; }
+    // The settings window while it is open, else null.
+    SET_MANUAL* Settings() { return Manual.get(); }
+
+  private:
+    void ShowSettings();
+    void ShowAbout();
+    void SettingsClosed();
+    // Destroys closed windows as soon as none of their handlers is at work.
+    void DropClosed();
+
+    Surroundings Around;
+    SOURCE Source;
+    std::unique_ptr<POWER> Power;
+    std::unique_ptr<SET_MANUAL> Manual;
+    std::vector<std::unique_ptr<SET_MANUAL>> ClosedWindows;
+    std::unique_ptr<frmAbout> About;
+};
+
+// What every window of the program looks like: style, type face, name and version.
+void DressApplication();
+
+}  // namespace zps

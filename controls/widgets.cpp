@@ -1,0 +1,44 @@
+#include "controls/widgets.h"
+
+namespace zps {
+
+QLabel* MakeLabel(const QString& name, const QString& text, const QString& accessibleName) {
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setAccessibleName(accessibleName.isEmpty() ? text : accessibleName);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* MakeButton(const QString& name, const QString& text, const QString& accessibleName) {
+    auto* button = new QPushButton(text);
+    button->setObjectName(name);
+    button->setAccessibleName(accessibleName.isEmpty() ? text : accessibleName);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLineEdit* MakeReadOut(const QString& name, const QString& text, const QString& accessibleName) {
+    auto* field = new QLineEdit(text);
+    field->setObjectName(name);
+    field->setAccessibleName(accessibleName);
+    field->setReadOnly(true);
+    field->setFocusPolicy(Qt::NoFocus);
+    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return field;
+}
+
+void Enlarge(QWidget& widget, double factor) {
+    QFont font = widget.font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(true);
+    widget.setFont(font);
+}
+
+int WidthFor(const QWidget& widget, const QString& text) {
+    const QFontMetrics metrics(widget.font());
+    return metrics.horizontalAdvance(text) + metrics.height();
+}
+
+}  // namespace zps

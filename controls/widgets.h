@@ -1,0 +1,25 @@
+// Makers of plain controls: name, what a person would call it, and its text.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace zps {
+
+QLabel* MakeLabel(const QString& name, const QString& text, const QString& accessibleName = {});
+
+// A button that takes no focus from the mouse: its handler decides where the focus goes.
+QPushButton* MakeButton(const QString& name, const QString& text,
+                        const QString& accessibleName = {});
+
+// A field that only shows a value.
+QLineEdit* MakeReadOut(const QString& name, const QString& text, const QString& accessibleName);
+
+// `widget`'s font, larger by `factor` and bold.
+void Enlarge(QWidget& widget, double factor);
+
+// The width of `text` in the widget's font, with room for a frame around it.
+int WidthFor(const QWidget& widget, const QString& text);
+
+}  // namespace zps

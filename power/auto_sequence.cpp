@@ -1,0 +1,139 @@
+#include "power/auto_sequence.h"
+
+#include "source/numbers.h"
+
+#include <algorithm>
+
+namespace zps {
+
+namespace {
+
+constexpr int EntryLength = 3;    // two digits and ">"
+constexpr int LongestText = 756;  // 252 steps: what the frame's length byte can tell
+constexpr int EndOfSequence = 0xFF;
+constexpr int CountAddress = 1;  // the count always goes to address 1
+constexpr double LargestCount = 50000;
+
+Message StepMessage(const QString& text) {
+    return {MessageIcon::Information, QStringLiteral("Auto Step Error"), text};
+}
+
+bool IsDigit(QChar c) {
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
+}  // namespace
+
+std::optional<std::vector<int>> ReadSequence(const QString& text) {
+    std::vector<int> steps;
+    for (int at = 0; at + EntryLength <= text.size(); at += EntryLength) {
+        const bool good =
+            IsDigit(text[at]) && IsDigit(text[at + 1]) && text[at + 2] == QLatin1Char('>');
+        if (!good) return std::nullopt;
+        steps.push_back(text.mid(at, 2).toInt());
+    }
+    return steps;
+}
+
+AutoSequence::AutoSequence(PowerParts& parts, StepEntry& entry) : Parts(parts), Entry(entry) {
+    Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
+    Connect(*Parts.Controls.txtPAUTOSTEP, &AutoSequence::txtPAUTOSTEP_LostFocus);
+    Connect(*Parts.Controls.txtPAUTOCOUNT, &AutoSequence::txtPAUTOCOUNT_LostFocus);
+}
+
+void AutoSequence::Connect(EntryField& field, void (AutoSequence::*lostFocus)()) {
+    const auto run = [this](auto handler) {
+        return [this, handler] { Parts.Events.Run(handler); };
+    };
+    EntryField::Events events;
+    events.GotFocus = run([this, &field] { Entry.Field_GotFocus(field); });
+    events.LostFocus = run([this, lostFocus] { (this->*lostFocus)(); });
+    events.Committed = run([this, lostFocus, &field] {
+        (this->*lostFocus)();
+        field.selectAll();
+    });
+    events.Cancelled = run([this, &field] {
+        field.setText(QString::fromStdString(Parts.Source.OldText));
+        field.selectAll();
+    });
+    events.Refocusing = [this] { return Entry.Refocusing(); };
+    if (&field == Parts.Controls.txtPAUTOSTEP) {
+        events.Change = run([this] { txtPAUTOSTEP_Change(); });
+        events.KeyPress = [this](QChar key) {
+            Parts.Events.Run([this, key] { txtPAUTOSTEP_KeyPress(key); });
+        };
+    }
+    field.SetEvents(std::move(events));
+}
+
+void AutoSequence::txtPAUTOSTEP_Change() {
+    EntryField& field = *Parts.Controls.txtPAUTOSTEP;
+    if (field.text().size() % EntryLength != EntryLength - 1) return;
+    field.setText(field.text() + QLatin1Char('>'));
+    field.end(false);
+}
+
+void AutoSequence::txtPAUTOSTEP_KeyPress(QChar key) {
+    if (IsDigit(key)) return;
+    Entry.Refuse(*Parts.Controls.txtPAUTOSTEP, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
+}
+
+void AutoSequence::txtPAUTOSTEP_LostFocus() {
+    EntryField& field = *Parts.Controls.txtPAUTOSTEP;
+    const QString text = field.text();
+    if (text.size() % EntryLength != 0) {
+        Entry.Refuse(field, StepMessage(QStringLiteral("STEP NO 설정 오류!!!")));
+        return;
+    }
+    const auto steps = ReadSequence(text);
+    if (!steps) {
+        Entry.Refuse(field, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
+        return;
+    }
+    const bool held = std::all_of(steps->begin(), steps->end(), [this](int step) {
+        return Parts.Source.StepFlag.at(static_cast<std::size_t>(step));
+    });
+    if (!held) {
+        ShowUnsentSteps();
+        return;
+    }
+    FrameBuilder builder(Parts.Source.PowerAddr);
+    builder.Command('B');
+    for (const int step : *steps) builder.Append({step});
+    Parts.Line.Send(builder.Append({EndOfSequence}).Finish(), ExpectAck);
+}
+
+// No error of the entry: the click on a step that took the focus away goes on, since it is what
+// this message asks for.
+void AutoSequence::ShowUnsentSteps() {
+    Parts.Boxes.Show(
+        &Parts.Window,
+        {MessageIcon::None, QStringLiteral("AUTO SEQUENCE DATA SET ERROR"),
+         QStringLiteral(" AUTO STEP에 현재 설정된 각 STEP의 정보가 ZPS로 송신되지않았습니다.!!\r\n"
+                        " AUTO STEP을 설정하기 전에 각 STEP을 Click하여 STEP정보를 ZPS로 먼저 "
+                        "송신하세요...\r\n"
+                        " 송신된 STEP은 하늘색으로 표시됩니다...")});
+    Parts.Controls.txtPAUTOSTEP->setFocus();
+    Parts.Controls.txtPAUTOSTEP->selectAll();
+}
+
+void AutoSequence::txtPAUTOCOUNT_LostFocus() {
+    EntryField& field = *Parts.Controls.txtPAUTOCOUNT;
+    if (field.text().toStdString() == Parts.Source.OldText) return;
+    if (field.text().isEmpty()) field.setText(QStringLiteral("0"));
+    const double count = LeadingNumber(field.text().toStdString());
+    if (count < 0 || count > LargestCount) {
+        Entry.Refuse(field, {MessageIcon::Information, QStringLiteral("COUNT 설정오류"),
+                             QStringLiteral("COUNT SETTING값 범위 초과\r\n설정값 범위=0~%1cycle")
+                                 .arg(QString::fromStdString(ShortestText(Parts.Source.MaxVolt)))});
+        return;
+    }
+    const std::string text = FormatFixed(count, 0);
+    field.setText(QString::fromStdString(text));
+    if (field.hasFocus()) Parts.Source.OldText = text;
+    const Word word = SplitWord(RoundHalfEven(LeadingNumber(text)));
+    Parts.Line.Send(FrameBuilder(CountAddress).Command('F', {word.High, word.Low}).Finish(),
+                    ExpectAck);
+}
+
+}  // namespace zps

@@ -1,0 +1,34 @@
+// Which steps the supply holds, as far as its answers tell.
+#pragma once
+
+#include "serial/event_loop.h"
+#include "source/reply.h"
+#include "source/source.h"
+
+#include <optional>
+
+namespace zps {
+
+// A step is marked as held when its values are sent. If that frame is refused, answered by rubbish
+// or not answered at all, the mark is taken back: an auto sequence must not be built on it.
+class HeldSteps {
+  public:
+    HeldSteps(SOURCE& source, const std::int16_t& curStep) : Source(source), CurStep(curStep) {}
+
+    // The values of `step` go out now.
+    void Mark(int step);
+    // The reply to the last frame has been judged.
+    void Answered(Reply result);
+    // `now` is the time: an answer that has not come within `limit` of the frame will not come.
+    void Expire(serial::Clock::time_point now, serial::Clock::duration limit);
+
+  private:
+    void TakeBack();
+
+    SOURCE& Source;
+    const std::int16_t& CurStep;
+    std::optional<int> Open;  // the step whose answer is outstanding
+    serial::Clock::time_point Sent;
+};
+
+}  // namespace zps

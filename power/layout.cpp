@@ -1,0 +1,257 @@
+// The lay-out of the main window: what the supply is, what it does, what it is told, and the link.
+
+#include "controls/widgets.h"
+#include "power/log/measurement_log.h"
+#include "power/power_controls.h"
+#include "power/step_list_layout.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace zps {
+
+namespace {
+
+constexpr int ReplyPanels = 14;
+
+QAction* MakeAction(QMenu& menu, const QString& name, const QString& text) {
+    auto* action = menu.addAction(text);
+    action->setObjectName(name);
+    return action;
+}
+
+void MakeMenus(PowerControls& controls, QMenuBar& bar) {
+    auto* connection = bar.addMenu(QStringLiteral("설정(&S)"));
+    controls.mnuSET_MANU =
+        MakeAction(*connection, QStringLiteral("mnuSET_MANU"), QStringLiteral("ZPS설정(&R)"));
+    controls.mnuTEST =
+        MakeAction(*connection, QStringLiteral("mnuTEST"), QStringLiteral("TEST(&T)"));
+    auto* data = bar.addMenu(QStringLiteral("데이타(&D)"));
+    controls.mnuData_Clear =
+        MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이타 삭제(&C)"));
+    auto* program = bar.addMenu(QStringLiteral("프로그램(&P)"));
+    controls.mnuHELP =
+        MakeAction(*program, QStringLiteral("mnuHELP"), QStringLiteral("프로그램 정보(&A)"));
+    controls.mnuPROGRAM_END =
+        MakeAction(*program, QStringLiteral("mnuPROGRAM_END"), QStringLiteral("프로그램 종료(&X)"));
+}
+
+QWidget* MakeIdentity(PowerControls& controls) {
+    auto* box = new QWidget;
+    auto* row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    controls.lblZPS_MODEL =
+        MakeLabel(QStringLiteral("lblZPS_MODEL"), {}, QStringLiteral("모델 이름"));
+    controls.lblSPEC_VA =
+        MakeLabel(QStringLiteral("lblSPEC_VA"), {}, QStringLiteral("최대 전압과 전류"));
+    Enlarge(*controls.lblZPS_MODEL, 1.6);
+    Enlarge(*controls.lblSPEC_VA, 1.6);
+    row->addWidget(controls.lblZPS_MODEL);
+    row->addSpacing(24);
+    row->addWidget(controls.lblSPEC_VA);
+    row->addStretch(1);
+    return box;
+}
+
+void AddReadOut(QGridLayout& grid, int row, const QString& title, QWidget& value,
+                const QString& unit) {
+    grid.addWidget(MakeLabel({}, title), row, 0);
+    grid.addWidget(&value, row, 1);
+    grid.addWidget(MakeLabel({}, unit), row, 2);
+}
+
+QWidget* MakeReadOuts(PowerControls& controls) {
+    auto* box = new QGroupBox(QStringLiteral("DISPLAY"));
+    auto* grid = new QGridLayout(box);
+    controls.txtVOLT =
+        MakeReadOut(QStringLiteral("txtVOLT"), QStringLiteral("0.00"), QStringLiteral("전압 V"));
+    controls.txtCURR =
+        MakeReadOut(QStringLiteral("txtCURR"), QStringLiteral("0.000"), QStringLiteral("전류 A"));
+    controls.txtSTEP =
+        MakeLabel(QStringLiteral("txtSTEP"), QStringLiteral("00"), QStringLiteral("단계 번호"));
+    controls.lblMODE =
+        MakeLabel(QStringLiteral("lblMODE"), QStringLiteral("CV"), QStringLiteral("동작 모드"));
+    for (QWidget* big : std::initializer_list<QWidget*>{controls.txtVOLT, controls.txtCURR}) {
+        Enlarge(*big, 3.2);
+        big->setMinimumWidth(WidthFor(*big, QStringLiteral("600.0000")));
+    }
+    for (QLabel* label : {controls.txtSTEP, controls.lblMODE}) {
+        Enlarge(*label, 1.8);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    AddReadOut(*grid, 0, QStringLiteral("VOLTAGE"), *controls.txtVOLT, QStringLiteral("V"));
+    AddReadOut(*grid, 1, QStringLiteral("CURRENT"), *controls.txtCURR, QStringLiteral("A"));
+    AddReadOut(*grid, 2, QStringLiteral("STEP"), *controls.txtSTEP, {});
+    AddReadOut(*grid, 3, QStringLiteral("MODE"), *controls.lblMODE, {});
+    grid->setRowStretch(4, 1);
+    return box;
+}
+
+// The five switches differ in names and captions only.
+struct SwitchRow {
+    QPushButton* PowerControls::*Button;
+    const char* ButtonName;
+    const char* Caption;
+    const char* Accessible;
+    QLabel* PowerControls::*State;
+    const char* StateName;
+    const char* StateText;
+    Lamp* PowerControls::*Light;
+    const char* LightName;
+    Colour Idle;
+};
+constexpr std::array SwitchRows{
+    SwitchRow{&PowerControls::cmdOUTPUT, "cmdOUTPUT", "OUTPUT", "출력",
+              &PowerControls::Output_ONOFF, "Output_ONOFF", "OFF", &PowerControls::OutputLED,
+              "OutputLED", Colour::PaleOrange},
+    SwitchRow{&PowerControls::cmdAUTO, "cmdAUTO", "AUTO", "자동 운전", &PowerControls::Auto_ONOFF,
+              "Auto_ONOFF", "OFF", &PowerControls::AutoLED, "AutoLED", Colour::PaleOrange},
+    SwitchRow{&PowerControls::cmdPVsense, "cmdPVsense", "Vsense ON", "원격 센싱",
+              &PowerControls::Vsense_ONOFF, "Vsense_ONOFF", "OFF", &PowerControls::VsenseLED,
+              "VsenseLED", Colour::PaleGreen},
+    SwitchRow{&PowerControls::cmdOCP, "cmdOCP", " O.C.P ", "과전류 보호", &PowerControls::OCP_ONOFF,
+              "OCP_ONOFF", "OFF", &PowerControls::OCPLED, "OCPLED", Colour::PaleGreen},
+    SwitchRow{&PowerControls::cmdPREMOTE, "cmdPREMOTE", "LOCAL", "원격 제어",
+              &PowerControls::Rem_Loc, "Rem_Loc", "LOCAL", &PowerControls::RemoteLED, "RemoteLED",
+              Colour::DarkRed},
+};
+
+QWidget* MakeSwitches(PowerControls& controls) {
+    auto* box = new QGroupBox(QStringLiteral("SWITCH"));
+    auto* grid = new QGridLayout(box);
+    int place = 0;
+    for (const auto& row : SwitchRows) {
+        const QString accessible = QString::fromUtf8(row.Accessible);
+        auto* button = MakeButton(QString::fromUtf8(row.ButtonName), QString::fromUtf8(row.Caption),
+                                  accessible);
+        auto* state = MakeLabel(QString::fromUtf8(row.StateName), QString::fromUtf8(row.StateText),
+                                accessible + QStringLiteral(" 상태"));
+        state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
+        state->setAlignment(Qt::AlignCenter);
+        auto* light = new Lamp;
+        light->setObjectName(QString::fromUtf8(row.LightName));
+        light->setAccessibleName(accessible + QStringLiteral(" 표시등"));
+        light->Light(row.Idle);
+        controls.*row.Button = button;
+        controls.*row.State = state;
+        controls.*row.Light = light;
+        grid->addWidget(button, place, 0);
+        grid->addWidget(light, place, 1);
+        grid->addWidget(state, place, 2);
+        ++place;
+    }
+    controls.lblPREMOTE =
+        MakeLabel(QStringLiteral("lblPREMOTE"), QStringLiteral("LOC"), QStringLiteral("제어 경로"));
+    controls.lblPREMOTE->setAlignment(Qt::AlignCenter);
+    grid->addWidget(controls.lblPREMOTE, place, 2);
+    grid->setRowStretch(place + 1, 1);
+    return box;
+}
+
+QWidget* MakeAutoSequence(PowerControls& controls) {
+    auto* box = new QWidget;
+    auto* row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    controls.lblAutoStep = MakeLabel(QStringLiteral("lblAutoStep"), QStringLiteral("AUTO STEP"));
+    controls.txtPAUTOSTEP =
+        new EntryField(QStringLiteral("txtPAUTOSTEP"), QStringLiteral("자동 운전 단계 순서"), box);
+    controls.lblCount = MakeLabel(QStringLiteral("lblCount"), QStringLiteral("COUNT"));
+    controls.txtPAUTOCOUNT =
+        new EntryField(QStringLiteral("txtPAUTOCOUNT"), QStringLiteral("자동 운전 반복 횟수"), box);
+    controls.txtPAUTOCOUNT->setText(QStringLiteral("0"));
+    controls.txtPAUTOCOUNT->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls.txtPAUTOCOUNT->setMaximumWidth(
+        WidthFor(*controls.txtPAUTOCOUNT, QStringLiteral("0000000")));
+    row->addWidget(controls.lblAutoStep);
+    row->addWidget(controls.txtPAUTOSTEP, 1);
+    row->addWidget(controls.lblCount);
+    row->addWidget(controls.txtPAUTOCOUNT);
+    return box;
+}
+
+QFrame* MakePowerDisplay(PowerControls& controls) {
+    auto* frame = new QFrame;
+    frame->setObjectName(QStringLiteral("frmPOWERDISPLAY"));
+    frame->setAccessibleName(QStringLiteral("전원 제어"));
+    auto* row = new QHBoxLayout(frame);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto* steps = new QVBoxLayout;
+    MakeStepList(controls);
+    steps->addWidget(controls.fraSTEPLIST, 1);
+    steps->addWidget(MakeAutoSequence(controls));
+    row->addLayout(steps, 3);
+    row->addWidget(MakeSwitches(controls));
+    row->addWidget(MakeReadOuts(controls), 2);
+    controls.frmPOWERDISPLAY = frame;
+    return frame;
+}
+
+QLabel* MakeCounter(const QString& name, const QString& what) {
+    auto* counter = MakeLabel(name, QStringLiteral("ZPS"), what);
+    counter->setToolTip(what);
+    counter->setAlignment(Qt::AlignCenter);
+    counter->setMinimumWidth(WidthFor(*counter, QStringLiteral("00000")));
+    PaintBackground(*counter, Colour::White);
+    QPalette palette = counter->palette();
+    palette.setColor(QPalette::WindowText, QColor(0xC0, 0, 0));
+    counter->setPalette(palette);
+    return counter;
+}
+
+QWidget* MakeLinkLine(PowerControls& controls) {
+    auto* box = new QWidget;
+    auto* row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    controls.StatusBar_RXDATA = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels);
+    controls.lblZPS_ERR = MakeCounter(QStringLiteral("lblZPS_ERR"), QStringLiteral("무응답 횟수"));
+    controls.lblZPS_ERR1 =
+        MakeCounter(QStringLiteral("lblZPS_ERR1"), QStringLiteral("길이 에라 횟수"));
+    controls.lblZPS_ENQ =
+        MakeCounter(QStringLiteral("lblZPS_ENQ"), QStringLiteral("헤더 에라 횟수"));
+    // Outside every frame that is ever disabled or hidden, so that it can always take the focus.
+    controls.cmdFOCUS = MakeButton(QStringLiteral("cmdFOCUS"), {}, QStringLiteral("입력 대기"));
+    controls.cmdFOCUS->setFocusPolicy(Qt::ClickFocus);
+    controls.cmdFOCUS->setFlat(true);
+    controls.cmdFOCUS->setFixedSize(1, 1);
+    row->addWidget(controls.cmdFOCUS);
+    row->addWidget(controls.StatusBar_RXDATA, 1);
+    row->addWidget(MakeLabel({}, QStringLiteral("통신 에라")));
+    for (QLabel* counter : {controls.lblZPS_ERR, controls.lblZPS_ERR1, controls.lblZPS_ENQ}) {
+        row->addWidget(counter);
+    }
+    return box;
+}
+
+}  // namespace
+
+PowerControls MakePowerControls(QMainWindow& window) {
+    PowerControls controls;
+    MakeMenus(controls, *window.menuBar());
+    auto* centre = new QWidget(&window);
+    auto* column = new QVBoxLayout(centre);
+    column->addWidget(MakeIdentity(controls));
+    column->addWidget(MakePowerDisplay(controls));
+    controls.fraDATA = new QFrame;
+    controls.fraDATA->setObjectName(QStringLiteral("fraDATA"));
+    controls.fraDATA->setAccessibleName(QStringLiteral("측정 데이타"));
+    controls.Log = new MeasurementLog(controls.fraDATA);
+    auto* data = new QVBoxLayout(controls.fraDATA);
+    data->setContentsMargins(0, 0, 0, 0);
+    data->addWidget(controls.Log);
+    column->addWidget(controls.fraDATA, 1);
+    column->addWidget(MakeLinkLine(controls));
+    controls.lblORV_URL =
+        new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
+                       QStringLiteral("제조사 웹 주소"));
+    column->addWidget(controls.lblORV_URL);
+    window.setCentralWidget(centre);
+    return controls;
+}
+
+}  // namespace zps

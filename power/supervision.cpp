@@ -1,0 +1,48 @@
+#include "power/supervision.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace zps {
+
+using namespace std::chrono_literals;
+
+namespace {
+constexpr auto AnswerLimit = 1s;  // an answer that has not come by then will not come
+constexpr auto WatchInterval = 100ms;
+}  // namespace
+
+Supervision::Supervision(PowerParts& parts, const ReplyHandler& replies)
+    : Parts(parts),
+      Replies(replies),
+      tmrWatch(QStringLiteral("tmrWatch"), WatchInterval, parts.Events, TickMode::WhenFree) {
+    Parts.Timers.tmrDLE.OnTick([this] { tmrDLE_Timer(); });
+    Parts.Timers.tmrStatus.OnTick([this] { tmrStatus_Timer(); });
+    tmrWatch.OnTick([this] { tmrWatch_Timer(); });
+    tmrWatch.SetEnabled(true);
+}
+
+void Supervision::tmrDLE_Timer() {
+    PollSupply();
+}
+
+void Supervision::tmrStatus_Timer() {
+    Parts.Timers.tmrStatus.SetEnabled(false);
+    Parts.State.RunPhase = PowerState::PhaseIdle;
+    PollSupply();
+}
+
+void Supervision::PollSupply() {
+    Parts.Line.Send(ControlFrame(Parts.Source.PowerAddr, code::Dle), ExpectData);
+}
+
+// Many commands stop the poll and leave it to their answer to start it again. One lost answer must
+// not end it while the output is on.
+void Supervision::tmrWatch_Timer() {
+    const auto now = serial::Clock::now();
+    Parts.Held.Expire(now, AnswerLimit);
+    const bool silent = now - Replies.LastReply() >= AnswerLimit;
+    if (Parts.State.OutputOn && silent) Parts.Timers.tmrDLE.SetEnabled(true);
+}
+
+}  // namespace zps

@@ -1,0 +1,25 @@
+// The polls of the supply, and the watch that they never die.
+#pragma once
+
+#include "power/power_parts.h"
+#include "power/reply_handler.h"
+
+namespace zps {
+
+class Supervision {
+  public:
+    Supervision(PowerParts& parts, const ReplyHandler& replies);
+
+    void tmrDLE_Timer();
+    void tmrStatus_Timer();
+
+  private:
+    void PollSupply();
+    void tmrWatch_Timer();
+
+    PowerParts& Parts;
+    const ReplyHandler& Replies;
+    Timer tmrWatch;
+};
+
+}  // namespace zps

@@ -1,0 +1,51 @@
+// The five switch buttons.
+#pragma once
+
+#include "power/edit_lock.h"
+#include "power/log/measurement_log.h"
+#include "power/power_parts.h"
+#include "power/step_entry.h"
+
+#include <functional>
+
+namespace zps {
+
+// What a switch that only sends its letter is made of.
+struct PlainSwitch {
+    char Letter;
+    bool PowerState::*On;
+    QLabel* PowerControls::*Label;
+    Lamp* PowerControls::*Light;
+    Colour Active;
+    Colour Idle;
+};
+
+class Switches {
+  public:
+    Switches(PowerParts& parts, EditLock& lock, StepEntry& entry, MeasurementLog& log);
+
+    void cmdOUTPUT_Click();
+    void cmdPREMOTE_Click();
+
+    // The supply has its functions switched off: auto mode, protection and sensing show it.
+    void ResetFunctions();
+
+  private:
+    void Connect(QPushButton& button, std::function<void()> click);
+    void Toggle(const PlainSwitch& plain);
+    void Show(const PlainSwitch& plain, bool on);
+    void SwitchOutputOn();
+    void SwitchOutputOff();
+    void WaitForReplyInProgress();
+    bool StepStartUnderWay() const;
+    void CallOffStepStart();
+    void GoLocal();
+    void GoRemote();
+
+    PowerParts& Parts;
+    EditLock& Lock;
+    StepEntry& Entry;
+    MeasurementLog& Log;
+};
+
+}  // namespace zps

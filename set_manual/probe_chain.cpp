@@ -1,0 +1,170 @@
+#include "set_manual/probe_chain.h"
+
+#include <chrono>
+#include <utility>
+
+namespace zps {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::int16_t MostRetries = 3;
+constexpr auto RetryPause = 50ms;
+constexpr auto ChainInterval = 100ms;
+
+bool Failed(Reply result) {
+    return result != Reply::Ack && result != Reply::Data;
+}
+
+}  // namespace
+
+ProbeChain::ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& loop,
+                       Handlers& handlers, ProbeEvents events)
+    : Source(source),
+      Port(port),
+      Loop(loop),
+      Line(source, port),
+      Tell(std::move(events)),
+      tmrSTART_ENQ(QStringLiteral("tmrSTART_ENQ"), 200ms, handlers, TickMode::AtOnce),
+      tmrZPS_Remote(QStringLiteral("tmrZPS_Remote"), ChainInterval, handlers, TickMode::AtOnce),
+      tmrPower_Init(QStringLiteral("tmrPower_Init"), ChainInterval, handlers, TickMode::AtOnce),
+      tmrSTART_DLE(QStringLiteral("tmrSTART_DLE"), ChainInterval, handlers, TickMode::AtOnce) {
+    tmrSTART_ENQ.OnTick([this] { tmrSTART_ENQ_Timer(); });
+    tmrZPS_Remote.OnTick([this] { tmrZPS_Remote_Timer(); });
+    tmrPower_Init.OnTick([this] { tmrPower_Init_Timer(); });
+    tmrSTART_DLE.OnTick([this] { tmrSTART_DLE_Timer(); });
+    // A silent supply raises no event by itself: the frame that has gone out does.
+    Port.OnReceive(serial::EventKind::InputAndOutput,
+                   [this, &handlers] { handlers.Run([this] { comPOWER_OnComm(); }); });
+}
+
+void ProbeChain::Restart(std::chrono::milliseconds delay) {
+    Stop();
+    ProbeStage = Asking;
+    StartLater(delay);
+}
+
+void ProbeChain::StartLater(std::chrono::milliseconds delay) {
+    tmrSTART_ENQ.SetInterval(delay);
+    tmrSTART_ENQ.SetEnabled(true);
+}
+
+void ProbeChain::Stop() {
+    ++ExchangeNumber;
+    Source.RetryCount = 0;
+    for (Timer* timer : {&tmrSTART_ENQ, &tmrZPS_Remote, &tmrPower_Init, &tmrSTART_DLE}) {
+        timer->SetEnabled(false);
+    }
+}
+
+void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag) {
+    Stop();
+    Line.Send(std::move(frame), replyFlag);
+}
+
+void ProbeChain::ProbeEnq() {
+    Exchange(ProbeFrame(FormAddr, code::Enq, FormAddr), ExpectAck);
+}
+void ProbeChain::ProbeDle() {
+    Exchange(ProbeFrame(FormAddr, code::Dle, FormAddr), ExpectData);
+}
+
+void ProbeChain::comPOWER_OnComm() {
+    const unsigned exchange = ExchangeNumber;
+    const std::size_t wanted = Source.ReplyFlag == ExpectData ? DataLength : AckLength;
+    const Bytes reply = GatherReply(Port, wanted, serial::WaitMode::RunEvents);
+    if (exchange != ExchangeNumber) return;
+    const Reply result = Judge(reply);
+    Source.RxFrame = reply;
+    Source.RxResult = result;
+    Source.RxBusy = false;
+    if (result == Reply::Data) TakeRatings(reply);
+    if (Source.RetryCount < MostRetries && Failed(result)) {
+        ++Source.RetryCount;
+        Port.Pause(RetryPause, serial::WaitMode::RunEvents);
+        if (exchange == ExchangeNumber) Line.TransmitFrame();
+    } else {
+        Finish(result);
+    }
+}
+
+Reply ProbeChain::Judge(const Bytes& reply) {
+    const Reply result = JudgeReply(reply, Source.ReplyFlag, Source.PowerAddr, CheckByte::Wrapped);
+    if (result != Reply::Data || !TellsUnknownRatings()) return result;
+    const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
+    return ratings.Volt == 0 || ratings.Curr == 0 ? Reply::BadData : result;
+}
+
+bool ProbeChain::TellsUnknownRatings() const {
+    return Source.SetAddr != Source.CheckedAddr;
+}
+
+void ProbeChain::TakeRatings(const Bytes& reply) {
+    if (!TellsUnknownRatings()) return;
+    constexpr double CountsPerUnit = 10;
+    const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
+    Source.CheckedAddr = Source.SetAddr;
+    Tell.Ratings(ratings.Volt / CountsPerUnit, ratings.Curr / CountsPerUnit);
+}
+
+void ProbeChain::Finish(Reply result) {
+    const std::int16_t asked = Source.ReplyFlag;
+    const bool lastAttempt = Source.RetryCount >= MostRetries;
+    const bool initialised = result == Reply::Ack && Source.TxFrame.at(1) == code::Stx;
+    Source.RetryCount = 0;
+    Source.ReplyFlag = ExpectAck;
+    Tell.Result(result, asked);
+    if (initialised) Tell.FunctionsOff();
+    if (result == Reply::Ack && !lastAttempt) MoveOn();
+}
+
+void ProbeChain::MoveOn() {
+    switch (ProbeStage) {
+        case Asking:
+            tmrZPS_Remote.SetEnabled(true);
+            break;
+        case GoingRemote:
+            tmrPower_Init.SetEnabled(true);
+            break;
+        case Initialising:
+            Tell.DataProbeReady();
+            tmrSTART_DLE.SetEnabled(true);
+            break;
+        default:
+            ProbeStage = Idle;
+            break;
+    }
+}
+
+void ProbeChain::tmrSTART_ENQ_Timer() {
+    tmrSTART_ENQ.SetEnabled(false);
+    ProbeStage = Asking;
+    if (RunPendingEvents()) ProbeEnq();
+}
+
+void ProbeChain::tmrZPS_Remote_Timer() {
+    tmrZPS_Remote.SetEnabled(false);
+    ProbeStage = GoingRemote;
+    Exchange(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck);
+}
+
+void ProbeChain::tmrPower_Init_Timer() {
+    tmrPower_Init.SetEnabled(false);
+    ProbeStage = Initialising;
+    Exchange(InitialisationFrame(FormAddr), ExpectAck);
+}
+
+void ProbeChain::tmrSTART_DLE_Timer() {
+    tmrSTART_DLE.SetEnabled(false);
+    ProbeStage = Idle;
+    if (RunPendingEvents()) ProbeDle();
+}
+
+bool ProbeChain::RunPendingEvents() {
+    const unsigned exchange = ExchangeNumber;
+    Loop.RunUntil([] { return false; }, serial::Clock::now());
+    return exchange == ExchangeNumber;
+}
+
+}  // namespace zps

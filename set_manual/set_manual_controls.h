@@ -1,0 +1,39 @@
+// The controls of the settings window, under their given names. The window owns them all.
+#pragma once
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <array>
+
+namespace zps {
+
+inline constexpr int PortCount = 4;
+inline constexpr int HighestAddress = 30;
+
+struct SetManualControls {
+    QGroupBox* frmCOMMPORT = nullptr;
+    std::array<QRadioButton*, PortCount> Ports{};  // optPORT(1) to optPORT(4)
+    QGroupBox* frmPOW_SETTING = nullptr;
+    QComboBox* cmbMODEL = nullptr;
+    QLineEdit* POWERVoltage = nullptr;
+    QLineEdit* POWERCurrent = nullptr;
+    QComboBox* cmbADDR = nullptr;
+    QPushButton* cmdZPS_ENQ = nullptr;
+    QLabel* lblZPS_ENQ = nullptr;
+    QPushButton* cmdZPS_DLE = nullptr;
+    QLabel* lblZPS_DLE = nullptr;
+
+    QRadioButton& optPORT(int number) const {
+        return *Ports.at(static_cast<std::size_t>(number - 1));
+    }
+};
+
+// Makes the controls and lays them out in `window`.
+SetManualControls MakeSetManualControls(QWidget& window);
+
+}  // namespace zps
