@@ -4,7 +4,6 @@
 
 #include <array>
 #include <iomanip>
-#include <limits>
 #include <sstream>
 #include <vector>
 

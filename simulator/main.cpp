@@ -25,6 +25,7 @@ int EndSignals() {
     sigemptyset(&signals);
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, number);
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    std::signal(SIGPIPE, SIG_IGN);  // nobody reading the output is no reason to end
     return signalfd(-1, &signals, SFD_CLOEXEC);
 }
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -23,8 +24,11 @@ namespace fs = std::filesystem;
 // The panel's side of a line.
 class Opened {
   public:
-    explicit Opened(const std::string& device)
-        : Handle(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+    // The line ends the exclusive use of a panel that has gone on a thread of its own.
+    explicit Opened(const std::string& device) {
+        const Time limit = Clock::now() + 5s;
+        do Handle = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+        while (Handle < 0 && errno == EBUSY && Clock::now() < limit);
         EXPECT_GE(Handle, 0) << device;
     }
     ~Opened() { close(Handle); }
@@ -54,7 +58,7 @@ class Opened {
         return Receive(count);
     }
 
-    int Handle;
+    int Handle = -1;
 };
 
 const Bytes Probe = Control(1, Enq);
@@ -67,8 +71,8 @@ TEST(Line, CarriesEveryByteBothWaysUnchangedInLineTime) {
     Line line(Two);
     const Opened panel(line.DeviceName());
     const Time sent = Clock::now();
-    EXPECT_EQ(panel.Ask(Control(1, Dc3), 3), Acknowledged);
-    EXPECT_GE(Clock::now() - sent, LineTime(6));
+    EXPECT_EQ(panel.Ask(Joined({Probe, Control(1, Dc3)}), 6), Joined({Acknowledged, Acknowledged}));
+    EXPECT_GE(Clock::now() - sent, LineTime(9));
     // Ten, thirteen, seventeen, nineteen and 127 mean something to a terminal that is not raw.
     const Bytes step = Framed(1, {Esc, 'S', 10, Esc, 'T', 0, 17, 0, 19, 13, Esc, 'V', 127, 3});
     EXPECT_EQ(panel.Ask(step, 3), Acknowledged);
@@ -80,8 +84,8 @@ TEST(Line, CarriesEveryByteBothWaysUnchangedInLineTime) {
     panel.Send(Control(9, Enq));
     EXPECT_EQ(panel.Ask(Probe, 3), Acknowledged);
     const std::vector<Bytes> all{
-        Control(1, Dc3), step, Control(1, Dle), Control(7, Enq), {1, Enq, 7},
-        Control(9, Enq), Probe};
+        Probe,       Control(1, Dc3), step, Control(1, Dle), Control(7, Enq),
+        {1, Enq, 7}, Control(9, Enq), Probe};
     EXPECT_EQ(line.TakeReceived(), all);
     EXPECT_TRUE(line.TakeReceivedTimed().empty());
 }
@@ -98,7 +102,7 @@ TEST(Line, OutlivesAPanelThatComesAndGoesAndKeepsNothingForTheNextOne) {
     // The line notices on its own thread that the panel has gone.
     const Time limit = Clock::now() + 5s;
     while (Opened(line.DeviceName()).HasInput(1) && Clock::now() < limit) continue;
-    EXPECT_EQ(Opened(line.DeviceName()).Ask(Control(1, Dle), 14).size(), 14U);
+    EXPECT_FALSE(Opened(line.DeviceName()).HasInput(0));
 }
 
 TEST(Line, UnpluggedIsAnErrorToReadersAndPluggedIsADeviceAgain) {
@@ -129,17 +133,6 @@ TEST(Line, GoesSilentAndComesBackAndHearsNothingMeanwhile) {
     EXPECT_EQ(panel.Ask(Probe, 3), Acknowledged);
     EXPECT_FALSE(line.StateOf(1).Remote);
     EXPECT_EQ(line.TakeReceived().size(), 2U);
-}
-
-TEST(Line, KnowsItsSupplies) {
-    Line line(Two);
-    line.SetLoad(7, 3);
-    line.Trip(7, 5);
-    EXPECT_EQ(line.StateOf(7).Options.LoadOhms, 3);
-    EXPECT_EQ(line.StateOf(7).Code, 5);
-    EXPECT_FALSE(line.StateOf(1).Fault);
-    EXPECT_THROW(line.StateOf(2), std::out_of_range);
-    EXPECT_THROW(Line(std::vector<SupplyOptions>(2)), std::invalid_argument);
 }
 
 TEST(ReplyFaults, HitTheShareOfRepliesThatIsAskedForTheSameWayEachTime) {
@@ -236,6 +229,7 @@ TEST_F(Links, FollowALineThatATypedCommandPlugsInAgain) {
     EXPECT_NE(run("state").Text.find("fault 5"), std::string::npos);
     EXPECT_TRUE(run("quit").Quit);
     EXPECT_FALSE(run("").Quit);
+    EXPECT_THROW(Line(std::vector<SupplyOptions>(2)), std::invalid_argument);
     for (const char* bad : {"quiet", "trip 1", "trip 2 5", "load 1 0", "trip 1 x", "quit now"})
         EXPECT_THROW(run(bad), UsageError) << bad;
 }

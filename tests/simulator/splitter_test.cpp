@@ -25,22 +25,14 @@ class Splitting : public testing::Test {
     const Bytes Switch = Framed(1, {Esc, 'A', 1, 0, 0, 0, 0, 0});
 };
 
-TEST_F(Splitting, GivesRightFramesAtOnceAndWholeHoweverTheyCome) {
+TEST_F(Splitting, GivesRightFramesAtOnceHoweverTheyComeAndGivesUpOnAStreamWithoutGaps) {
     EXPECT_EQ(FramesOf(Joined({Probe, Switch})),
               (Found{{FrameKind::Control, Probe}, {FrameKind::Commands, Switch}}));
     for (std::size_t at = 0; at + 1 < Switch.size(); ++at)
         EXPECT_EQ(FramesOf({Switch[at]}), Found{});
     EXPECT_EQ(FramesOf({Switch.back()}), (Found{{FrameKind::Commands, Switch}}));
     EXPECT_EQ(Splitter.NextLook(), Time::max());
-}
-
-TEST_F(Splitting, TellsWhenTheFirstAndTheLastByteCame) {
-    Splitter.Take({Probe.data(), 1}, Now);
-    Splitter.Take({Probe.data() + 1, 2}, Now + 2ms);
-    const auto frames = Splitter.Frames(Now + 2ms);
-    ASSERT_EQ(frames.size(), 1U);
-    EXPECT_EQ(frames[0].FirstAt, Now);
-    EXPECT_EQ(frames[0].LastAt, Now + 2ms);
+    EXPECT_EQ(FramesOf(Bytes(513, 0x55)), (Found{{FrameKind::Noise, Bytes(513, 0x55)}}));
 }
 
 TEST_F(Splitting, FindsTheFrameBehindNoiseAndBehindAPartialFrameOnceTheLineIsIdle) {
@@ -66,22 +58,16 @@ TEST_F(Splitting, CallsWhatBeginsLikeAFrameBrokenAndTheRestNoise) {
     ++tooLong[2];
     Bytes tooShort = Framed(1, {Esc, 'V', 1, 2});
     --tooShort[2];
+    // Its data holds a whole probe.
+    Bytes withProbe = Framed(1, {Esc, 'B', 1, 5, 6, 255});
+    ++withProbe[2];
     const Bytes cutProbe{1, Enq};
     const Bytes badProbe{1, Enq, 7};
-    for (const Bytes& broken : {tooLong, tooShort, cutProbe, badProbe, Framed(1, {0, 'V', 1, 2})})
+    for (const Bytes& broken :
+         {tooLong, tooShort, withProbe, cutProbe, badProbe, Framed(1, {0, 'V', 1, 2})})
         EXPECT_EQ(FramesOf(broken, 20ms), (Found{{FrameKind::Broken, broken}}));
-    for (const Bytes& noise : {Bytes{1}, Bytes{1, 1, 2}, Bytes{0, 0, 0, 0}})
+    for (const Bytes& noise : {Bytes{1}, Bytes{1, 1, 2}, Bytes(4), Joined({{9}, badSum})})
         EXPECT_EQ(FramesOf(noise, 20ms), (Found{{FrameKind::Noise, noise}}));
-}
-
-TEST_F(Splitting, DoesNotMistakeTheDataOfABrokenFrameForAProbe) {
-    Bytes broken = Framed(1, {Esc, 'B', 1, 5, 6, 255});
-    broken[2] += 1;
-    EXPECT_EQ(FramesOf(broken, 20ms), (Found{{FrameKind::Broken, broken}}));
-}
-
-TEST_F(Splitting, GivesUpOnAStreamWithoutGaps) {
-    EXPECT_EQ(FramesOf(Bytes(513, 0x55)), (Found{{FrameKind::Noise, Bytes(513, 0x55)}}));
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TEST(Supply, KeepsTheSumsOfHighAddressesToOneByte) {
     EXPECT_EQ(bench.Ask(Dle).back(), SumOf(ByteView(bench.Ask(Dle)).first(13)));
 }
 
-TEST(Supply, RefusesSetCommandsInLocalAndChangesNothing) {
+TEST(Supply, RefusesSetCommandsInLocalAndFramesWithABadOneAndChangesNothing) {
     Bench bench;
     EXPECT_EQ(bench.Ask(Dc1), (Bytes{1, Ack, 7}));
     for (const Bytes& command : {On, Bytes{'V', 1, 0}, Bytes{'R', 0}, Bytes{'S', 5}})
@@ -44,15 +44,10 @@ TEST(Supply, RefusesSetCommandsInLocalAndChangesNothing) {
     EXPECT_EQ(bench.Ask(Dle).at(StatusAt), 0);
     EXPECT_EQ(bench.After(0s).SelectedStep, 0);
     bench.Ask(Dc3);
+    EXPECT_FALSE(bench.Accepts({'S', 4, Esc, 'Z', 0}));
+    EXPECT_EQ(bench.After(0s).SelectedStep, 0);
     EXPECT_TRUE(bench.Accepts({'S', 5}));
     EXPECT_EQ(bench.After(0s).SelectedStep, 5);
-}
-
-TEST(Supply, CarriesOutNothingOfAFrameWithABadCommand) {
-    Bench bench;
-    EXPECT_FALSE(bench.Accepts({'S', 5, Esc, 'V', 1, 0, Esc, 'S', 100}));
-    EXPECT_EQ(bench.After(0s).SelectedStep, 0);
-    EXPECT_EQ(bench.After(0s).Steps[5].VoltRaw, 0);
 }
 
 TEST(Supply, RemembersAWholeStepAsCountsAndAsValues) {
@@ -181,14 +176,6 @@ TEST(Supply, TakesATripFromThePersonAtTheBench) {
     EXPECT_THROW(bench.Tested.Trip(0, bench.Now), std::invalid_argument);
     EXPECT_THROW(bench.Tested.SetLoad(0, bench.Now), std::invalid_argument);
     EXPECT_THROW(Supply({.Volts = 0}), std::invalid_argument);
-}
-
-TEST(Supply, ScalesItsValuesByItsRatings) {
-    EXPECT_EQ(ScaleOf(2), 10000);
-    EXPECT_EQ(ScaleOf(2.1), 1000);
-    EXPECT_EQ(ScaleOf(20), 1000);
-    EXPECT_EQ(ScaleOf(200), 100);
-    EXPECT_EQ(ScaleOf(200.1), 10);
 }
 
 }  // namespace
