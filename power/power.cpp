@@ -134,6 +134,7 @@ bool POWER::HandOver() {
 std::optional<serial::PortError> POWER::TakeBack() {
     show();
     setEnabled(true);
+    activateWindow();
     try {
         Self->comPOWER->SetCommPort(Self->Parts.Source.CommPort);
         Self->comPOWER->SetPortOpen(true);

@@ -1,0 +1,87 @@
+#include "tests/support/panel.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace zps::tests {
+
+bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit) {
+    return QTest::qWaitFor(done, static_cast<int>(limit.count()));
+}
+
+Answer ScriptedBoxes::Show(QWidget* /*parent*/, const Message& message) {
+    Shown.push_back(message);
+    if (WhileUp) WhileUp(message);
+    if (message.Buttons == MessageButtons::Ok) return Answer::Ok;
+    if (Answers.empty()) return Answer::No;
+    const Answer answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+}
+
+Panel::Panel(serial::PortMaker& ports, serial::EventLoop& loop)
+    : Run({ports, loop, Boxes, Pointer, Browser}) {}
+
+void Panel::Click(const char* button) {
+    QTest::mouseClick(&Get<QPushButton>(button), Qt::LeftButton);
+}
+
+void Panel::Type(const char* field, const QString& text) {
+    auto& box = Get<QLineEdit>(field);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty()) QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, text);
+}
+
+void Panel::Leave() {
+    Get<QPushButton>("cmdFOCUS").setFocus();
+}
+
+bool Panel::WaitForDataResult(const QString& caption, std::chrono::milliseconds limit) {
+    const auto& label = GetSetting<QLabel>("lblZPS_DLE");
+    return WaitFor([&] { return label.text() == caption; }, limit);
+}
+
+OwnRuntimeFolder::OwnRuntimeFolder() : Before(qgetenv("XDG_RUNTIME_DIR")) {
+    qputenv("XDG_RUNTIME_DIR", Folder.path().toUtf8());
+}
+
+OwnRuntimeFolder::~OwnRuntimeFolder() {
+    qputenv("XDG_RUNTIME_DIR", Before);
+}
+
+SimulatedParts::SimulatedParts(std::vector<simulator::SupplyOptions> supplies)
+    : Line(std::move(supplies)), Link(1, Line.DeviceName()), Ports(Loop) {}
+
+SimulatedPanel::SimulatedPanel(std::vector<simulator::SupplyOptions> supplies)
+    : SimulatedParts(std::move(supplies)), Panel(SimulatedParts::Ports, SimulatedParts::Loop) {}
+
+bool SimulatedPanel::Identify() {
+    Run.StartUp();
+    return WaitForDataResult(QStringLiteral("통신ok = DATA수신!!!"));
+}
+
+bool SimulatedPanel::Open() {
+    if (!Identify()) return false;
+    Run.Settings()->close();
+    // The step start sends the top step, and its answer asks for one status poll.
+    return QTest::qWaitForWindowActive(&Main()) && WaitFor([this] {
+               return Source().RxResult == Reply::Data && !Source().RxBusy && Source().StepFlag[0];
+           }) &&
+           (Frames(), true);
+}
+
+bool SimulatedPanel::Settle() {
+    return WaitFor([this] { return !Source().RxBusy; });
+}
+
+std::vector<Bytes> SimulatedPanel::Frames() {
+    std::vector<Bytes> frames;
+    for (const auto& frame : Line().TakeReceived()) {
+        if (frame.size() != 3 || frame[1] != code::Dle) frames.push_back(frame);
+    }
+    return frames;
+}
+
+}  // namespace zps::tests

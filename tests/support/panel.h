@@ -1,0 +1,157 @@
+// The whole panel in a test: its real windows, off-screen, on a line of the test's choice.
+#pragma once
+
+#include "app/program.h"
+#include "platform/pointer_confinement.h"
+#include "platform/qt_event_loop.h"
+#include "platform/web_browser.h"
+#include "serial/asio_port.h"
+#include "simulator/line.h"
+#include "tests/support/scripted_port.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace zps::tests {
+
+using namespace std::chrono_literals;
+
+// Runs events until `done`, at most for `limit`; whether it came about.
+bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit = 5s);
+
+// Answers message boxes at once and remembers them.
+class ScriptedBoxes : public MessageBoxes {
+  public:
+    // Answers for the next questions; a question beyond them is answered No.
+    std::deque<Answer> Answers;
+    std::vector<Message> Shown;
+    // Called while a box is up.
+    std::function<void(const Message&)> WhileUp;
+
+    Answer Show(QWidget* parent, const Message& message) override;
+    QString LastText() const { return Shown.empty() ? QString() : Shown.back().Text; }
+    QString LastTitle() const { return Shown.empty() ? QString() : Shown.back().Title; }
+};
+
+// Remembers what the pointer was confined to.
+class RecordingPointer : public platform::PointerConfinement {
+  public:
+    void Confine(QWidget& frame) override { Within = &frame; }
+    void Release() override { Within = nullptr; }
+    QWidget* Within = nullptr;
+};
+
+class RecordingBrowser : public platform::WebBrowser {
+  public:
+    bool Open(const QString& address) override {
+        Opened = address;
+        return true;
+    }
+    QString Opened;
+};
+
+// The program around scripted or real ports. One at a time in a process.
+class Panel {
+  public:
+    explicit Panel(serial::PortMaker& ports, serial::EventLoop& loop);
+    virtual ~Panel() = default;
+
+    ScriptedBoxes Boxes;
+    RecordingPointer Pointer;
+    RecordingBrowser Browser;
+    Program Run;
+
+    SOURCE& Source() { return Run.Shared(); }
+    POWER& Main() { return Run.Main(); }
+
+    // A control by its given name, in the main window or in the settings window.
+    template <class Control>
+    Control& Get(const char* name) {
+        return Find<Control>(Run.Main(), name);
+    }
+    template <class Control>
+    Control& GetSetting(const char* name) {
+        return Find<Control>(*Run.Settings(), name);
+    }
+    QString Text(const char* label) { return Get<QLabel>(label).text(); }
+    // A menu command, and a click with the mouse.
+    void Choose(const char* menu) { Get<QAction>(menu).trigger(); }
+    void Click(const char* button);
+
+    // Types `text` into a field with the keyboard in place of what is there; the focus stays.
+    void Type(const char* field, const QString& text);
+    // Moves the focus as a click on a neutral place would.
+    void Leave();
+
+    // Waits until the settings window shows this caption for the data probe.
+    bool WaitForDataResult(const QString& caption, std::chrono::milliseconds limit = 5s);
+
+  private:
+    template <class Control>
+    static Control& Find(QObject& window, const char* name) {
+        auto* control = window.findChild<Control*>(QLatin1String(name));
+        if (control == nullptr) qFatal("no control %s", name);
+        return *control;
+    }
+};
+
+// A folder of its own for the links COMn, so that tests don't meet each other's or a person's.
+class OwnRuntimeFolder {
+  public:
+    OwnRuntimeFolder();
+    ~OwnRuntimeFolder();
+
+  private:
+    QTemporaryDir Folder;
+    QByteArray Before;
+};
+
+struct SimulatedParts {
+    explicit SimulatedParts(std::vector<simulator::SupplyOptions> supplies);
+    OwnRuntimeFolder Folder;
+    simulator::Line Line;
+    simulator::PortLink Link;
+    platform::QtEventLoop Loop;
+    serial::AsioPortMaker Ports;
+};
+
+// The panel on COM1 with simulated supplies behind a real pseudo-terminal.
+class SimulatedPanel : private SimulatedParts, public Panel {
+  public:
+    explicit SimulatedPanel(std::vector<simulator::SupplyOptions> supplies = {{}});
+
+    simulator::Line& Line() { return SimulatedParts::Line; }
+    simulator::PortLink& Link() { return SimulatedParts::Link; }
+
+    // Starts the program and waits until the supply is identified; the settings window is open.
+    bool Identify();
+    // The same, then closes the settings window and waits until the top step has been started and
+    // the line is quiet.
+    bool Open();
+    // Waits until every frame has its reply handled.
+    bool Settle();
+    // The frames that have come since the last call, without polls (DLE).
+    std::vector<Bytes> Frames();
+};
+
+struct ScriptedParts {
+    std::shared_ptr<ScriptedLine> Line = std::make_shared<ScriptedLine>();
+    platform::QtEventLoop Loop;
+    ScriptedPortMaker Ports{Loop, Line};
+};
+
+// The panel on a scripted line: answers and time are the test's.
+class ScriptedPanel : private ScriptedParts, public Panel {
+  public:
+    ScriptedPanel() : Panel(ScriptedParts::Ports, ScriptedParts::Loop) {}
+    ScriptedLine& Line() { return *ScriptedParts::Line; }
+};
+
+}  // namespace zps::tests
