@@ -111,7 +111,8 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
     const float amps = ToSingle(values.Curr / (source.CurrScale * CountsPerWireCount));
     const QString voltText = QString::fromStdString(source.FormatVoltFine(volts));
     const QString currText = QString::fromStdString(source.FormatCurrFine(amps));
-    Parts.Timers.tmrDLE.SetEnabled(false);
+    // No tick of tmrDLE can come during this update: ticks wait for a handler to end. Stopping the
+    // timer for it would only stretch the time between two polls.
     Parts.Controls.txtVOLT->setText(voltText);
     Parts.Controls.txtCURR->setText(currText);
     Log.NoteReply();
