@@ -2,6 +2,7 @@
 
 #include "about/about.h"
 #include "controls/window_stack.h"
+#include "test/test.h"
 
 #include <QApplication>
 #include <QFont>
@@ -20,26 +21,35 @@ Program::~Program() = default;
 void Program::StartUp() {
     Source = SOURCE{};
     Power = std::make_unique<POWER>(Source, Around);
-    connect(Power.get(), &POWER::SettingsWanted, this, [this] { ShowSettings(); });
+    connect(Power.get(), &POWER::SettingsWanted, this, [this] { ShowPortWindow<SET_MANUAL>(); });
+    connect(Power.get(), &POWER::TestWanted, this, [this] { ShowPortWindow<TEST>(); });
     connect(Power.get(), &POWER::AboutWanted, this, [this] { ShowAbout(); });
     connect(Power.get(), &POWER::Closed, this, [this] { About.reset(); });
     Power->Form_Load();
     Power->show();
     Power->HandOver();
-    ShowSettings();
+    ShowPortWindow<SET_MANUAL>();
 }
 
-void Program::ShowSettings() {
-    Manual = std::make_unique<SET_MANUAL>(Source, *Power, Around);
-    connect(Manual.get(), &SET_MANUAL::Closed, this, [this] { SettingsClosed(); });
-    StandAbove(*Manual, *Power);
-    Manual->Form_Load();
-    Manual->show();
-    Manual->activateWindow();
+SET_MANUAL* Program::Settings() {
+    return dynamic_cast<SET_MANUAL*>(OpenWindow.get());
+}
+TEST* Program::Test() {
+    return dynamic_cast<TEST*>(OpenWindow.get());
 }
 
-void Program::SettingsClosed() {
-    ClosedWindows.push_back(std::move(Manual));
+template <class Window>
+void Program::ShowPortWindow() {
+    OpenWindow = std::make_unique<Window>(Source, *Power, Around);
+    connect(OpenWindow.get(), &PortWindow::Closed, this, [this] { PortWindowClosed(); });
+    StandAbove(*OpenWindow, *Power);
+    OpenWindow->Form_Load();
+    OpenWindow->show();
+    OpenWindow->activateWindow();
+}
+
+void Program::PortWindowClosed() {
+    ClosedWindows.push_back(std::move(OpenWindow));
     DropClosed();
 }
 

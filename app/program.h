@@ -11,6 +11,7 @@
 namespace zps {
 
 class frmAbout;
+class TEST;
 
 class Program : public QObject {
   public:
@@ -23,21 +24,24 @@ class Program : public QObject {
 
     SOURCE& Shared() { return Source; }
     POWER& Main() { return *Power; }
-    // The settings window while it is open, else null.
-    SET_MANUAL* Settings() { return Manual.get(); }
+    // The settings or test window while it is open, else null.
+    SET_MANUAL* Settings();
+    TEST* Test();
 
   private:
-    void ShowSettings();
+    // Shows a window that takes the port, above the main window.
+    template <class Window>
+    void ShowPortWindow();
+    void PortWindowClosed();
     void ShowAbout();
-    void SettingsClosed();
     // Destroys closed windows as soon as none of their handlers is at work.
     void DropClosed();
 
     Surroundings Around;
     SOURCE Source;
     std::unique_ptr<POWER> Power;
-    std::unique_ptr<SET_MANUAL> Manual;
-    std::vector<std::unique_ptr<SET_MANUAL>> ClosedWindows;
+    std::unique_ptr<PortWindow> OpenWindow;
+    std::vector<std::unique_ptr<PortWindow>> ClosedWindows;
     std::unique_ptr<frmAbout> About;
 };
 

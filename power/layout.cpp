@@ -208,7 +208,7 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     auto* box = new QWidget;
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
-    controls.StatusBar_RXDATA = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels);
+    controls.StatusBar_RXDATA = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
     controls.lblZPS_ERR = MakeCounter(QStringLiteral("lblZPS_ERR"), QStringLiteral("무응답 횟수"));
     controls.lblZPS_ERR1 =
         MakeCounter(QStringLiteral("lblZPS_ERR1"), QStringLiteral("길이 에라 횟수"));

@@ -55,6 +55,7 @@ void ReplyHandler::comPOWER_OnComm() {
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
     if (wantsData && result != Reply::Data) CountBadData(reply);
+    Parts.Controls.StatusBar_RXDATA->Blank(1, Parts.Controls.StatusBar_RXDATA->Count());
     Parts.Controls.StatusBar_RXDATA->ShowBytes(reply);
     RearmTimers();
     if (message) Parts.Boxes.Show(&Parts.Window, *message);

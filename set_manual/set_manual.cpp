@@ -4,8 +4,7 @@
 #include "set_manual/models.h"
 #include "source/numbers.h"
 
-#include <QCloseEvent>
-#include <QKeyEvent>
+#include <QEvent>
 #include <QLineEdit>
 
 #include <array>
@@ -45,14 +44,9 @@ double NumberIn(const QLineEdit& box) {
 }  // namespace
 
 SET_MANUAL::SET_MANUAL(SOURCE& source, POWER& power, const Surroundings& around)
-    : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                           Qt::WindowCloseButtonHint),
-      Source(source),
-      Power(power),
+    : PortWindow(source, power, around),
       PortsOfMachine(around.Ports),
-      Events(around.Boxes, this),
       Controls(MakeSetManualControls(*this)),
-      comPOWER(around.Ports.MakePort()),
       Chain(
           source, *comPOWER, around.Loop, Events,
           {[this](Reply result, std::int16_t asked) { ShowResult(result, asked); },
@@ -94,22 +88,10 @@ void SET_MANUAL::Form_Load() {
     Controls.POWERCurrent->setText(QString::fromStdString(FormatFixed(Source.MaxCurr, 1)));
     Chain.ProbeStage = ProbeChain::Idle;
     if (error) {
-        QMetaObject::invokeMethod(
-            this, [this, error] { Events.Run([&error] { throw *error; }); }, Qt::QueuedConnection);
+        ReportLater(*error);
     } else if (Source.SetAddr != Source.CheckedAddr) {
         Chain.StartLater(DelayAtLoad);
     }
-}
-
-std::optional<serial::PortError> SET_MANUAL::OpenPort(std::int16_t number) {
-    try {
-        comPOWER->SetPortOpen(false);
-        comPOWER->SetCommPort(number);
-        comPOWER->SetPortOpen(true);
-    } catch (const serial::PortError& error) {
-        return error;
-    }
-    return std::nullopt;
 }
 
 void SET_MANUAL::optPORT_Click(int number) {
@@ -196,32 +178,9 @@ void SET_MANUAL::ShowResult(Reply result, std::int16_t asked) {
     }
 }
 
-void SET_MANUAL::Form_Unload() {
-    Chain.Stop();
-    comPOWER->SetPortOpen(false);
-    Source.MenuDialogFlag = false;
-    Source.RxBusy = false;
-    Source.ReplyFlag = ExpectAck;
-    hide();
-    const auto error = Power.TakeBack();
+void SET_MANUAL::PortReturned(bool open) {
     const bool answered = Source.RxResult == Reply::Data || Source.RxResult == Reply::Ack;
-    Power.ShowPanels(answered && !error);
-    if (error) Power.ReportPort(*error);
-}
-
-void SET_MANUAL::closeEvent(QCloseEvent* event) {
-    event->accept();
-    if (!isVisible()) return;
-    Events.Run([this] { Form_Unload(); });
-    Q_EMIT Closed();
-}
-
-void SET_MANUAL::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) {
-        close();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
+    Power.ShowPanels(open && answered);
 }
 
 bool SET_MANUAL::eventFilter(QObject* watched, QEvent* event) {

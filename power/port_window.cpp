@@ -1,0 +1,60 @@
+#include "power/port_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+namespace zps {
+
+PortWindow::PortWindow(SOURCE& source, POWER& power, const Surroundings& around)
+    : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowCloseButtonHint),
+      Source(source),
+      Power(power),
+      Events(around.Boxes, this),
+      comPOWER(around.Ports.MakePort()) {}
+
+std::optional<serial::PortError> PortWindow::OpenPort(std::int16_t number) {
+    try {
+        comPOWER->SetPortOpen(false);
+        comPOWER->SetCommPort(number);
+        comPOWER->SetPortOpen(true);
+    } catch (const serial::PortError& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+void PortWindow::ReportLater(const serial::PortError& error) {
+    QMetaObject::invokeMethod(
+        this, [this, error] { Events.Run([&error] { throw error; }); }, Qt::QueuedConnection);
+}
+
+void PortWindow::Form_Unload() {
+    EndExchange();
+    comPOWER->SetPortOpen(false);
+    Source.MenuDialogFlag = false;
+    Source.RetryCount = 0;
+    Source.RxBusy = false;
+    Source.ReplyFlag = ExpectAck;
+    hide();
+    const auto error = Power.TakeBack();
+    PortReturned(!error);
+    if (error) Power.ReportPort(*error);
+}
+
+void PortWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (!isVisible()) return;
+    Events.Run([this] { Form_Unload(); });
+    Q_EMIT Closed();
+}
+
+void PortWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace zps

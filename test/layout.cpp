@@ -1,0 +1,159 @@
+#include "controls/colours.h"
+#include "controls/widgets.h"
+#include "test/test_controls.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace zps {
+
+namespace {
+
+constexpr int PanelCount = 20;
+constexpr int PanelsPerLine = 10;
+constexpr std::array LampCaptions{"Protect", "Vsense", "OUTPUT",  "AUTO",
+                                  "MODE",    "OCP",    "REM/LOC", "REM ON/OFF"};
+
+QLabel* MakeBordered(const QString& name, const QString& text, const QString& accessible) {
+    auto* label = MakeLabel(name, text, accessible);
+    label->setAlignment(Qt::AlignCenter);
+    label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
+    return label;
+}
+
+// A titled value, one above the other.
+void AddTitled(QGridLayout& grid, int column, const QString& titleName, const QString& title,
+               QLabel& value) {
+    auto* heading = MakeLabel(titleName, title);
+    heading->setAlignment(Qt::AlignCenter);
+    grid.addWidget(heading, 0, column);
+    grid.addWidget(&value, 1, column);
+}
+
+QWidget* MakeTarget(TestControls& controls) {
+    auto* box = new QGroupBox(QStringLiteral("POWER CHECK"));
+    box->setObjectName(QStringLiteral("Frame1"));
+    auto* grid = new QGridLayout(box);
+    controls.txtPADDR = new QLineEdit(QStringLiteral("1"));
+    controls.txtPADDR->setObjectName(QStringLiteral("txtPADDR"));
+    controls.txtPADDR->setAccessibleName(QStringLiteral("전원 주소"));
+    controls.txtPADDR->setAttribute(Qt::WA_InputMethodEnabled, false);
+    controls.txtPADDR->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls.txtPCOMMPORT = MakeReadOut(QStringLiteral("txtPCOMMPORT"), QStringLiteral("1"),
+                                        QStringLiteral("통신 포트"));
+    controls.txtPCOMMPORT->setEnabled(false);
+    PaintBackground(*controls.txtPCOMMPORT, Colour::LightGrey);
+    controls.cmdENQ = MakeButton(QStringLiteral("cmdENQ"), QStringLiteral("ENQ"));
+    controls.cmdDLE = MakeButton(QStringLiteral("cmdDLE"), QStringLiteral("DLE"));
+    PaintBackground(*controls.cmdDLE, Colour::LightCyan);
+    grid->addWidget(MakeLabel(QStringLiteral("Label10_3"), QStringLiteral("ADDRESS")), 0, 0);
+    grid->addWidget(controls.txtPADDR, 0, 1);
+    grid->addWidget(MakeLabel(QStringLiteral("Label10_2"), QStringLiteral("Port no.")), 1, 0);
+    grid->addWidget(controls.txtPCOMMPORT, 1, 1);
+    grid->addWidget(controls.cmdENQ, 2, 0);
+    grid->addWidget(controls.cmdDLE, 2, 1);
+    return box;
+}
+
+QWidget* MakeHeader(TestControls& controls) {
+    constexpr std::array headings{"ADDR", "STX", "L I"};
+    controls.frmDATA = new QGroupBox(QStringLiteral("RX DATA"));
+    controls.frmDATA->setObjectName(QStringLiteral("frmDATA"));
+    auto* column = new QVBoxLayout(controls.frmDATA);
+    controls.lblRESULT = MakeBordered(QStringLiteral("lblRESULT"), QStringLiteral("G O O D"),
+                                      QStringLiteral("판정"));
+    Enlarge(*controls.lblRESULT, 1.6);
+    controls.lblRESULT->setMinimumWidth(
+        WidthFor(*controls.lblRESULT, QStringLiteral("ERROR  Nothing")));
+    PaintBackground(*controls.lblRESULT, Colour::LightGreen);
+    auto* grid = new QGridLayout;
+    for (std::size_t i = 0; i < headings.size(); ++i) {
+        const QString heading = QString::fromUtf8(headings.at(i));
+        controls.lblRXDATA.at(i) =
+            MakeBordered(QStringLiteral("lblRXDATA_%1").arg(i), QStringLiteral("0"), heading);
+        AddTitled(*grid, static_cast<int>(i), QStringLiteral("Label12_%1").arg(i + 1), heading,
+                  *controls.lblRXDATA.at(i));
+    }
+    controls.lblRXBUFFER = MakeBordered(QStringLiteral("lblRXBUFFER"), QStringLiteral("0"),
+                                        QStringLiteral("수신 바이트 수"));
+    AddTitled(*grid, static_cast<int>(headings.size()), QStringLiteral("Label12_0"),
+              QStringLiteral("DATA(byte)"), *controls.lblRXBUFFER);
+    column->addWidget(controls.lblRESULT);
+    column->addLayout(grid);
+    return controls.frmDATA;
+}
+
+struct DecodedField {
+    QLabel* TestControls::*Value;
+    const char* Name;
+    const char* Text;
+    const char* TitleName;
+    const char* Title;
+};
+constexpr std::array DecodedFields{
+    DecodedField{&TestControls::lblSTATUS, "lblSTATUS", "STATUS", "Label11_9", "SUB STATUS"},
+    DecodedField{&TestControls::lblERROR, "lblERROR", "ERROR", "Label11_8", "ERROR DATA"},
+    DecodedField{&TestControls::lblVOLTAGE, "lblVOLTAGE", "VOLTAGE", "Label11_7", "POWER VOLT"},
+    DecodedField{&TestControls::lblOVP, "lblOVP", "OVP", "Label11_0", "OVP SET"},
+    DecodedField{&TestControls::lblCURRENT, "lblCURRENT", "CURRENT", "Label11_6", "POWER CURR"},
+    DecodedField{&TestControls::lblSTEP, "lblSTEP", "STEP", "Label11_5", "RX STEP"},
+};
+
+QLayout* MakeDecoded(TestControls& controls) {
+    auto* grid = new QGridLayout;
+    int column = 0;
+    for (const auto& field : DecodedFields) {
+        const QString title = QString::fromUtf8(field.Title);
+        auto* value =
+            MakeBordered(QString::fromUtf8(field.Name), QString::fromUtf8(field.Text), title);
+        if (field.Value == &TestControls::lblERROR) {
+            value->setMinimumWidth(WidthFor(*value, QStringLiteral("OUT OFF ERROR CURRENT")));
+        }
+        controls.*field.Value = value;
+        AddTitled(*grid, column++, QString::fromUtf8(field.TitleName), title, *value);
+    }
+    return grid;
+}
+
+QLayout* MakeLamps(TestControls& controls) {
+    auto* row = new QHBoxLayout;
+    for (std::size_t bit = 0; bit < LampCaptions.size(); ++bit) {
+        const QString caption = QString::fromUtf8(LampCaptions.at(bit));
+        auto* lamp = MakeBordered(QStringLiteral("ledSTATUS_%1").arg(bit), caption, caption);
+        PaintBackground(*lamp, Colour::White);
+        controls.ledSTATUS.at(bit) = lamp;
+        row->addWidget(lamp, 1);
+    }
+    return row;
+}
+
+QWidget* MakeMonitor(TestControls& controls) {
+    auto* box = new QGroupBox(QStringLiteral("POWER RX DATA CHECK 및 MONITOR"));
+    box->setObjectName(QStringLiteral("frmTXRXDATA"));
+    auto* column = new QVBoxLayout(box);
+    controls.StatusBar_RXDATA =
+        new NumberPanels(QStringLiteral("StatusBar_RXDATA"), PanelCount, PanelsPerLine);
+    column->addWidget(controls.StatusBar_RXDATA);
+    column->addWidget(MakeLabel(QStringLiteral("Label1"), QStringLiteral("DISPLAY")));
+    column->addLayout(MakeDecoded(controls));
+    column->addLayout(MakeLamps(controls));
+    return box;
+}
+
+}  // namespace
+
+TestControls MakeTestControls(QWidget& window) {
+    TestControls controls;
+    auto* column = new QVBoxLayout(&window);
+    auto* top = new QHBoxLayout;
+    top->addWidget(MakeTarget(controls));
+    top->addWidget(MakeHeader(controls), 1);
+    column->addLayout(top);
+    column->addWidget(MakeMonitor(controls));
+    return controls;
+}
+
+}  // namespace zps

@@ -1,0 +1,104 @@
+#include "test/test.h"
+
+#include "controls/colours.h"
+#include "source/errors.h"
+#include "source/numbers.h"
+#include "test/monitor_reply.h"
+
+#include <limits>
+
+namespace zps {
+
+namespace {
+constexpr std::size_t LongestReply = 20;  // what is waited for; a data reply has fewer bytes
+}
+
+TEST::TEST(SOURCE& source, POWER& power, const Surroundings& around)
+    : PortWindow(source, power, around), Controls(MakeTestControls(*this)) {
+    setObjectName(QStringLiteral("TEST"));
+    setWindowTitle(QStringLiteral("통신 TEST"));
+    const auto run = [this](auto handler) { return [this, handler] { Events.Run(handler); }; };
+    connect(Controls.txtPADDR, &QLineEdit::textChanged, this, run([this] { txtPADDR_Change(); }));
+    connect(Controls.cmdENQ, &QPushButton::clicked, this, run([this] { Probe(code::Enq); }));
+    connect(Controls.cmdDLE, &QPushButton::clicked, this, run([this] { Probe(code::Dle); }));
+    // A silent supply raises no event by itself: the frame that has gone out does.
+    comPOWER->OnReceive(serial::EventKind::InputAndOutput, run([this] { comPOWER_OnComm(); }));
+}
+
+void TEST::Form_Load() {
+    FormPort = Source.CommPort;
+    FormAddr = Source.SetAddr;
+    Controls.txtPCOMMPORT->setText(QString::number(FormPort));
+    Controls.txtPADDR->setText(QString::number(FormAddr));
+    if (const auto error = OpenPort(FormPort)) ReportLater(*error);
+}
+
+void TEST::PortReturned(bool open) {
+    if (!open) Power.ShowPanels(false);
+}
+
+// While the text is no number the last address that was one stays.
+void TEST::txtPADDR_Change() {
+    using Limits = std::numeric_limits<std::int16_t>;
+    QString hint;
+    try {
+        FormAddr = static_cast<std::int16_t>(StrictInteger(
+            Controls.txtPADDR->text().trimmed().toStdString(), Limits::min(), Limits::max()));
+    } catch (const OverflowError&) {
+        hint = QStringLiteral("주소는 숫자여야 합니다. 지금 주소: %1").arg(FormAddr);
+    }
+    Controls.txtPADDR->setToolTip(hint);
+    if (hint.isEmpty()) {
+        Controls.txtPADDR->setPalette({});
+    } else {
+        PaintBackground(*Controls.txtPADDR, Colour::Yellow);
+    }
+}
+
+void TEST::Probe(std::uint8_t controlCode) {
+    Source.LayFrame(ProbeFrame(FormAddr, controlCode, FormAddr));
+    comPOWER->DiscardInput();
+    comPOWER->Output(Source.TxFrame);
+}
+
+void TEST::comPOWER_OnComm() {
+    const unsigned exchange = ExchangeNumber;
+    const Bytes reply = GatherReply(*comPOWER, LongestReply, serial::WaitMode::RunEvents);
+    if (exchange != ExchangeNumber) return;
+    const Verdict verdict = JudgeMonitorReply(reply, FormAddr);
+    NumberPanels& panels = *Controls.StatusBar_RXDATA;
+    panels.Grow(reply.size());
+    panels.ShowBytes(reply);
+    Controls.lblRXBUFFER->setText(QString::number(reply.size()));
+    Controls.lblRESULT->setText(QString::fromUtf8(TextOf(verdict)));
+    PaintBackground(*Controls.lblRESULT, IsGood(verdict) ? Colour::BrightGreen : Colour::Red);
+    ShowHeader(reply);
+    if (verdict == Verdict::Nothing) panels.Blank(1, DataLength);
+    if (verdict == Verdict::GoodEnq) panels.Blank(AckLength + 1, DataLength);
+    if (verdict == Verdict::GoodDle) ShowFields(reply);
+}
+
+void TEST::ShowHeader(const Bytes& reply) {
+    const auto header = ShownHeader(reply);
+    for (std::size_t i = 0; i < Controls.lblRXDATA.size(); ++i) {
+        Controls.lblRXDATA.at(i)->setText(header ? QString::number(header->at(i)) : QString());
+    }
+}
+
+void TEST::ShowFields(const Bytes& reply) {
+    const auto bytes = std::span(reply).first<DataLength>();
+    const ReadBack values = ReadDataReply(bytes);
+    const RatingFields fields = ReadRatingFields(bytes);
+    Controls.lblSTATUS->setText(QString::number(values.Status));
+    Controls.lblERROR->setText(QString::fromStdString(ErrorText(values.Code)));
+    Controls.lblVOLTAGE->setText(QString::number(fields.Volt));
+    Controls.lblOVP->setText(QString::number(fields.Ovp));
+    Controls.lblCURRENT->setText(QString::number(fields.Curr));
+    Controls.lblSTEP->setText(QString::number(values.Step));
+    for (std::size_t bit = 0; bit < Controls.ledSTATUS.size(); ++bit) {
+        const bool set = (values.Status >> bit & 1U) != 0;
+        PaintBackground(*Controls.ledSTATUS.at(bit), set ? Colour::Red : Colour::White);
+    }
+}
+
+}  // namespace zps
