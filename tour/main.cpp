@@ -2,10 +2,14 @@
 // on a real serial line. Exit code 0 only if everything came out.
 #include "platform/qt_event_loop.h"
 #include "serial/asio_port.h"
+#include "test/test.h"
 #include "tour/guide.h"
 
+#include <QAction>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 #include <iostream>
@@ -91,8 +95,38 @@ void RunOutput(zps::Program& program, Guide& guide, Line& line) {
     guide.Expect("the output is off", [&] { return !line.StateOf(Address).Output; });
 }
 
+void TestLink(zps::Program& program, Guide& guide) {
+    guide.Get<QAction>("mnuTEST").trigger();
+    zps::TEST& test = *program.Test();
+    const auto text = [&test](const char* label) {
+        return test.findChild<QLabel*>(QLatin1String(label))->text();
+    };
+    QTest::mouseClick(test.findChild<QPushButton*>("cmdENQ"), Qt::LeftButton);
+    guide.Expect("the test window hears an acknowledgement",
+                 [&] { return text("lblRESULT") == "GOOD  ENQ"; });
+    QTest::mouseClick(test.findChild<QPushButton*>("cmdDLE"), Qt::LeftButton);
+    guide.Expect("the test window reads the rated voltage, 1500 tenths of a volt",
+                 [&] { return text("lblRESULT") == "GOOD  DLE" && text("lblVOLTAGE") == "1500"; });
+    guide.Picture(test, "8-test");
+    QTest::keyClick(&test, Qt::Key_Escape);
+    guide.Expect("the main window has the port again",
+                 [&] { return program.Main().isEnabled() && program.Test() == nullptr; });
+}
+
+void ShowAbout(zps::Program& program, Guide& guide) {
+    guide.Get<QAction>("mnuHELP").trigger();
+    auto* about = program.Main().findChild<QDialog*>("frmAbout");
+    guide.Expect("the program tells its version", [about] {
+        return about != nullptr && about->isVisible() &&
+               about->findChild<QLabel*>("lblVersion")
+                   ->text()
+                   .contains(QApplication::applicationVersion());
+    });
+    if (about != nullptr) guide.Picture(*about, "9-about");
+}
+
 void End(zps::Program& program, Guide& guide, Line& line) {
-    guide.AnswerBox("8-end", Qt::Key_Y);
+    guide.AnswerBox("10-end", Qt::Key_Y);
     program.Main().close();
     guide.Expect("the program ends and leaves the supply in local",
                  [&] { return !program.Main().isVisible() && !line.StateOf(Address).Remote; });
@@ -120,6 +154,8 @@ int main(int argc, char** argv) {
     Connect(program, guide);
     ProgramSteps(program, guide, line);
     RunOutput(program, guide, line);
+    TestLink(program, guide);
+    ShowAbout(program, guide);
     End(program, guide, line);
     std::cout << (guide.AllSeen() ? "The guided session came out as it should."
                                   : "The guided session did not come out as it should.")
