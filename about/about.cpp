@@ -4,11 +4,12 @@
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zps {
 
-frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
+frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool) : QDialog(parent) {
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(QStringLiteral("ZPS-RS232 정보"));
     auto* title = MakeLabel(QStringLiteral("lblTitle"), QStringLiteral("ZPS-RS232"));
@@ -22,7 +23,15 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
                        "이 프로그램은 GNU 일반 공중 사용 허가서(GPL) 제3판 또는 그 이후 판에 따라\n"
                        "배포되는 자유 소프트웨어이며, 어떠한 보증도 하지 않습니다."));
     auto* buttons = new QDialogButtonBox;
-    buttons->addButton(QStringLiteral("확인"), QDialogButtonBox::AcceptRole);
+    auto* cmdSysInfo =
+        buttons->addButton(QStringLiteral("시스템 정보(&S)..."), QDialogButtonBox::ActionRole);
+    cmdSysInfo->setObjectName(QStringLiteral("cmdSysInfo"));
+    cmdSysInfo->setEnabled(!tool.Program.isEmpty());
+    if (tool.Program.isEmpty()) {
+        cmdSysInfo->setToolTip(QStringLiteral("이 컴퓨터에는 시스템 정보 프로그램이 없습니다."));
+    }
+    connect(cmdSysInfo, &QPushButton::clicked, this, [tool] { platform::Start(tool); });
+    buttons->addButton(QStringLiteral("확인(&O)"), QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::close);
     auto* column = new QVBoxLayout(this);
     for (QWidget* part : std::initializer_list<QWidget*>{title, version, licence, buttons}) {

@@ -62,7 +62,9 @@ void Program::DropClosed() {
 }
 
 void Program::ShowAbout() {
-    if (!About) About = std::make_unique<frmAbout>(Power.get());
+    if (!About) {
+        About = std::make_unique<frmAbout>(Power.get(), platform::FindSystemInformationTool());
+    }
     About->show();
     About->raise();
     About->activateWindow();
