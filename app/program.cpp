@@ -26,6 +26,7 @@ void Program::StartUp() {
     connect(Power.get(), &POWER::AboutWanted, this, [this] { ShowAbout(); });
     connect(Power.get(), &POWER::Closed, this, [this] { About.reset(); });
     Power->Form_Load();
+    FitToScreen(*Power);
     Power->show();
     Power->HandOver();
     ShowPortWindow<SET_MANUAL>();
@@ -42,6 +43,7 @@ template <class Window>
 void Program::ShowPortWindow() {
     OpenWindow = std::make_unique<Window>(Source, *Power, Around);
     connect(OpenWindow.get(), &PortWindow::Closed, this, [this] { PortWindowClosed(); });
+    FitToScreen(*OpenWindow);
     StandAbove(*OpenWindow, *Power);
     OpenWindow->Form_Load();
     OpenWindow->show();

@@ -32,7 +32,8 @@ void Handlers::Yield(const std::function<void()>& wait) {
 
 void Handlers::ScheduleWaiting() {
     if (Queue.empty()) return;
-    QMetaObject::invokeMethod(this, [this] { RunWaiting(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { RunWaiting(); }, Qt::QueuedConnection);
 }
 
 void Handlers::RunWaiting() {

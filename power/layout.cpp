@@ -1,5 +1,6 @@
 // The lay-out of the main window: what the supply is, what it does, what it is told, and the link.
 
+#include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "power/log/measurement_log.h"
 #include "power/power_controls.h"
@@ -10,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <array>
@@ -61,13 +63,15 @@ QWidget* MakeIdentity(PowerControls& controls) {
 
 void AddReadOut(QGridLayout& grid, int row, const QString& title, QWidget& value,
                 const QString& unit) {
+    auto* unitLabel = MakeLabel({}, unit);
+    Enlarge(*unitLabel, 1.8);
     grid.addWidget(MakeLabel({}, title), row, 0);
     grid.addWidget(&value, row, 1);
-    grid.addWidget(MakeLabel({}, unit), row, 2);
+    grid.addWidget(unitLabel, row, 2);
 }
 
 QWidget* MakeReadOuts(PowerControls& controls) {
-    auto* box = new QGroupBox(QStringLiteral("DISPLAY"));
+    auto* box = new QGroupBox(QStringLiteral("표시"));
     auto* grid = new QGridLayout(box);
     controls.txtVOLT =
         MakeReadOut(QStringLiteral("txtVOLT"), QStringLiteral("0.00"), QStringLiteral("전압 V"));
@@ -78,7 +82,7 @@ QWidget* MakeReadOuts(PowerControls& controls) {
     controls.lblMODE =
         MakeLabel(QStringLiteral("lblMODE"), QStringLiteral("CV"), QStringLiteral("동작 모드"));
     for (QWidget* big : std::initializer_list<QWidget*>{controls.txtVOLT, controls.txtCURR}) {
-        Enlarge(*big, 3.2);
+        Enlarge(*big, 4);
         big->setMinimumWidth(WidthFor(*big, QStringLiteral("600.0000")));
     }
     for (QLabel* label : {controls.txtSTEP, controls.lblMODE}) {
@@ -105,31 +109,36 @@ struct SwitchRow {
     Lamp* PowerControls::*Light;
     const char* LightName;
     Colour Idle;
+    Qt::Key Key;
+    const char* ToolTip;
 };
 constexpr std::array SwitchRows{
     SwitchRow{&PowerControls::cmdOUTPUT, "cmdOUTPUT", "OUTPUT", "출력",
               &PowerControls::Output_ONOFF, "Output_ONOFF", "OFF", &PowerControls::OutputLED,
-              "OutputLED", Colour::PaleOrange},
+              "OutputLED", Colour::PaleOrange, Qt::Key_F9, "출력 켜기/끄기"},
     SwitchRow{&PowerControls::cmdAUTO, "cmdAUTO", "AUTO", "자동 운전", &PowerControls::Auto_ONOFF,
-              "Auto_ONOFF", "OFF", &PowerControls::AutoLED, "AutoLED", Colour::PaleOrange},
+              "Auto_ONOFF", "OFF", &PowerControls::AutoLED, "AutoLED", Colour::PaleOrange,
+              Qt::Key_F6, "자동 운전 켜기/끄기"},
     SwitchRow{&PowerControls::cmdPVsense, "cmdPVsense", "Vsense ON", "원격 센싱",
               &PowerControls::Vsense_ONOFF, "Vsense_ONOFF", "OFF", &PowerControls::VsenseLED,
-              "VsenseLED", Colour::PaleGreen},
+              "VsenseLED", Colour::PaleGreen, Qt::Key_F7, "원격 센싱 켜기/끄기"},
     SwitchRow{&PowerControls::cmdOCP, "cmdOCP", " O.C.P ", "과전류 보호", &PowerControls::OCP_ONOFF,
-              "OCP_ONOFF", "OFF", &PowerControls::OCPLED, "OCPLED", Colour::PaleGreen},
+              "OCP_ONOFF", "OFF", &PowerControls::OCPLED, "OCPLED", Colour::PaleGreen, Qt::Key_F8,
+              "과전류 보호 켜기/끄기"},
     SwitchRow{&PowerControls::cmdPREMOTE, "cmdPREMOTE", "LOCAL", "원격 제어",
               &PowerControls::Rem_Loc, "Rem_Loc", "LOCAL", &PowerControls::RemoteLED, "RemoteLED",
-              Colour::DarkRed},
+              Colour::DarkRed, Qt::Key_F5, "원격 제어/패널 제어 전환"},
 };
 
 QWidget* MakeSwitches(PowerControls& controls) {
-    auto* box = new QGroupBox(QStringLiteral("SWITCH"));
+    auto* box = new QGroupBox(QStringLiteral("스위치"));
     auto* grid = new QGridLayout(box);
     int place = 0;
     for (const auto& row : SwitchRows) {
         const QString accessible = QString::fromUtf8(row.Accessible);
         auto* button = MakeButton(QString::fromUtf8(row.ButtonName), QString::fromUtf8(row.Caption),
                                   accessible);
+        GiveKey(*button, row.Key, QString::fromUtf8(row.ToolTip));
         auto* state = MakeLabel(QString::fromUtf8(row.StateName), QString::fromUtf8(row.StateText),
                                 accessible + QStringLiteral(" 상태"));
         state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
@@ -208,7 +217,8 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     auto* box = new QWidget;
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
-    controls.StatusBar_RXDATA = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
+    controls.StatusBar_RXDATA =
+        new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
     controls.lblZPS_ERR = MakeCounter(QStringLiteral("lblZPS_ERR"), QStringLiteral("무응답 횟수"));
     controls.lblZPS_ERR1 =
         MakeCounter(QStringLiteral("lblZPS_ERR1"), QStringLiteral("길이 에라 횟수"));
@@ -233,7 +243,7 @@ QWidget* MakeLinkLine(PowerControls& controls) {
 PowerControls MakePowerControls(QMainWindow& window) {
     PowerControls controls;
     MakeMenus(controls, *window.menuBar());
-    auto* centre = new QWidget(&window);
+    auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
     column->addWidget(MakeIdentity(controls));
     column->addWidget(MakePowerDisplay(controls));
@@ -250,7 +260,13 @@ PowerControls MakePowerControls(QMainWindow& window) {
         new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
                        QStringLiteral("제조사 웹 주소"));
     column->addWidget(controls.lblORV_URL);
-    window.setCentralWidget(centre);
+    // On a small or finely scaled screen the window may be smaller than what stands in it.
+    auto* view = new QScrollArea(&window);
+    view->setWidget(centre);
+    view->setWidgetResizable(true);
+    view->setFrameShape(QFrame::NoFrame);
+    view->setFocusPolicy(Qt::NoFocus);
+    window.setCentralWidget(view);
     return controls;
 }
 

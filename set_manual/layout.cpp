@@ -1,4 +1,5 @@
 #include "controls/colours.h"
+#include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "set_manual/models.h"
 #include "set_manual/set_manual_controls.h"
@@ -82,10 +83,12 @@ QLabel* MakeResult(const QString& name, const QString& accessible) {
 
 QGridLayout* MakeChecks(SetManualControls& controls) {
     controls.cmdZPS_ENQ = MakeButton(QStringLiteral("cmdZPS_ENQ"), QStringLiteral("통신 확인"));
+    GiveKey(*controls.cmdZPS_ENQ, Qt::Key_F2, QStringLiteral("전원이 응답하는지 확인"));
     PaintBackground(*controls.cmdZPS_ENQ, Colour::LightGreen);
     controls.lblZPS_ENQ =
         MakeResult(QStringLiteral("lblZPS_ENQ"), QStringLiteral("통신 확인 결과"));
     controls.cmdZPS_DLE = MakeButton(QStringLiteral("cmdZPS_DLE"), QStringLiteral("DATA 확인"));
+    GiveKey(*controls.cmdZPS_DLE, Qt::Key_F3, QStringLiteral("전원의 정격 읽기"));
     controls.lblZPS_DLE =
         MakeResult(QStringLiteral("lblZPS_DLE"), QStringLiteral("DATA 확인 결과"));
     auto* grid = new QGridLayout;

@@ -1,4 +1,5 @@
 #include "controls/colours.h"
+#include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "test/test_controls.h"
 
@@ -48,6 +49,8 @@ QWidget* MakeTarget(TestControls& controls) {
     PaintBackground(*controls.txtPCOMMPORT, Colour::LightGrey);
     controls.cmdENQ = MakeButton(QStringLiteral("cmdENQ"), QStringLiteral("ENQ"));
     controls.cmdDLE = MakeButton(QStringLiteral("cmdDLE"), QStringLiteral("DLE"));
+    GiveKey(*controls.cmdENQ, Qt::Key_F2, QStringLiteral("전원이 응답하는지 확인"));
+    GiveKey(*controls.cmdDLE, Qt::Key_F3, QStringLiteral("상태와 측정값 읽기"));
     PaintBackground(*controls.cmdDLE, Colour::LightCyan);
     grid->addWidget(MakeLabel(QStringLiteral("Label10_3"), QStringLiteral("ADDRESS")), 0, 0);
     grid->addWidget(controls.txtPADDR, 0, 1);

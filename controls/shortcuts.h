@@ -1,0 +1,14 @@
+// Function keys for buttons. They make no character, so an input method leaves them alone.
+#pragma once
+
+#include <QKeySequence>
+
+class QAbstractButton;
+
+namespace zps {
+
+// Pressing `key` anywhere in the button's window clicks it, if it is enabled. The key stands in the
+// button's tool tip, behind `what` it does.
+void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what);
+
+}  // namespace zps
