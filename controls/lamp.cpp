@@ -16,7 +16,7 @@ void Lamp::Light(Colour colour) {
 }
 
 QSize Lamp::sizeHint() const {
-    const int side = fontMetrics().height() * 5 / 4;
+    const int side = fontMetrics().height() * 3 / 2;
     return {side, side};
 }
 

@@ -138,11 +138,13 @@ QWidget* MakeSwitches(PowerControls& controls) {
         const QString accessible = QString::fromUtf8(row.Accessible);
         auto* button = MakeButton(QString::fromUtf8(row.ButtonName), QString::fromUtf8(row.Caption),
                                   accessible);
+        button->setMinimumHeight(button->fontMetrics().height() * 2);
         GiveKey(*button, row.Key, QString::fromUtf8(row.ToolTip));
         auto* state = MakeLabel(QString::fromUtf8(row.StateName), QString::fromUtf8(row.StateText),
                                 accessible + QStringLiteral(" 상태"));
-        state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
         state->setAlignment(Qt::AlignCenter);
+        Enlarge(*state, 1.1);
+        state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
         auto* light = new Lamp;
         light->setObjectName(QString::fromUtf8(row.LightName));
         light->setAccessibleName(accessible + QStringLiteral(" 표시등"));
