@@ -2,6 +2,7 @@
 
 #include "source/errors.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -45,12 +46,25 @@ std::size_t NumberLength(std::string_view text) {
     return end;
 }
 
-// What a number is that no double can hold: an infinity, or nothing at all.
-double BeyondRange(std::string_view magnitude) {
-    const bool tiny = magnitude.find("e-") != std::string_view::npos ||
-                      magnitude.find("E-") != std::string_view::npos ||
-                      magnitude.find_first_of("123456789") > magnitude.find('.');
-    return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+// What a number without sign is that no double can hold: an infinity, or nothing at all.
+double BeyondRange(std::string_view number) {
+    const auto mark = std::min(number.find_first_of("eE"), number.size());
+    const auto digits = number.substr(0, mark);
+    std::string_view exponentText = number.substr(mark);
+    if (!exponentText.empty()) exponentText.remove_prefix(1);
+    const bool down = exponentText.starts_with('-');
+    if (down || exponentText.starts_with('+')) exponentText.remove_prefix(1);
+
+    // One too long to be read is far beyond what digits in front of it could make up for.
+    int exponent = 0;
+    const auto [end, error] =
+        std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
+    if (error == std::errc::result_out_of_range) exponent = std::numeric_limits<int>::max();
+
+    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+    const std::int64_t integerDigits = point - first + (down ? -1 : 1) * std::int64_t{exponent};
+    return integerDigits > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
 double ReadNumber(std::string_view number) {

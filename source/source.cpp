@@ -1,5 +1,7 @@
 #include "source/source.h"
 
+#include "source/errors.h"
+
 #include <utility>
 
 namespace zps {
@@ -14,7 +16,10 @@ void SOURCE::PaintStepRows(int step) const {
     if (Rows == nullptr) return;
     for (int row = 0; row < RowCount; ++row) {
         const int shown = Rows->TopStep() + row;
-        const bool held = StepFlag.at(static_cast<std::size_t>(shown));
+        if (shown < 0 || shown >= StepCount) {
+            throw OverflowError(std::to_string(shown) + " is no step");
+        }
+        const bool held = StepFlag[static_cast<std::size_t>(shown)];
         Rows->PaintRow(row, shown == step ? RowState::Selected
                             : held        ? RowState::Held
                                           : RowState::Plain);

@@ -46,7 +46,7 @@ struct SOURCE : LinkState, ValueFormat, StepTable {
     void LayFrame(Frame frame);
 
     // Colours the visible rows: `step` highlighted, held steps marked, the others plain. A step
-    // that is not visible highlights none.
+    // that is not visible highlights none. Throws OverflowError at a row that shows no step.
     void PaintStepRows(int step) const;
 
     // All steps as a supply with the present ratings starts with: no voltage, full current, no time

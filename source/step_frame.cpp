@@ -3,6 +3,8 @@
 #include "source/errors.h"
 #include "source/numbers.h"
 
+#include <algorithm>
+
 namespace zps {
 
 namespace {
