@@ -1,0 +1,157 @@
+// How the windows look in other type faces and on other desktops. With LOOKS_FOLDER set it leaves a
+// picture of each window in each of them there.
+#include "about/about.h"
+#include "power/log/measurement_log.h"
+#include "test/test.h"
+#include "tests/support/panel.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDir>
+#include <QFontDatabase>
+#include <QPalette>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace zps::tests {
+
+namespace {
+
+struct Desktop {
+    const char* Face;
+    bool Dark;
+};
+
+void PrintTo(const Desktop& desktop, std::ostream* stream) {
+    *stream << desktop.Face << (desktop.Dark ? " dark" : " light");
+}
+
+QPalette DarkPalette() {
+    QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    return dark;
+}
+
+double Luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+    const double a = Luminance(one) + 0.05;
+    const double b = Luminance(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+std::string NameOf(const QWidget& control, const QString& text) {
+    return (control.window()->objectName() + "/" + control.objectName() + " '" + text + "'")
+        .toStdString();
+}
+
+void ExpectReadable(const QWidget& control, const QString& text, QPalette::ColorRole back,
+                    QPalette::ColorRole front) {
+    const QPalette palette = control.palette();
+    constexpr double ReadableContrast = 3.9;  // dark text on pure red has the least
+    if (!control.isEnabled()) return;
+    EXPECT_GE(Contrast(palette.color(back), palette.color(front)), ReadableContrast)
+        << NameOf(control, text);
+}
+
+// Every text of the window is wholly there and can be read.
+void ExpectGoodLooks(QWidget& window) {
+    for (const auto* label : window.findChildren<QLabel*>()) {
+        if (!label->isVisible() || label->text().isEmpty()) continue;
+        EXPECT_GE(label->width(), label->sizeHint().width()) << NameOf(*label, label->text());
+        EXPECT_GE(label->height(), label->sizeHint().height()) << NameOf(*label, label->text());
+        ExpectReadable(*label, label->text(), QPalette::Window, QPalette::WindowText);
+    }
+    for (const auto* button : window.findChildren<QAbstractButton*>()) {
+        if (!button->isVisible() || button->text().isEmpty()) continue;
+        EXPECT_GT(button->width(), button->fontMetrics().horizontalAdvance(button->text()) + 8)
+            << NameOf(*button, button->text());
+        ExpectReadable(*button, button->text(), QPalette::Button, QPalette::ButtonText);
+    }
+    for (const auto* field : window.findChildren<QLineEdit*>()) {
+        if (!field->isVisible()) continue;
+        const QFontMetrics metrics(field->font());
+        EXPECT_GT(field->width(), metrics.horizontalAdvance(field->text()) + 4)
+            << NameOf(*field, field->text());
+        EXPECT_GE(field->height(), metrics.height()) << NameOf(*field, field->text());
+        ExpectReadable(*field, field->text(), QPalette::Base, QPalette::Text);
+    }
+}
+
+class Looks : public testing::TestWithParam<Desktop> {
+  protected:
+    Looks() : Font(QApplication::font()), Palette(QApplication::palette()) {
+        QFont face = Font;
+        face.setFamilies({QLatin1String(GetParam().Face)});
+        QApplication::setFont(face);
+        if (GetParam().Dark) QApplication::setPalette(DarkPalette());
+    }
+    ~Looks() override {
+        QApplication::setFont(Font);
+        QApplication::setPalette(Palette);
+    }
+
+    void Look(QWidget& window, const char* state) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        ExpectGoodLooks(window);
+        const QString folder = qEnvironmentVariable("LOOKS_FOLDER");
+        if (folder.isEmpty()) return;
+        const QString name = QStringLiteral("%1-%2-%3-%4.png")
+                                 .arg(state, QString(GetParam().Face).remove(' '),
+                                      GetParam().Dark ? "dark" : "light")
+                                 .arg(window.devicePixelRatio());
+        EXPECT_TRUE(window.grab().save(QDir(folder).filePath(name)));
+    }
+
+    QFont Font;
+    QPalette Palette;
+};
+
+}  // namespace
+
+TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
+    ASSERT_TRUE(QFontDatabase::hasFamily(QLatin1String(GetParam().Face)));
+    SimulatedPanel panel;
+    ASSERT_TRUE(panel.Identify());
+    Look(*panel.Run.Settings(), "settings");
+    panel.Run.Settings()->close();
+    ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
+    panel.Type("txPVOLT_0", "123.4");
+    panel.Leave();
+    ASSERT_TRUE(panel.Settle());
+    panel.Click("txPSTEP_3");
+    ASSERT_TRUE(panel.Settle());
+    panel.Click("txPSTEP_0");
+    ASSERT_TRUE(panel.Settle());
+    Look(panel.Main(), "main");
+    panel.Click("cmdOUTPUT");
+    const auto* log = panel.Main().findChild<MeasurementLog*>();
+    ASSERT_TRUE(WaitFor([&] { return log->RowCount() >= 8; }));
+    Look(panel.Main(), "running");
+    panel.Click("cmdOUTPUT");
+    ASSERT_TRUE(panel.Settle());
+    panel.Choose("mnuTEST");
+    auto& test = *panel.Run.Test();
+    QTest::mouseClick(test.findChild<QPushButton*>("cmdDLE"), Qt::LeftButton);
+    ASSERT_TRUE(
+        WaitFor([&] { return test.findChild<QLabel*>("lblRESULT")->text() == "GOOD  DLE"; }));
+    Look(test, "test");
+    test.close();
+    panel.Choose("mnuHELP");
+    Look(*panel.Main().findChild<frmAbout*>(), "about");
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, Looks,
+                         testing::Values(Desktop{"NanumGothic", false},
+                                         Desktop{"NanumGothic", true}, Desktop{"UnDotum", false},
+                                         Desktop{"Baekmuk Gulim", true}));
+
+}  // namespace zps::tests
