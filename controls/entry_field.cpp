@@ -34,16 +34,25 @@ void EntryField::SetEvents(Events events) {
 
 void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (LeavesTheWindow(event->reason()) && !(On.Refocusing && On.Refocusing())) return;
+    const bool elsewhere = Inside || (On.Refocusing && On.Refocusing());
+    if (LeavesTheWindow(event->reason()) && elsewhere) return;
     Inside = true;
     Call(On.GotFocus);
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (LeavesTheWindow(event->reason()) || !Inside) return;
+    if (!LeavesTheWindow(event->reason())) Leave();
+}
+
+void EntryField::Leave() {
+    if (!Inside) return;
     Inside = false;
     Call(On.LostFocus);
+}
+
+void EntryField::Cancel() {
+    Call(On.Cancelled);
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
@@ -53,7 +62,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
             Call(On.Committed);
             return;
         case Qt::Key_Escape:
-            Call(On.Cancelled);
+            Cancel();
             return;
         default:
             break;

@@ -79,17 +79,14 @@ void EditLock::SuspendConfinement() {
 }
 
 void EditLock::ResumeConfinement() {
-    if (Confined) Pointer.Confine(*Parts.Controls.fraSTEPLIST);
+    if (Confined && Parts.Window.isActiveWindow()) Pointer.Confine(*Parts.Controls.fraSTEPLIST);
 }
 
 void EditLock::Confine(bool on) {
     if (on == Confined) return;
     Confined = on;
-    if (on) {
-        Pointer.Confine(*Parts.Controls.fraSTEPLIST);
-    } else {
-        Pointer.Release();
-    }
+    Parts.Controls.fraSTEPLIST->KeepFocus(on);
+    on ? ResumeConfinement() : Pointer.Release();
 }
 
 int EditLock::StepOf(std::size_t row) const {

@@ -10,6 +10,12 @@ void EnableAll(PowerControls& controls, std::initializer_list<QWidget*> list, bo
     for (QWidget* control : list) EnableControl(controls, *control, on);
 }
 
+// The control with the focus if it is `control` or inside it, else null.
+QWidget* FocusInside(const QWidget& control) {
+    QWidget* focus = control.window()->focusWidget();
+    return focus == &control || control.isAncestorOf(focus) ? focus : nullptr;
+}
+
 // Disabled in local, menus apart.
 void EnableRemoteWidgets(PowerControls& c, bool on) {
     EnableAll(c,
@@ -21,9 +27,11 @@ void EnableRemoteWidgets(PowerControls& c, bool on) {
 }  // namespace
 
 void EnableControl(PowerControls& controls, QWidget& control, bool on) {
-    if (!on) {
-        const QWidget* focus = control.window()->focusWidget();
-        if (focus != nullptr && (focus == &control || control.isAncestorOf(focus))) {
+    if (!on && FocusInside(control) != nullptr) {
+        controls.cmdFOCUS->setFocus();
+        // An entry in error has taken it back, but nobody can mend it now.
+        if (auto* field = dynamic_cast<EntryField*>(FocusInside(control))) {
+            field->Cancel();
             controls.cmdFOCUS->setFocus();
         }
     }

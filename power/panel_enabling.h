@@ -6,7 +6,7 @@
 namespace zps {
 
 // Enables or disables a control. One that has the focus, itself or in a control inside it, gives it
-// to cmdFOCUS first.
+// to cmdFOCUS first; an entry in error is given up for the value before.
 void EnableControl(PowerControls& controls, QWidget& control, bool on);
 
 // The supply is under remote control (true) or local (false).

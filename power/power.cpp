@@ -185,7 +185,8 @@ void POWER::comPOWER_Event() {
 void POWER::vscAUTOSTEP_Change() {
     const int top = Self->Controls.vscAUTOSTEP->value();
     if (top == Self->Rows.TopStep()) return;
-    if (!Self->Entry.CommitOpenEntry()) {
+    const bool byKey = Self->Controls.vscAUTOSTEP->hasFocus();
+    if (!byKey && !Self->Entry.CommitOpenEntry()) {
         Self->Controls.vscAUTOSTEP->setValue(Self->Rows.TopStep());
         return;
     }

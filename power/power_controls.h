@@ -5,6 +5,7 @@
 #include "controls/entry_field.h"
 #include "controls/lamp.h"
 #include "controls/number_panels.h"
+#include "power/step_list_frame.h"
 #include "power/step_scroll_bar.h"
 #include "source/step_table.h"
 
@@ -58,7 +59,7 @@ struct PowerControls {
     Lamp* RemoteLED = nullptr;
 
     // Step list
-    QFrame* fraSTEPLIST = nullptr;
+    StepListFrame* fraSTEPLIST = nullptr;
     StepScrollBar* vscAUTOSTEP = nullptr;
     std::array<QPushButton*, RowCount> txPSTEP{};
     std::array<EntryField*, RowCount> txPVOLT{};

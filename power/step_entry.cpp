@@ -6,9 +6,10 @@ namespace zps {
 
 namespace {
 
+// Ratings are single-precision values; the bounds in seconds are exact.
 bool OutOfRange(const StepField& kind, const SOURCE& source, double value) {
-    return value < 0 || ToSingle(value) > kind.Bound(source) ||
-           (value > 0 && value < kind.Smallest);
+    const double compared = kind.Smallest > 0 ? value : ToSingle(value);
+    return value < 0 || compared > kind.Bound(source) || (value > 0 && value < kind.Smallest);
 }
 
 Message RangeMessage(const StepField& kind, const SOURCE& source) {
@@ -47,13 +48,18 @@ void StepEntry::Connect(const StepField& kind, int row) {
 
 bool StepEntry::CommitOpenEntry() {
     const int refusals = Refusals;
+    auto* field = dynamic_cast<EntryField*>(Parts.Window.focusWidget());
     Parts.Controls.cmdFOCUS->setFocus();
+    if (field != nullptr && field != Parts.Window.focusWidget()) field->Leave();
     return refusals == Refusals;
 }
 
 void StepEntry::Refuse(EntryField& field, const Message& message) {
     ++Refusals;
+    Refusing = true;
     Parts.Boxes.Show(&Parts.Window, message);
+    Refusing = false;
+    Refused = &field;
     Parts.State.RefocusPending = true;
     field.setFocus();
     field.selectAll();
@@ -62,7 +68,8 @@ void StepEntry::Refuse(EntryField& field, const Message& message) {
 }
 
 void StepEntry::Field_GotFocus(const EntryField& field) {
-    if (!Parts.State.RefocusPending) Parts.Source.OldText = field.text().toStdString();
+    const bool back = Parts.State.RefocusPending && &field == Refused;
+    if (!back) Parts.Source.OldText = field.text().toStdString();
     Parts.State.RefocusPending = false;
 }
 
@@ -110,9 +117,10 @@ void StepEntry::Store(const StepField& kind, EntryField& field, int row, double 
 }
 
 void StepEntry::SendToSelectedStep(const StepField& kind, const EntryField& field) {
+    const bool sent = Parts.Source.RatingsKnown();
+    if (sent) Parts.Held.Mark(Parts.State.CurStep);
     Parts.State.OutputOn ? Lock.ReleaseEditLockOutputOn() : Lock.ReleaseEditLock();
-    if (!Parts.Source.RatingsKnown()) return;
-    Parts.Held.Mark(Parts.State.CurStep);
+    if (!sent) return;
     if (kind.ReadOut != nullptr) (Parts.Controls.*kind.ReadOut)->setText(field.text());
     if (kind.StopsPolling) Parts.Timers.tmrDLE.SetEnabled(false);
     kind.Send(Parts.Source, Parts.Line, field.text().toStdString());

@@ -22,7 +22,7 @@ class StepEntry {
 
     // The handlers that every entry field of the window shares.
     void Field_GotFocus(const EntryField& field);
-    bool Refocusing() const { return Parts.State.RefocusPending; }
+    bool Refocusing() const { return Refusing; }
 
   private:
     void Connect(const StepField& kind, int row);
@@ -36,6 +36,8 @@ class StepEntry {
     StepList& Rows;
     EditLock& Lock;
     int Refusals = 0;
+    bool Refusing = false;                // the message about an entry in error is up
+    const EntryField* Refused = nullptr;  // the field that RefocusPending is about
 };
 
 }  // namespace zps

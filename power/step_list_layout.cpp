@@ -76,7 +76,7 @@ void MakeRow(PowerControls& controls, QGridLayout& grid, int row) {
 }  // namespace
 
 void MakeStepList(PowerControls& controls) {
-    auto* frame = new QFrame;
+    auto* frame = new StepListFrame;
     frame->setObjectName(QStringLiteral("fraSTEPLIST"));
     frame->setAccessibleName(QStringLiteral("단계 목록"));
     frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));

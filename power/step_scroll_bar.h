@@ -8,8 +8,9 @@
 
 namespace zps {
 
-// Asks before a press, a key or the wheel moves it: an open entry is committed first, and one in
-// error keeps the list where it is.
+// Asks before a press or the wheel moves it: an open entry is committed first, and one in error
+// keeps the list where it is. A key comes only to a bar that has the focus itself, and leaves it
+// there for the next one: no entry is open then.
 class StepScrollBar : public QScrollBar {
   public:
     explicit StepScrollBar(QWidget* parent = nullptr) : QScrollBar(Qt::Vertical, parent) {}
@@ -20,8 +21,7 @@ class StepScrollBar : public QScrollBar {
     bool event(QEvent* event) override {
         const auto type = event->type();
         const bool moves = type == QEvent::MouseButtonPress ||
-                           type == QEvent::MouseButtonDblClick || type == QEvent::Wheel ||
-                           type == QEvent::KeyPress;
+                           type == QEvent::MouseButtonDblClick || type == QEvent::Wheel;
         if (moves && isEnabled() && MayScroll && !MayScroll()) return true;
         return QScrollBar::event(event);
     }

@@ -1,0 +1,263 @@
+// Typing into the fields of a step: what is accepted, shown, stored and sent.
+#include "tests/power/step_panel.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zps::tests {
+namespace {
+
+using Texts = std::array<std::string, StepCount>;
+
+struct Accepted {
+    const char* Typed;
+    const char* Shown;
+};
+struct FieldCase {
+    const char* Field;
+    Texts StepTable::*Stored;
+    const char* Title;
+    const char* Text;
+    std::vector<const char*> Refused;
+    std::vector<Accepted> Good;
+};
+const FieldCase Fields[]{
+    {"txPVOLT_0",
+     &StepTable::StepVolt,
+     "VOLTAGE 설정 오류",
+     "VOLTAGE SETTING값 범위 초과\r\n설정값 범위=0~150V",
+     {"151", "150.00002", "-0.1", "1e99", "-1e99"},
+     {{"150", "150.0"},
+      {"150.000001", "150.0"},
+      {"", "0.00"},
+      {"19.994", "19.99"},
+      {"abc", "0.00"},
+      {"1 2.5 V", "12.50"},
+      {"1e2x", "100.0"},
+      {"-", "0.00"},
+      {"-0", "0.00"}}},
+    {"txPCURR_0",
+     &StepTable::StepCurr,
+     "CURRENT 설정 오류",
+     "CURRENT SETTING값 범위 초과\r\n설정값 범위=0~10A",
+     {"10.001", "12e", "-1", "1e99"},
+     {{"10", "10.00"}, {"1.9999", "2.000"}, {"", "0.000"}, {"2", "2.00"}}},
+    {"txPTIME_0",
+     &StepTable::StepTime,
+     "TIME 설정 오류",
+     "TIME SETTING값 범위 초과\r\n설정값 범위=0~50000sec",
+     {"50000.001", "0.0005", "0.00099", "-1", "1e99"},
+     {{"50000", "50000.00000"}, {"0.001", "0.00100"}, {"", "0.00000"}, {"x", "0.00000"}}},
+    {"txPSLOPE_0",
+     &StepTable::StepSlope,
+     "SLOPE 설정 오류",
+     "SLOPE SETTING값 범위 초과\r\n설정값 범위=0~50sec",
+     {"50.00001", "0.0005", "0.00099", "-0.01", "1e99"},
+     {{"50", "50.00000"}, {"0.001", "0.00100"}, {"", "0.00000"}, {"1.23456", "1.23456"}}},
+    {"txPOVP_0",
+     &StepTable::StepOvp,
+     "OVP 설정 오류",
+     "O.V.P SETTING값 범위 초과\r\n설정값 범위=0~163.5V",
+     {"163.6", "-1", "1e99"},
+     {{"", "0.00"}, {"163.5", "163.5"}, {"163.500001", "163.5"}, {"q", "0.00"}}},
+};
+
+class StepEntry : public StepTest {};
+
+TEST_F(StepEntry, OutOfRangeGivesOneMessageAndTheFocusBackEachTimeTheFieldIsLeft) {
+    for (const auto& one : Fields) {
+        auto& field = Get<QLineEdit>(one.Field);
+        const std::string before = (Source().*one.Stored)[0];
+        for (const char* text : one.Refused) {
+            SCOPED_TRACE(std::string(one.Field) + " " + text);
+            Type(one.Field, text);
+            for (const std::size_t messages : {1U, 2U}) {
+                Leave();
+                ASSERT_TRUE(WaitFor([&] { return field.hasFocus(); }));
+                ASSERT_EQ(Boxes.Shown.size(), messages);
+                EXPECT_EQ(Boxes.LastTitle(), one.Title);
+                EXPECT_EQ(Boxes.LastText(), one.Text);
+                EXPECT_EQ(Boxes.Shown.back().Icon, MessageIcon::Information);
+                EXPECT_EQ(PointerAtBox, nullptr);
+                EXPECT_EQ(field.selectedText(), text);
+                EXPECT_TRUE(Locked());
+            }
+            EXPECT_EQ((Source().*one.Stored)[0], before);
+            QTest::keyClick(&field, Qt::Key_Escape);
+            EXPECT_EQ(field.text().toStdString(), before);
+            EXPECT_TRUE(Released());
+            Leave();
+            EXPECT_EQ(Boxes.Shown.size(), 2U);
+            Boxes.Shown.clear();
+        }
+    }
+    EXPECT_TRUE(Sent().empty());
+}
+
+TEST_F(StepEntry, InRangeIsReformattedAndStoredAsDisplayed) {
+    for (const auto& one : Fields) {
+        for (const auto& [typed, shown] : one.Good) {
+            SCOPED_TRACE(std::string(one.Field) + " " + typed);
+            Enter(one.Field, typed);
+            EXPECT_EQ(Get<QLineEdit>(one.Field).text(), shown);
+            EXPECT_EQ((Source().*one.Stored)[0], shown);
+            EXPECT_TRUE(Released());
+            EXPECT_EQ(Sent().size(), 1U);
+        }
+    }
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+TEST_F(StepEntry, TheSelectedStepSendsEachFieldAtOnceAndOnlySetPointsStopThePoll) {
+    const struct {
+        const char* Field;
+        const char* Typed;
+        Bytes Frame;
+        const char* ReadOut;
+    } cases[]{
+        {"txPVOLT_0", "12.5", {1, 2, 6, 27, 86, 4, 0xE2, 0, 0, 3, 0x63}, "txtVOLT"},
+        {"txPCURR_0", "1.5", {1, 2, 6, 27, 67, 5, 0xDC, 0, 0, 3, 0x4B}, "txtCURR"},
+        {"txPTIME_0", "12.5", {1, 2, 7, 27, 84, 0, 12, 1, 0xF4, 0, 3, 0x7D}, nullptr},
+        {"txPSLOPE_0", "1.23456", {1, 2, 5, 27, 68, 4, 0xD2, 56, 3, 0x78}, nullptr},
+        {"txPOVP_0", "120", {1, 2, 4, 27, 79, 0x2E, 0xE0, 3, 0x82}, nullptr},
+    };
+    ASSERT_TRUE(SwitchOutput(true));
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.Field);
+        auto& field = Get<QLineEdit>(one.Field);
+        field.setEnabled(true);
+        Type(one.Field, one.Typed);
+        ASSERT_TRUE(WaitFor([&] { return Source().RxResult == Reply::Data; }));
+        Sent();
+        Line().SetFaults({.Silent = true});
+        Leave();
+        if (one.ReadOut) {
+            EXPECT_EQ(Get<QLineEdit>(one.ReadOut).text(), field.text());
+        }
+        std::vector<Bytes> frames;
+        const bool polled = WaitFor(
+            [&] {
+                for (auto& frame : Line().TakeReceived()) frames.push_back(std::move(frame));
+                return frames.size() > 1 && frames.back()[1] == code::Dle;
+            },
+            one.ReadOut ? 400ms : 5000ms);
+        EXPECT_EQ(std::count(frames.begin(), frames.end(), one.Frame), 1);
+        EXPECT_EQ(polled, one.ReadOut == nullptr);
+        Line().SetFaults({});
+        EXPECT_TRUE(WaitFor([&] { return !Frames().empty() || Source().RxResult == Reply::Data; }));
+    }
+}
+
+TEST_F(StepEntry, ComparesNumbersForTheLockAndTextsForSending) {
+    Type("txPCURR_0", "10.0");
+    EXPECT_TRUE(Released());
+    Leave();
+    EXPECT_EQ(Sent(), Only({27, 'C', 0x27, 0x10, 0, 0}));
+    Enter("txPCURR_0", "10.00");
+    EXPECT_TRUE(Sent().empty());
+    Source().StepFlag[0] = false;
+    ASSERT_TRUE(SwitchOutput(true));
+    EXPECT_EQ(Usable().left(3), "VC ");
+    Enter("txPCURR_0", "10.0");
+    EXPECT_EQ(Usable().left(4), "BVC ");
+}
+
+TEST_F(StepEntry, AnotherStepIsOnlyStoredAndKeepsTheLockUntilItIsSent) {
+    Source().StepFlag[3] = true;
+    Field("txPVOLT", 3).setEnabled(true);
+    Enter("txPVOLT_3", "5");
+    EXPECT_EQ(Usable(), "- - - BVCTSO - - -");
+    EXPECT_TRUE(Locked());
+    EXPECT_EQ(Source().StepVolt[3], "5.00");
+    EXPECT_FALSE(Source().StepFlag[3]);
+    EXPECT_TRUE(Sent().empty());
+    ClickStep(3);
+    EXPECT_EQ(Sent().size(), 1U);
+    EXPECT_TRUE(Source().StepFlag[3]);
+    EXPECT_TRUE(Released());
+    EXPECT_EQ(Usable(), "B B B BVCTSO B B B");
+}
+
+TEST_F(StepEntry, EnterCommitsAndEscapeRestoresWithTheFocusInTheField) {
+    auto& field = Field("txPVOLT", 0);
+    Type("txPVOLT_0", "7");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Sent(), Only({27, 'V', 0x02, 0xBC, 0, 0}));
+    EXPECT_EQ(field.selectedText(), "7.00");
+    QTest::keyClicks(&field, "8");
+    EXPECT_TRUE(Locked());
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(field.selectedText(), "7.00");
+    EXPECT_TRUE(Released() && field.hasFocus());
+    Type("txPVOLT_0", "151");
+    QTest::keyClick(&field, Qt::Key_Enter);
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    EXPECT_TRUE(WaitFor([&] { return field.hasFocus() && field.selectedText() == "151"; }));
+    QTest::keyClick(&field, Qt::Key_Escape);
+    QTest::keyClick(&field, Qt::Key_Tab);
+    EXPECT_EQ(Source().OldText, "10.00");
+    EXPECT_TRUE(Sent().empty());
+}
+
+TEST_F(StepEntry, BoxMenuAndAnotherWindowLeaveAHalfTypedValueHalfTyped) {
+    Type("txPCURR_0", "10.0");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    Choose("mnuData_Clear");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    QTest::keyClick(&Main(), Qt::Key_D, Qt::AltModifier);
+    ASSERT_TRUE(WaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(Main().menuWidget(), Qt::Key_Escape);
+    ASSERT_TRUE(WaitFor([&] { return Field("txPCURR", 0).hasFocus(); }));
+    EXPECT_EQ(Field("txPCURR", 0).text(), "10.0");
+    EXPECT_EQ(Source().OldText, "10.00");
+    EXPECT_TRUE(Sent().empty());
+    // Behind another window a turn of the wheel commits it all the same.
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    Bar().setValue(1);
+    EXPECT_EQ(Sent(), Only({27, 'C', 0x27, 0x10, 0, 0}));
+    EXPECT_EQ(Source().StepCurr[0], "10.00");
+}
+
+TEST_F(StepEntry, AnErrorThatMeetsAClickOrAKeyIsOneMessageAndNothingElse) {
+    const std::pair<const char*, std::function<void()>> ways[]{
+        {"own step button", [&] { ClickStep(0); }},
+        {"another step button", [&] { ClickStep(1); }},
+        {"switch", [&] { Click("cmdOUTPUT"); }},
+        {"local", [&] { Click("cmdPREMOTE"); }},
+        {"Tab, Space",
+         [&] {
+             QTest::keyClick(&Field("txPVOLT", 0), Qt::Key_Backtab);
+             WaitFor([&] { return Field("txPVOLT", 0).hasFocus(); });
+             QTest::keyClick(Main().focusWidget(), Qt::Key_Space);
+             Type("txPVOLT_0", "151");
+         }},
+        {"accelerator",
+         [&] {
+             QTest::keyClick(&Main(), Qt::Key_S, Qt::AltModifier);
+             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_R);
+         }},
+        {"scrolling", [&] { Bar().setValue(5); }},
+    };
+    for (const auto& [name, way] : ways) {
+        SCOPED_TRACE(name);
+        Boxes.Shown.clear();
+        Type("txPVOLT_0", "151");
+        way();
+        EXPECT_EQ(Boxes.Shown.size(), QByteArray(name) == "another step button" ? 0U : 1U);
+        EXPECT_TRUE(WaitFor([&] { return Field("txPVOLT", 0).hasFocus(); }));
+        EXPECT_EQ(Field("txPVOLT", 0).text(), "151");
+        EXPECT_EQ(Source().OldText, "0.00");
+        EXPECT_EQ(Bar().value(), 0);
+        EXPECT_FALSE(Button(0).isDown() || Button(1).isDown());
+        EXPECT_TRUE(Main().isEnabled());
+    }
+    EXPECT_TRUE(Sent().empty());
+}
+
+}  // namespace
+}  // namespace zps::tests

@@ -1,0 +1,95 @@
+// The panel with its step list in use, and what its tests ask it.
+#pragma once
+
+#include "tests/support/panel.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <utility>
+
+namespace zps::tests {
+
+struct StepPanel : SimulatedPanel {
+    explicit StepPanel(simulator::SupplyOptions supply = {}) : SimulatedPanel({supply}) {
+        // As a real box does, this one takes the activation from the window for a while.
+        Boxes.WhileUp = [this](const Message&) {
+            PointerAtBox = Pointer.Within;
+            QDialog box(&Main());
+            QTimer::singleShot(0, &box, &QDialog::accept);
+            box.exec();
+            Main().activateWindow();
+        };
+    }
+
+    QLineEdit& Field(const char* name, int row) {
+        return Get<QLineEdit>(qPrintable(QString("%1_%2").arg(name).arg(row)));
+    }
+    QPushButton& Button(int row) { return Get<QPushButton>(qPrintable(Name(row))); }
+    void ClickStep(int row) { Click(qPrintable(Name(row))); }
+    QScrollBar& Bar() { return Get<QScrollBar>("vscAUTOSTEP"); }
+    void Enter(const char* field, const QString& text) {
+        Type(field, text);
+        Leave();
+    }
+
+    // The frames since the last call, once all are answered; polls apart.
+    std::vector<Bytes> Sent() {
+        EXPECT_TRUE(Settle());
+        return Frames();
+    }
+    // Which of button, voltage, current, time, slope and over-voltage can be used, row by row.
+    QString Usable() {
+        const std::pair<char, const char*> controls[]{{'B', "txPSTEP"},  {'V', "txPVOLT"},
+                                                      {'C', "txPCURR"},  {'T', "txPTIME"},
+                                                      {'S', "txPSLOPE"}, {'O', "txPOVP"}};
+        QStringList rows;
+        for (int row = 0; row < RowCount; ++row) {
+            QString usable;
+            for (const auto& [letter, name] : controls) {
+                auto& control = Get<QWidget>(qPrintable(QString("%1_%2").arg(name).arg(row)));
+                if (control.isEnabledTo(control.parentWidget())) usable += letter;
+            }
+            rows += usable.isEmpty() ? "-" : usable;
+        }
+        return rows.join(' ');
+    }
+    bool Locked() { return Pointer.Within == &Get<QWidget>("fraSTEPLIST") && !Bar().isEnabled(); }
+    bool Released() { return Pointer.Within == nullptr && Bar().isEnabled(); }
+    bool SwitchOutput(bool on) {
+        Click("cmdOUTPUT");
+        return WaitFor([&] { return Line().StateOf(1).Output == on && !Source().RxBusy; });
+    }
+
+    QWidget* PointerAtBox = nullptr;
+
+  private:
+    static QString Name(int row) { return QString("txPSTEP_%1").arg(row); }
+};
+
+// A frame for address 1 with this between its length and its end.
+inline Bytes Framed(Bytes commands) {
+    Bytes frame{1, 2, static_cast<std::uint8_t>(commands.size())};
+    frame.insert(frame.end(), commands.begin(), commands.end());
+    frame.push_back(3);
+    frame.push_back(static_cast<std::uint8_t>(std::accumulate(frame.begin(), frame.end(), 0)));
+    return frame;
+}
+
+inline std::vector<Bytes> Only(const Bytes& commands) {
+    return {Framed(commands)};
+}
+
+class StepTest : public testing::Test, public StepPanel {
+  protected:
+    using StepPanel::StepPanel;
+    void SetUp() override { ASSERT_TRUE(Open()); }
+};
+
+}  // namespace zps::tests
