@@ -1,6 +1,7 @@
 #include "set_manual/probe_chain.h"
 
 #include <chrono>
+#include <memory>
 #include <utility>
 
 namespace zps {
@@ -12,6 +13,7 @@ namespace {
 constexpr std::int16_t MostRetries = 3;
 constexpr auto RetryPause = 50ms;
 constexpr auto ChainInterval = 100ms;
+constexpr auto PendingEventsLimit = 100ms;
 
 bool Failed(Reply result) {
     return result != Reply::Ack && result != Reply::Data;
@@ -163,7 +165,9 @@ void ProbeChain::tmrSTART_DLE_Timer() {
 
 bool ProbeChain::RunPendingEvents() {
     const unsigned exchange = ExchangeNumber;
-    Loop.RunUntil([] { return false; }, serial::Clock::now());
+    const auto reached = std::make_shared<bool>(false);
+    Loop.Post([reached] { *reached = true; });  // behind everything that is pending
+    Loop.RunUntil([&] { return *reached; }, serial::Clock::now() + PendingEventsLimit);
     return exchange == ExchangeNumber;
 }
 

@@ -40,6 +40,24 @@ class ScriptedBoxes : public MessageBoxes {
     QString LastTitle() const { return Shown.empty() ? QString() : Shown.back().Title; }
 };
 
+// Sees every event of the program while it lives, just before it is handled.
+class EventWatch : public QObject {
+  public:
+    explicit EventWatch(std::function<void(QObject& watched, const QEvent& event)> see)
+        : See(std::move(see)) {
+        qApp->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        See(*watched, *event);
+        return false;
+    }
+
+  private:
+    std::function<void(QObject&, const QEvent&)> See;
+};
+
 // Remembers what the pointer was confined to.
 class RecordingPointer : public platform::PointerConfinement {
   public:
