@@ -25,7 +25,10 @@ void NumberPanels::AddPanel() {
                             QStringLiteral("수신 바이트 %1").arg(place + 1));
     label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
     label->setAlignment(Qt::AlignCenter);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
+    // An empty panel is as large as a full one, so that no reply moves the others.
+    label->setText(QStringLiteral("0000"));
+    label->setMinimumSize(label->sizeHint());
+    label->clear();
     Lines->addWidget(label, place / PerLine, place % PerLine);
     Lines->setColumnStretch(place % PerLine, 1);
     Panels.push_back(label);

@@ -23,6 +23,7 @@ constexpr int Address = 1;
 
 void Connect(zps::Program& program, Guide& guide) {
     program.StartUp();
+    program.Main().resize(1300, 640);  // an off-screen display is smaller than people's
     zps::SET_MANUAL& settings = *program.Settings();
     const auto caption = [&settings](const char* label) {
         return settings.findChild<QLabel*>(QLatin1String(label))->text();
