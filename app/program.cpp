@@ -1,11 +1,13 @@
 #include "app/program.h"
 
 #include "about/about.h"
+#include "controls/spoken_labels.h"
 #include "controls/window_stack.h"
 #include "test/test.h"
 
 #include <QApplication>
 #include <QFont>
+#include <QIcon>
 #include <QTimer>
 
 #include <algorithm>
@@ -75,12 +77,19 @@ void Program::ShowAbout() {
 void DressApplication() {
     QApplication::setApplicationName(QStringLiteral("ZPS-RS232"));
     QApplication::setApplicationVersion(QStringLiteral(ZPS_VERSION));
+    // The desktop entry of this name tells a Wayland desktop title and icon.
+    QApplication::setDesktopFileName(QStringLiteral("zps-rs232"));
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/zps-rs232-%1.png").arg(size), {size, size});
+    QApplication::setWindowIcon(icon);
     QApplication::setStyle(QStringLiteral("Fusion"));
     QFont face = QApplication::font();
     face.setFamilies({QStringLiteral("Gulim"), QStringLiteral("굴림"),
                       QStringLiteral("NanumGothic"), QStringLiteral("Noto Sans CJK KR"),
                       QStringLiteral("UnDotum")});
     QApplication::setFont(face);
+    SpeakLabels();
 }
 
 }  // namespace zps
