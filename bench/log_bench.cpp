@@ -1,0 +1,158 @@
+// How long the measurement log takes for a sample, for a jump and for a picture, and what it holds.
+#include "power/log/measurement_log.h"
+
+#include <QApplication>
+#include <QScrollBar>
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <memory>
+
+namespace zps::bench {
+namespace {
+
+constexpr int Most = 10'000'000;
+
+// Widgets need an application, also where the benchmarks are started without a display.
+void NeedApplication() {
+    static int count = 1;
+    static char name[] = "zps_bench";
+    static char* names[] = {name, nullptr};
+    if (QCoreApplication::instance() != nullptr) return;
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static const QApplication application(count, names);
+}
+
+Sample SampleAt(std::uint32_t k) {
+    return {12.0F + static_cast<float>(k % 100) / 1000, 0.1F, k * 16, 3, 3, 4};
+}
+
+// A shown log of a run with `rows` samples, which takes more.
+struct FilledLog {
+    explicit FilledLog(std::int64_t rows) {
+        Log.resize(1000, 400);
+        Log.show();
+        Log.SetRunning(true);
+        Log.Restart(QStringLiteral("03"));
+        for (std::uint32_t k = 0; k < rows; ++k) {
+            Model.Append(SampleAt(k), static_cast<std::int32_t>(k) + 1);
+        }
+        QApplication::processEvents();
+    }
+    void Append() { Log.Append(3, 12.1F, 0.1F, VoltText, CurrText); }
+    void JumpToTheOtherEnd() {
+        Grid.verticalScrollBar()->setValue(Grid.TopRow() == 1 ? Grid.RowCount() : 0);
+    }
+
+    const QString VoltText = QStringLiteral("12.100");
+    const QString CurrText = QStringLiteral("0.1000");
+    MeasurementLog Log;
+    LogModel& Model = *Log.findChild<LogModel*>();
+    LogGrid& Grid = *Log.findChild<LogGrid*>();
+    LogChart& Chart = *Log.findChild<LogChart*>();
+};
+
+// Each log is filled once: ten million samples take seconds to come.
+FilledLog& LogWith(std::int64_t rows) {
+    NeedApplication();
+    static std::map<std::int64_t, std::unique_ptr<FilledLog>> logs;
+    auto& log = logs[rows];
+    if (!log) log = std::make_unique<FilledLog>(rows);
+    log->Log.SetRunning(true);
+    return *log;
+}
+
+void StoreSample(benchmark::State& state) {
+    double bytes = 0;
+    for (auto _ : state) {
+        SampleStore store;
+        for (std::uint32_t k = 0; k < state.range(0); ++k) {
+            store.Append(SampleAt(k), static_cast<std::int32_t>(k) + 1);
+        }
+        bytes = static_cast<double>(store.Bytes());
+        benchmark::DoNotOptimize(bytes);
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.counters["bytes_per_sample"] = bytes / static_cast<double>(state.range(0));
+}
+BENCHMARK(StoreSample)->RangeMultiplier(10)->Range(1000, Most)->Unit(benchmark::kMillisecond);
+
+// One sample more: the row, the scroll to it, the chart's points; nothing is painted.
+void AppendSample(benchmark::State& state) {
+    FilledLog& filled = LogWith(state.range(0));
+    for (auto _ : state) filled.Append();
+}
+BENCHMARK(AppendSample)
+    ->RangeMultiplier(10)
+    ->Range(1000, Most)
+    ->Iterations(2000)
+    ->Unit(benchmark::kMicrosecond);
+
+// One sample more and the picture of grid and chart that follows.
+void AppendAndPaint(benchmark::State& state) {
+    FilledLog& filled = LogWith(state.range(0));
+    for (auto _ : state) {
+        filled.Append();
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(filled.Log.grab());
+    }
+}
+BENCHMARK(AppendAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
+
+// A jump from one end of the grid to the other, and its picture.
+void JumpAndPaint(benchmark::State& state) {
+    NeedApplication();
+    FilledLog filled(state.range(0));
+    for (auto _ : state) {
+        filled.JumpToTheOtherEnd();
+        benchmark::DoNotOptimize(filled.Grid.grab());
+    }
+}
+BENCHMARK(JumpAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
+
+// With the output off, where the chart takes twenty rows from the grid as well.
+void JumpAndPaintAll(benchmark::State& state) {
+    FilledLog& filled = LogWith(state.range(0));
+    filled.Log.SetRunning(false);
+    for (auto _ : state) {
+        filled.JumpToTheOtherEnd();
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(filled.Log.grab());
+    }
+}
+BENCHMARK(JumpAndPaintAll)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
+
+void ReplotChart(benchmark::State& state) {
+    FilledLog& filled = LogWith(0);
+    ChartTable table;
+    int turn = 0;
+    for (auto _ : state) {
+        ++turn;
+        for (int row = 0; row < ChartRows; ++row) {
+            table[static_cast<std::size_t>(row)] = {QString::number(10 + (row * 7 + turn) % 5),
+                                                    QString::number((row * 3 + turn) % 7)};
+        }
+        filled.Chart.SetData(table);
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(filled.Chart.grab());
+    }
+}
+BENCHMARK(ReplotChart)->Unit(benchmark::kMillisecond);
+
+// The part of a copy that holds the window at one time.
+void CopyPortion(benchmark::State& state) {
+    FilledLog& filled = LogWith(4000);
+    LogCopy copy(filled.Model, filled.Log);
+    for (auto _ : state) copy.Start(1, 3999);
+}
+BENCHMARK(CopyPortion)->Unit(benchmark::kMillisecond);
+
+void ClearLog(benchmark::State& state) {
+    FilledLog& filled = LogWith(state.range(0));
+    for (auto _ : state) filled.Log.Clear({}, {}, {});
+}
+BENCHMARK(ClearLog)->Arg(Most)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace zps::bench

@@ -1,0 +1,40 @@
+// The chart of the measurement log.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <array>
+#include <memory>
+
+namespace zps {
+
+constexpr int ChartRows = 20;
+constexpr int ChartColumns = 2;  // voltage, current
+
+// Voltage and current as texts; an empty text is a gap.
+using ChartTable = std::array<std::array<QString, ChartColumns>, ChartRows>;
+
+// Plots a table of twenty points: the voltage by the left axis, the current by the right one. Its
+// colours follow the desktop's, light or dark.
+class LogChart : public QWidget {
+    Q_OBJECT
+  public:
+    explicit LogChart(QWidget* parent = nullptr);
+    ~LogChart() override;
+
+    // Replaces all points; the picture follows with the next turn of the event loop.
+    void SetData(const ChartTable& table);
+
+    // What is plotted in `row` (0 to 19) of `column`, in volts or amperes; NaN is a gap.
+    double PlottedValue(int row, int column) const;
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    struct Drawing;
+    std::unique_ptr<Drawing> Plot;
+};
+
+}  // namespace zps

@@ -1,0 +1,82 @@
+#include "power/log/log_copy.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+#include <algorithm>
+
+namespace zps {
+
+namespace {
+
+constexpr int RowsAtATime = 2000;
+constexpr int RowsWithoutProgress = 50000;
+
+}  // namespace
+
+LogCopy::LogCopy(const QAbstractItemModel& model, QWidget& owner) : Model(model), Owner(owner) {
+    connect(&Pause, &QTimer::timeout, this, &LogCopy::CopySome);
+    connect(&Model, &QAbstractItemModel::rowsRemoved, this, &LogCopy::Cancel);
+}
+
+void LogCopy::Start(int first, int last) {
+    Cancel();
+    First = Next = first;
+    Last = last;
+    AddLine([this](int column) {
+        return Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    });
+    if (last - first >= RowsWithoutProgress) ShowProgress();
+    Pause.start(0);
+    CopySome();
+}
+
+void LogCopy::Cancel() {
+    Pause.stop();
+    Text = {};
+    if (Progress) {
+        Progress->disconnect(this);
+        Progress->close();
+        Progress->deleteLater();
+        Progress = nullptr;
+    }
+}
+
+void LogCopy::CopySome() {
+    const int end = std::min(Next + RowsAtATime - 1, Last);
+    for (; Next <= end; ++Next) {
+        AddLine([this](int column) { return Model.index(Next, column).data().toString(); });
+    }
+    if (Progress) Progress->setValue(Next - First);
+    if (Next > Last) Finish();
+}
+
+void LogCopy::AddLine(const std::function<QString(int column)>& cell) {
+    const int columns = Model.columnCount();
+    for (int column = 0; column < columns; ++column) {
+        if (column > 0) Text += '\t';
+        Text += cell(column).toUtf8();
+    }
+    Text += '\n';
+}
+
+// The box leaves the window usable: the output must be within reach at any time.
+void LogCopy::ShowProgress() {
+    Progress = new QProgressDialog(QStringLiteral("측정 데이타를 복사하고 있습니다."),
+                                   QStringLiteral("취소"), 0, Last - First + 1, &Owner);
+    Progress->setWindowTitle(QStringLiteral("측정 데이타 복사"));
+    Progress->setAutoReset(false);
+    Progress->setMinimumDuration(0);
+    connect(Progress, &QProgressDialog::canceled, this, &LogCopy::Cancel);
+    Progress->show();
+}
+
+void LogCopy::Finish() {
+    auto* content = new QMimeData;
+    content->setData(QStringLiteral("text/plain"), Text);
+    QGuiApplication::clipboard()->setMimeData(content);
+    Cancel();
+}
+
+}  // namespace zps

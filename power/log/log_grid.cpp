@@ -1,0 +1,240 @@
+#include "power/log/log_grid.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionHeader>
+
+#include <algorithm>
+
+namespace zps {
+
+namespace {
+
+constexpr int CellMargin = 5;       // px, left and right of a cell's text
+constexpr int MinColumnWidth = 91;  // px
+constexpr int SuggestedRows = 12;
+constexpr int MinRows = 5;
+
+}  // namespace
+
+LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
+    : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
+    verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이타 표 이동"));
+    setFocusPolicy(Qt::StrongFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    AddCopyActions();
+    connect(&model, &QAbstractItemModel::rowsInserted, this, &LogGrid::RowsChanged);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, &LogGrid::RowsChanged);
+    connect(&model, &QAbstractItemModel::dataChanged, viewport(), qOverload<>(&QWidget::update));
+}
+
+void LogGrid::AddCopyActions() {
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* copy = new QAction(QStringLiteral("복사(&C)"), this);
+    copy->setShortcut(QKeySequence::Copy);
+    connect(copy, &QAction::triggered, this,
+            [this] { Copy.Start(FirstSelected() - 1, LastSelected() - 1); });
+    auto* all = new QAction(QStringLiteral("모두 선택(&A)"), this);
+    all->setShortcut(QKeySequence::SelectAll);
+    connect(all, &QAction::triggered, this, &LogGrid::SelectAll);
+    for (QAction* action : {copy, all}) {
+        action->setShortcutContext(Qt::WidgetShortcut);
+        addAction(action);
+    }
+}
+
+int LogGrid::TopRow() const {
+    return verticalScrollBar()->value() + 1;
+}
+
+int LogGrid::VisibleRows() const {
+    return std::max(1, viewport()->height() / RowHeight() - 1);
+}
+
+int LogGrid::RowHeight() const {
+    return fontMetrics().height() + 4;
+}
+
+QRect LogGrid::CellRect(int row, int column) const {
+    const int columns = Model.columnCount();
+    const int left = viewport()->width() * column / columns;
+    const int right = viewport()->width() * (column + 1) / columns;
+    const int line = row == 0 ? 0 : row - TopRow() + 1;
+    return {left, line * RowHeight(), right - left, RowHeight()};
+}
+
+int LogGrid::RowAt(int y) const {
+    const int line = y >= 0 ? y / RowHeight() : -1;
+    return std::clamp(TopRow() + line - 1, 1, RowCount());
+}
+
+QSize LogGrid::SizeForRows(int rows) const {
+    const int text = fontMetrics().horizontalAdvance(QStringLiteral("0000000.00"));
+    const int column = std::max(MinColumnWidth, text + 2 * CellMargin);
+    const int frame = 2 * frameWidth();
+    return {Model.columnCount() * column + verticalScrollBar()->sizeHint().width() + frame,
+            (rows + 1) * RowHeight() + frame};
+}
+
+QSize LogGrid::sizeHint() const {
+    return SizeForRows(SuggestedRows);
+}
+
+QSize LogGrid::minimumSizeHint() const {
+    return SizeForRows(MinRows);
+}
+
+void LogGrid::RowsChanged() {
+    Anchor = std::min(Anchor, RowCount());
+    Current = std::min(Current, RowCount());
+    UpdateScrollBar();
+    const int newest = RowCount();
+    if (newest <= TopRow() + VisibleRows()) viewport()->update();
+}
+
+void LogGrid::UpdateScrollBar() {
+    QScrollBar& bar = *verticalScrollBar();
+    const bool following = bar.value() == bar.maximum();
+    const int rows = VisibleRows();
+    bar.setPageStep(rows);
+    bar.setRange(0, std::max(0, RowCount() - rows));
+    if (following) bar.setValue(bar.maximum());
+}
+
+void LogGrid::scrollContentsBy(int /*dx*/, int /*dy*/) {
+    viewport()->update();
+    Q_EMIT Scrolled();
+}
+
+void LogGrid::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    UpdateScrollBar();
+}
+
+bool LogGrid::event(QEvent* event) {
+    const bool done = QAbstractScrollArea::event(event);
+    switch (event->type()) {
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            viewport()->update();
+            break;
+        case QEvent::FontChange:
+        case QEvent::StyleChange:
+            updateGeometry();
+            UpdateScrollBar();
+            break;
+        default:
+            break;
+    }
+    return done;
+}
+
+void LogGrid::SelectAll() {
+    Anchor = 1;
+    Current = RowCount();
+    viewport()->update();
+    DescribeSelection();
+}
+
+void LogGrid::MoveTo(int row, bool extend) {
+    Current = std::clamp(row, 1, RowCount());
+    if (!extend) Anchor = Current;
+    const int top = std::clamp(TopRow(), Current - VisibleRows() + 1, Current);
+    verticalScrollBar()->setValue(top - 1);
+    viewport()->update();
+    DescribeSelection();
+}
+
+// What a screen reader says: the current row, cell by cell.
+void LogGrid::DescribeSelection() {
+    QStringList cells;
+    for (int column = 0; column < Model.columnCount(); ++column) {
+        cells << Model.headerData(column, Qt::Horizontal).toString() + u' ' +
+                     Model.index(Current - 1, column).data().toString();
+    }
+    setAccessibleDescription(cells.join(QStringLiteral(", ")));
+}
+
+void LogGrid::keyPressEvent(QKeyEvent* event) {
+    const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
+    switch (event->key()) {
+        case Qt::Key_Up:
+            return MoveTo(Current - 1, extend);
+        case Qt::Key_Down:
+            return MoveTo(Current + 1, extend);
+        case Qt::Key_PageUp:
+            return MoveTo(Current - VisibleRows(), extend);
+        case Qt::Key_PageDown:
+            return MoveTo(Current + VisibleRows(), extend);
+        case Qt::Key_Home:
+            return MoveTo(1, extend);
+        case Qt::Key_End:
+            return MoveTo(RowCount(), extend);
+        default:
+            QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+// A click of the right button opens the menu for the rows that are selected.
+void LogGrid::mousePressEvent(QMouseEvent* event) {
+    const int y = event->position().toPoint().y();
+    const int row = RowAt(y);
+    const bool onRow = y >= RowHeight() && CellRect(row, 0).contains(0, y);
+    if (event->button() != Qt::LeftButton || !onRow) return;
+    MoveTo(row, event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void LogGrid::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons().testFlag(Qt::LeftButton))
+        MoveTo(RowAt(event->position().toPoint().y()), true);
+}
+
+void LogGrid::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(viewport());
+    const int last = std::min(RowCount(), TopRow() + VisibleRows());  // it may be seen in part
+    for (int row = TopRow(); row <= last; ++row) PaintRow(painter, row);
+    PaintHeader(painter);
+}
+
+void LogGrid::PaintHeader(QPainter& painter) {
+    QStyleOptionHeader option;
+    option.initFrom(this);
+    for (int column = 0; column < Model.columnCount(); ++column) {
+        option.rect = CellRect(0, column);
+        option.section = column;
+        option.text = Model.headerData(column, Qt::Horizontal).toString();
+        option.textAlignment =
+            Qt::Alignment(Model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
+        style()->drawControl(QStyle::CE_Header, &option, &painter, this);
+    }
+}
+
+void LogGrid::PaintRow(QPainter& painter, int row) {
+    const bool selected = row >= FirstSelected() && row <= LastSelected();
+    for (int column = 0; column < Model.columnCount(); ++column) {
+        const QRect cell = CellRect(row, column);
+        const QModelIndex index = Model.index(row - 1, column);
+        if (selected) painter.fillRect(cell, palette().highlight());
+        painter.setPen(palette().color(QPalette::Midlight));
+        painter.drawLine(cell.bottomLeft(), cell.bottomRight());
+        painter.drawLine(cell.topRight(), cell.bottomRight());
+        painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
+        painter.drawText(cell.adjusted(CellMargin, 0, -CellMargin, 0),
+                         index.data(Qt::TextAlignmentRole).toInt(), index.data().toString());
+    }
+    if (hasFocus() && row == Current) PaintFocus(painter, row);
+}
+
+void LogGrid::PaintFocus(QPainter& painter, int row) {
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = CellRect(row, 0).united(CellRect(row, Model.columnCount() - 1));
+    option.backgroundColor = palette().color(QPalette::Highlight);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+}  // namespace zps

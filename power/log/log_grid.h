@@ -1,0 +1,76 @@
+// The grid of the measurement log: draws only the rows that are seen, however many there are.
+#pragma once
+
+#include "power/log/log_copy.h"
+
+#include <QAbstractItemModel>
+#include <QAbstractScrollArea>
+
+#include <algorithm>
+
+namespace zps {
+
+// A table with a header row and columns of equal width. Besides the model it holds no memory that
+// grows with the rows, and no operation's cost does.
+//
+// Rows count as the operator sees them: row 0 is the header, row 1 the first row of the model,
+// which has one at least. The grid follows the newest row while it stands at the end; elsewhere it
+// stays.
+//
+// Keys and mouse select one range of rows; Ctrl+C, Ctrl+A and the context menu copy it.
+class LogGrid : public QAbstractScrollArea {
+    Q_OBJECT
+  public:
+    // `model` outlives the grid.
+    explicit LogGrid(QAbstractItemModel& model, QWidget* parent = nullptr);
+
+    int RowCount() const { return Model.rowCount(); }  // without the header
+    int TopRow() const;                                // the first row that is seen
+    int VisibleRows() const;                           // rows that fit whole, 1 at least
+
+    // Where a cell is in the viewport; the header's cells stand above the top row's.
+    QRect CellRect(int row, int column) const;
+
+    int FirstSelected() const { return std::min(Anchor, Current); }
+    int LastSelected() const { return std::max(Anchor, Current); }
+    // Selects one row and scrolls to it.
+    void SelectRow(int row) { MoveTo(row, false); }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  Q_SIGNALS:
+    // The top visible row has changed, by whatever means.
+    void Scrolled();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    void AddCopyActions();
+    void RowsChanged();
+    void UpdateScrollBar();
+    void SelectAll();
+    void MoveTo(int row, bool extend);
+    void DescribeSelection();
+
+    int RowHeight() const;
+    int RowAt(int y) const;
+    QSize SizeForRows(int rows) const;
+    void PaintHeader(QPainter& painter);
+    void PaintRow(QPainter& painter, int row);
+    void PaintFocus(QPainter& painter, int row);
+
+    QAbstractItemModel& Model;
+    LogCopy Copy;
+    int Anchor = 1;   // where the selection began
+    int Current = 1;  // where it was moved to
+};
+
+}  // namespace zps

@@ -1,0 +1,133 @@
+#include "power/log/measurement_log.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace zps {
+
+namespace {
+
+QString Zero() {
+    return QStringLiteral("0");
+}
+
+std::int8_t DecimalsOf(const QString& text) {
+    if (text.isEmpty()) return -1;
+    const auto point = text.indexOf(u'.');
+    return static_cast<std::int8_t>(point < 0 ? 0 : text.size() - point - 1);
+}
+
+}  // namespace
+
+MeasurementLog::MeasurementLog(QWidget* parent)
+    : QWidget(parent),
+      Model(new LogModel(this)),
+      MSFlexGrid1(new LogGrid(*Model, this)),
+      MSChart1(new LogChart(this)),
+      Label6(new QLabel(QStringLiteral("1"), this)) {
+    MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
+    MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이타 표"));
+    MSChart1->setObjectName(QStringLiteral("MSChart1"));
+    MSChart1->setAccessibleName(QStringLiteral("측정 데이타 그래프"));
+    Label6->setObjectName(QStringLiteral("Label6"));
+    Label6->setAccessibleName(QStringLiteral("맨 위 행 번호"));
+    LayOut();
+    connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
+}
+
+void MeasurementLog::LayOut() {
+    auto* top = new QHBoxLayout;
+    top->addWidget(new QLabel(QStringLiteral("맨 위 행")));
+    top->addWidget(Label6);
+    top->addStretch(1);
+    auto* table = new QVBoxLayout;
+    table->addLayout(top);
+    table->addWidget(MSFlexGrid1, 1);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addLayout(table, 1);
+    row->addWidget(MSChart1, 1);
+}
+
+void MeasurementLog::Restart(const QString& stepCaption) {
+    Model->SetZeroRow({Zero(), Zero(), stepCaption, Zero(), Zero()});
+    EmptyChartData();
+    SampleNo = 0;
+    LogStart.reset();
+}
+
+void MeasurementLog::NoteReply() {
+    if (SampleNo == 0 && !LogStart) NoteStart();
+}
+
+void MeasurementLog::NoteStart() {
+    LogStart = Now();
+    MSChart1->SetData(ChartData);
+}
+
+void MeasurementLog::Append(int step, float volts, float amps, const QString& voltText,
+                            const QString& currText) {
+    if (!LogStart) NoteStart();
+    ++SampleNo;
+    using Hundredths = std::chrono::duration<std::uint32_t, std::centi>;
+    const auto passed = Now() - *LogStart + std::chrono::milliseconds(5);  // halves go up
+    Model->Append({.Volts = volts,
+                   .Amps = amps,
+                   .Hundredths = std::chrono::duration_cast<Hundredths>(passed).count(),
+                   .Step = static_cast<std::uint8_t>(step),
+                   .VoltDecimals = DecimalsOf(voltText),
+                   .CurrDecimals = DecimalsOf(currText)},
+                  SampleNo);
+    AddToChartData(voltText, currText);
+    MSChart1->SetData(ChartData);
+}
+
+void MeasurementLog::AddToChartData(const QString& voltText, const QString& currText) {
+    if (SampleValue < ChartRows) {
+        ++SampleValue;
+    } else {
+        std::rotate(ChartData.begin(), ChartData.begin() + 1, ChartData.end());
+    }
+    ChartData[static_cast<std::size_t>(SampleValue - 1)] = {voltText, currText};
+}
+
+void MeasurementLog::EmptyChartData() {
+    ChartData = {};
+    SampleValue = 0;
+}
+
+void MeasurementLog::Clear(const QString& stepCaption, const QString& voltText,
+                           const QString& currText) {
+    Model->ClearSamples();  // scrolls, and so may fill the chart
+    EmptyChartData();
+    MSChart1->SetData(ChartData);
+    Model->SetZeroRow({Zero(), Zero(), stepCaption, voltText, currText});
+    MSFlexGrid1->SelectRow(1);
+}
+
+void MeasurementLog::MSFlexGrid1_Scroll() {
+    const int top = MSFlexGrid1->TopRow();
+    Label6->setText(QString::number(top));
+    if (Running) return;
+    for (int row = 0; row < ChartRows; ++row) {
+        const auto cell = [&](LogColumn column) {
+            return CellText(top + row, static_cast<int>(column));
+        };
+        ChartData[static_cast<std::size_t>(row)] = {cell(LogColumn::Voltage),
+                                                    cell(LogColumn::Current)};
+    }
+    MSChart1->SetData(ChartData);
+}
+
+QString MeasurementLog::CellText(int row, int column) const {
+    if (row == 0) return Model->headerData(column, Qt::Horizontal).toString();
+    return Model->index(row - 1, column).data().toString();
+}
+
+const std::array<QString, ChartColumns>& MeasurementLog::ChartRow(int row) const {
+    return ChartData.at(static_cast<std::size_t>(row - 1));
+}
+
+}  // namespace zps

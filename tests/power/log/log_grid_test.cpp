@@ -1,0 +1,106 @@
+#include "tests/power/log/shown_log.h"
+
+namespace zps::tests {
+namespace {
+
+// Ten million rows without memory, that counts what the grid asks for.
+class CountingModel : public QAbstractTableModel {
+  public:
+    int rowCount(const QModelIndex& /*parent*/ = {}) const override { return 10'000'000; }
+    int columnCount(const QModelIndex& /*parent*/ = {}) const override { return LogColumns; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole) return Qt::AlignRight;
+        ++TextsRead;
+        return index.row();
+    }
+    mutable int TextsRead = 0;
+};
+
+TEST_F(ShownLog, GridFollowsTheNewestRowWhileItStandsAtTheEnd) {
+    StartRun();
+    Sample(1, 100);
+    EXPECT_EQ(Grid.TopRow(), 101 - Grid.VisibleRows() + 1);
+    EXPECT_EQ(TopRowShown(), std::to_string(Grid.TopRow()));
+    Log.resize(1000, 500);
+    Sample(101, 101);
+    Log.resize(1000, 250);
+    Sample(102, 102);
+    EXPECT_EQ(Grid.TopRow(), 103 - Grid.VisibleRows() + 1);
+}
+
+TEST_F(ShownLog, GridStaysWhereTheOperatorScrolledIt) {
+    StartRun();
+    Sample(1, 100);
+    ScrollTo(40);
+    Sample(101, 200);
+    EXPECT_EQ(Grid.TopRow(), 40);
+    EXPECT_EQ(TopRowShown(), "40");
+    Log.Restart(QStringLiteral("00"));
+    Sample(201, 210);
+    EXPECT_EQ(Grid.TopRow(), 40);
+    QTest::keyClick(&Grid, Qt::Key_End);
+    Sample(211, 220);
+    EXPECT_EQ(Grid.TopRow(), 221 - Grid.VisibleRows() + 1);
+}
+
+TEST_F(ShownLog, KeysMoveAndExtendTheSelection) {
+    struct Press {
+        Qt::Key Key;
+        bool Shift;
+        int First, Last;
+    };
+    StartRun();
+    Sample(1, 99);
+    const int page = Grid.VisibleRows();
+    ScrollTo(1);
+    for (const Press& press :
+         {Press{Qt::Key_Down, false, 2, 2}, Press{Qt::Key_Up, false, 1, 1},
+          Press{Qt::Key_Up, false, 1, 1}, Press{Qt::Key_Down, true, 1, 2},
+          Press{Qt::Key_PageDown, false, 2 + page, 2 + page},
+          Press{Qt::Key_PageUp, true, 2, 2 + page}, Press{Qt::Key_End, true, 2 + page, 100},
+          Press{Qt::Key_Down, false, 100, 100}, Press{Qt::Key_Home, true, 1, 100}}) {
+        QTest::keyClick(&Grid, press.Key, press.Shift ? Qt::ShiftModifier : Qt::NoModifier);
+        EXPECT_EQ(Grid.FirstSelected(), press.First) << press.Key;
+        EXPECT_EQ(Grid.LastSelected(), press.Last) << press.Key;
+    }
+    EXPECT_EQ(Grid.TopRow(), 1);
+    EXPECT_TRUE(Grid.accessibleDescription().startsWith(QStringLiteral("NO 0, TIME(sec) 0, STEP")));
+}
+
+TEST_F(ShownLog, MouseSelectsAndExtendsTheSelection) {
+    StartRun();
+    Sample(1, 99);
+    ScrollTo(20);
+    QWidget& rows = *Grid.viewport();
+    const auto at = [this](int row) { return Grid.CellRect(row, 1).center(); };
+    QTest::mouseClick(&rows, Qt::LeftButton, {}, at(21));
+    EXPECT_EQ(Grid.FirstSelected(), 21);
+    QTest::mouseClick(&rows, Qt::LeftButton, Qt::ShiftModifier, at(23));
+    EXPECT_EQ(Grid.FirstSelected(), 21);
+    EXPECT_EQ(Grid.LastSelected(), 23);
+    QTest::mouseClick(&rows, Qt::LeftButton, {}, at(0));  // the header
+    EXPECT_EQ(Grid.LastSelected(), 23);
+    QTest::mousePress(&rows, Qt::LeftButton, {}, at(22));
+    QTest::mouseMove(&rows, at(0));  // a row further up
+    EXPECT_EQ(Grid.FirstSelected(), 19);
+    EXPECT_EQ(Grid.LastSelected(), 22);
+    EXPECT_EQ(Grid.TopRow(), 19);
+}
+
+TEST(LogGridPainting, ReadsOnlyTheRowsThatAreSeen) {
+    CountingModel model;
+    LogGrid grid(model);
+    grid.resize(500, 300);
+    grid.grab();
+    for (const int row : {1, 5'000'000, 10'000'000}) {
+        grid.SelectRow(row);
+        model.TextsRead = 0;
+        grid.grab();
+        EXPECT_GE(model.TextsRead, grid.VisibleRows() * LogColumns);
+        EXPECT_LE(model.TextsRead, (grid.VisibleRows() + 1) * LogColumns);
+    }
+    EXPECT_EQ(grid.TopRow(), 10'000'000 - grid.VisibleRows() + 1);
+}
+
+}  // namespace
+}  // namespace zps::tests

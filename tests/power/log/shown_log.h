@@ -1,0 +1,65 @@
+// A measurement log in a window, with a clock that the test sets.
+#pragma once
+
+#include "power/log/measurement_log.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+namespace zps::tests {
+
+class ShownLog : public testing::Test {
+  protected:
+    void SetUp() override {
+        Log.SetClock([this] { return Time; });
+        Log.resize(1000, 300);
+        Log.show();
+        Grid.setFocus();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Log));
+    }
+
+    void StartRun() {
+        Log.SetRunning(true);
+        Log.Restart(QStringLiteral("07"));
+    }
+
+    // Samples of 1 V and 0.1 A, 2 V and 0.2 A and so on, 0.165 s apart.
+    void Sample(int from, int to) {
+        for (int k = from; k <= to; ++k) {
+            Time += std::chrono::milliseconds(165);
+            const float volts = static_cast<float>(k);
+            Log.Append(k % 100, volts, volts / 10, QString::number(k) + QStringLiteral(".00"),
+                       QString::number(volts / 10, 'f', 3));
+        }
+    }
+
+    // A row of the grid, or of the chart's table, as one text.
+    std::string Row(int row) const {
+        QStringList cells;
+        for (int column = 0; column < LogColumns; ++column) cells << Log.CellText(row, column);
+        return cells.join(u'|').toStdString();
+    }
+    std::string Chart(int row) const {
+        return (Log.ChartRow(row)[0] + u'|' + Log.ChartRow(row)[1]).toStdString();
+    }
+
+    std::string TopRowShown() { return Control<QLabel>("Label6").text().toStdString(); }
+    void ScrollTo(int topRow) { Grid.verticalScrollBar()->setValue(topRow - 1); }
+
+    template <typename Kind>
+    Kind& Control(const char* name) {
+        return *Log.findChild<Kind*>(QString::fromLatin1(name));
+    }
+
+    MeasurementLog::Clock::time_point Time{std::chrono::hours(1)};
+    MeasurementLog Log;
+    LogGrid& Grid = Control<LogGrid>("MSFlexGrid1");
+};
+
+}  // namespace zps::tests
