@@ -268,6 +268,8 @@ PowerControls MakePowerControls(QMainWindow& window) {
     view->setWidgetResizable(true);
     view->setFrameShape(QFrame::NoFrame);
     view->setFocusPolicy(Qt::NoFocus);
+    view->verticalScrollBar()->setAccessibleName(QStringLiteral("창 위아래 이동"));
+    view->horizontalScrollBar()->setAccessibleName(QStringLiteral("창 좌우 이동"));
     window.setCentralWidget(view);
     return controls;
 }

@@ -62,14 +62,18 @@ void MakePower(SetManualControls& controls) {
     for (int address = 1; address <= HighestAddress; ++address) {
         controls.cmbADDR->addItem(QString::number(address));
     }
+    controls.cmbMODEL->lineEdit()->setAccessibleName(controls.cmbMODEL->accessibleName());
     auto* form = new QFormLayout(controls.frmPOW_SETTING);
-    form->addRow(MakeLabel(QStringLiteral("Label6"), QStringLiteral("Model No.")),
-                 controls.cmbMODEL);
-    form->addRow(MakeLabel(QStringLiteral("Label2_0"), QStringLiteral("Max.Voltage")),
-                 controls.POWERVoltage);
-    form->addRow(MakeLabel(QStringLiteral("Label2_2"), QStringLiteral("Max.Current")),
-                 controls.POWERCurrent);
-    form->addRow(MakeLabel(QStringLiteral("Label1"), QStringLiteral("Address")), controls.cmbADDR);
+    const auto addRow = [form](const char* name, const char* text, QWidget* field) {
+        auto* label =
+            MakeLabel(QString::fromUtf8(name), QString::fromUtf8(text), field->accessibleName());
+        label->setBuddy(field);  // on some desktops a list is known by its label alone
+        form->addRow(label, field);
+    };
+    addRow("Label6", "Model No.", controls.cmbMODEL);
+    addRow("Label2_0", "Max.Voltage", controls.POWERVoltage);
+    addRow("Label2_2", "Max.Current", controls.POWERCurrent);
+    addRow("Label1", "Address", controls.cmbADDR);
 }
 
 QLabel* MakeResult(const QString& name, const QString& accessible) {

@@ -1,0 +1,131 @@
+#!/usr/bin/python3
+"""Every control of the panel has a name and a role on the desktop's accessibility bus, and can be
+found, read and pressed through it, as a screen reader does. On a display and a bus of its own:
+
+    with-xvfb dbus-run-session -- names_test.py PANEL SIMULATOR
+"""
+import os
+import subprocess
+import sys
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+CONTROLS = {
+    Atspi.Role.PUSH_BUTTON,
+    Atspi.Role.TEXT,
+    Atspi.Role.COMBO_BOX,
+    Atspi.Role.RADIO_BUTTON,
+    Atspi.Role.SCROLL_BAR,
+    Atspi.Role.TABLE,
+}
+IN_SETTINGS = {"통신 포트 COM1", "전원 주소", "모델 이름", "통신 확인", "DATA 확인"}
+IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동"}
+
+
+def fail(reason):
+    sys.exit(f"FAILED: {reason}")
+
+
+def wait_for(what, description, limit=20.0):
+    """What `what` returns once that is true."""
+    end = time.monotonic() + limit
+    while time.monotonic() < end:
+        try:
+            found = what()
+        except GLib.Error:  # a window that has just gone
+            found = None
+        if found:
+            return found
+        time.sleep(0.05)
+    fail(f"{description} did not come about in {limit} s")
+
+
+def below(node):
+    yield node
+    for index in range(node.get_child_count()):
+        child = node.get_child_at_index(index)
+        if child is not None:
+            yield from below(child)
+
+
+def find(name):
+    for node in below(Atspi.get_desktop(0)):
+        if node.get_name() == name and node.get_state_set().contains(Atspi.StateType.SHOWING):
+            return node
+    return None
+
+
+def name_of(control):
+    """Its name; that of its label for a list, which is itself named after its present choice."""
+    relations = control.get_relation_set() if control.get_role() == Atspi.Role.COMBO_BOX else []
+    for relation in relations:
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            return relation.get_target(0).get_name()
+    return control.get_name()
+
+
+def check_names(window_name, expected):
+    window = wait_for(lambda: find(window_name), f"the window {window_name}")
+    controls = [
+        node
+        for node in below(window)
+        if node.get_role() in CONTROLS and node.get_state_set().contains(Atspi.StateType.SHOWING)
+    ]
+    nameless = [node.get_role_name() for node in controls if not name_of(node).strip()]
+    missing = expected - {name_of(node) for node in controls}
+    if nameless or missing:
+        fail(f"{window_name}: without a name {nameless}, not found by name {sorted(missing)}")
+    print(f"{window_name}: {len(controls)} controls, each with name and role")
+
+
+def says(name, text):
+    node = find(name)
+    return node is not None and node.get_description() == text
+
+
+def press(name):
+    find(name).get_action().do_action(0)  # the first action of a button is to press it
+
+
+def settings_closed():
+    subprocess.run(["xdotool", "key", "Escape"], check=True)
+    return find("ZPS설정") is None
+
+
+def use_panel():
+    check_names("ZPS설정", IN_SETTINGS)
+    wait_for(lambda: says("DATA 확인 결과", "통신ok = DATA수신!!!"), "the spoken result")
+    wait_for(settings_closed, "the settings window's end")
+    wait_for(lambda: says("제어 경로", "RS232"), "remote control")
+    check_names("ZPS-RS232", IN_MAIN)
+    press("과전류 보호")
+    wait_for(lambda: says("과전류 보호 상태", "ON"), "the switch pressed from outside")
+
+
+def main():
+    program, simulator = sys.argv[1:]
+    with tempfile.TemporaryDirectory() as links:
+        environment = {
+            **os.environ,
+            "XDG_RUNTIME_DIR": links,
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+        }
+        supply = subprocess.Popen([simulator, "--port", "1"], env=environment,
+                                  stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+        link = os.path.join(links, "zps-rs232", "COM1")
+        wait_for(lambda: os.path.exists(link), "the simulated line")
+        panel = subprocess.Popen([program], env=environment)
+        try:
+            use_panel()
+        finally:
+            panel.kill()
+            supply.terminate()
+            supply.wait()
+
+
+main()
