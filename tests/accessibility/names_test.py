@@ -89,7 +89,7 @@ def says(name, text):
 
 
 def press(name):
-    find(name).get_action().do_action(0)  # the first action of a button is to press it
+    find(name).do_action(0)  # the first action of a button is to press it
 
 
 def settings_closed():
