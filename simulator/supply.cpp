@@ -173,12 +173,12 @@ void Supply::SetValue(StepValues& step, const Command& command) const {
             step.OvpVolts = static_cast<double>(word) / Now.VoltScale;
             break;
         case 'T':
-            std::ranges::copy(data, step.TimeRaw.begin());
+            std::copy_n(data.begin(), step.TimeRaw.size(), step.TimeRaw.begin());
             step.StepTime =
                 seconds(word) + milliseconds(Word(data, 2)) + microseconds(data[4] * 10);
             break;
         case 'D':
-            std::ranges::copy(data, step.SlopeRaw.begin());
+            std::copy_n(data.begin(), step.SlopeRaw.size(), step.SlopeRaw.begin());
             step.Slope = milliseconds(word) + microseconds(data[2] * 10);
             break;
         default:
