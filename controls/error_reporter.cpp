@@ -3,6 +3,8 @@
 #include "serial/port.h"
 #include "source/errors.h"
 
+#include <utility>
+
 namespace zps {
 
 Message PortMessage(int commPort, const QString& reason) {
@@ -10,28 +12,22 @@ Message PortMessage(int commPort, const QString& reason) {
             QStringLiteral("COM%1 포트를 사용할 수 없습니다.\n%2").arg(commPort).arg(reason)};
 }
 
-void ErrorReporter::Run(Origin origin, const std::function<void()>& handler) {
+void ErrorReporter::Run(const void* timer, const std::function<void()>& handler) {
     try {
         handler();
-        if (origin == Origin::Timer) TimerErrorShown = false;
+        ShownForTimer.erase(timer);
     } catch (const serial::PortError& error) {
-        Report(origin, PortMessage(error.CommPort, QString::fromStdString(error.what())));
+        Report(timer, PortMessage(error.CommPort, QString::fromStdString(error.what())));
     } catch (const OverflowError& error) {
-        Report(origin, {MessageIcon::Critical, QStringLiteral("값 변환 에라"),
-                        QStringLiteral("값을 보낼 수 없어 동작을 중단했습니다.\n%1")
-                            .arg(QString::fromStdString(error.what()))});
+        Report(timer, {MessageIcon::Critical, QStringLiteral("값 변환 에라"),
+                       QStringLiteral("값을 보낼 수 없어 동작을 중단했습니다.\n%1")
+                           .arg(QString::fromStdString(error.what()))});
     }
 }
 
-void ErrorReporter::ReportPort(int commPort, const QString& reason) {
-    Boxes.Show(Parent, PortMessage(commPort, reason));
-}
-
-void ErrorReporter::Report(Origin origin, const Message& message) {
-    if (origin == Origin::Timer) {
-        if (TimerErrorShown) return;
-        TimerErrorShown = true;
-    }
+void ErrorReporter::Report(const void* timer, const Message& message) {
+    if (timer != nullptr && std::exchange(ShownForTimer[timer], message.Text) == message.Text)
+        return;
     Boxes.Show(Parent, message);
 }
 

@@ -4,29 +4,25 @@
 #include "controls/message_boxes.h"
 
 #include <functional>
+#include <map>
 
 namespace zps {
-
-// Whether a timer repeats the handler by itself, or a person or the line started it.
-enum class Origin : std::uint8_t { Event, Timer };
 
 class ErrorReporter {
   public:
     ErrorReporter(MessageBoxes& boxes, QWidget* parent) : Boxes(boxes), Parent(parent) {}
 
     // Runs `handler`. A PortError or OverflowError abandons it and is shown in a critical box; one
-    // that a timer meets again is not shown again until a timer's handler has succeeded.
-    void Run(Origin origin, const std::function<void()>& handler);
-
-    // Shows that port `commPort` could not be used.
-    void ReportPort(int commPort, const QString& reason);
+    // that `timer` (null: a person or the line started the handler) meets again is not shown again
+    // until that timer's handler has succeeded.
+    void Run(const void* timer, const std::function<void()>& handler);
 
   private:
-    void Report(Origin origin, const Message& message);
+    void Report(const void* timer, const Message& message);
 
     MessageBoxes& Boxes;
     QWidget* Parent;
-    bool TimerErrorShown = false;
+    std::map<const void*, QString> ShownForTimer;
 };
 
 // The message for a port that can't be used.

@@ -6,16 +6,16 @@
 
 namespace zps {
 
-void Handlers::Run(const std::function<void()>& handler, Origin origin) {
+void Handlers::Run(const std::function<void()>& handler, const void* timer) {
     ++Depth;
-    Errors.Run(origin, handler);
+    Errors.Run(timer, handler);
     --Depth;
     if (!Busy()) ScheduleWaiting();
 }
 
 void Handlers::RunWhenFree(const void* who, Origin origin, std::function<void()> handler) {
-    if (!Busy()) {
-        Run(handler, origin);
+    if (!Busy() && Queue.empty()) {
+        Run(handler, origin == Origin::Timer ? who : nullptr);
         return;
     }
     const bool waits = std::any_of(Queue.begin(), Queue.end(),
@@ -40,7 +40,7 @@ void Handlers::RunWaiting() {
     if (Busy() || Queue.empty()) return;
     const Waiting next = std::move(Queue.front());
     Queue.erase(Queue.begin());
-    Run(next.Handler, next.From);
+    Run(next.Handler, next.From == Origin::Timer ? next.Who : nullptr);
 }
 
 }  // namespace zps

@@ -5,11 +5,15 @@
 
 #include <QObject>
 
+#include <cstdint>
 #include <functional>
 #include <utility>
 #include <vector>
 
 namespace zps {
+
+// Whether a timer repeats the handler by itself, or a person or the line started it.
+enum class Origin : std::uint8_t { Event, Timer };
 
 // A window's handlers run through here. Handlers of a person's events run at once. Those of timers
 // and of the port wait while another handler, or a message box that it opened, is up; each waits as
@@ -20,7 +24,8 @@ class Handlers : public QObject {
 
     ErrorReporter Errors;
 
-    void Run(const std::function<void()>& handler, Origin origin = Origin::Event);
+    // `timer` is the timer whose tick the handler is, if it is one.
+    void Run(const std::function<void()>& handler, const void* timer = nullptr);
     void RunWhenFree(const void* who, Origin origin, std::function<void()> handler);
 
     // Whether a handler is up.

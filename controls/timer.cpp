@@ -29,7 +29,7 @@ void Timer::Elapse() {
         if (Enabled() && Tick) Tick();
     };
     if (Mode == TickMode::AtOnce) {
-        Window.Run(tick, Origin::Timer);
+        Window.Run(tick, this);
     } else {
         Window.RunWhenFree(this, Origin::Timer, tick);
     }
