@@ -67,7 +67,9 @@ void Program::DropClosed() {
 
 void Program::ShowAbout() {
     if (!About) {
-        About = std::make_unique<frmAbout>(Power.get(), platform::FindSystemInformationTool());
+        // Not a child: it would be disabled with the main window.
+        About = std::make_unique<frmAbout>(nullptr, platform::FindSystemInformationTool());
+        StandAbove(*About, *Power);
     }
     About->show();
     About->raise();
