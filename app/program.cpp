@@ -50,6 +50,7 @@ void Program::ShowPortWindow() {
     OpenWindow->Form_Load();
     OpenWindow->show();
     OpenWindow->activateWindow();
+    if (About) About->setEnabled(true);  // its parent, the main window, has disabled it too
 }
 
 void Program::PortWindowClosed() {
@@ -67,9 +68,7 @@ void Program::DropClosed() {
 
 void Program::ShowAbout() {
     if (!About) {
-        // Not a child: it would be disabled with the main window.
-        About = std::make_unique<frmAbout>(nullptr, platform::FindSystemInformationTool());
-        StandAbove(*About, *Power);
+        About = std::make_unique<frmAbout>(Power.get(), platform::FindSystemInformationTool());
     }
     About->show();
     About->raise();
