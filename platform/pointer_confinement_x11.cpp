@@ -82,7 +82,7 @@ bool GrabPointer(xcb_connection_t* connection, xcb_window_t window, xcb_window_t
     return grabbed;
 }
 
-class X11PointerConfinement : public PointerConfinement, public QObject {
+class X11PointerConfinement final : public PointerConfinement, public QObject {
   public:
     X11PointerConfinement() {
         Again.setSingleShot(true);

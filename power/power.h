@@ -36,8 +36,8 @@ class POWER : public QMainWindow {
     // Gives the port up to another window and disables this one. False, and nothing done, if an
     // entry in error keeps the focus.
     bool HandOver();
-    // Takes the port back, shows and enables the window in any case. The error if the port could not
-    // be opened; ReportPort shows it.
+    // Takes the port back, shows and enables the window in any case. The error if the port could
+    // not be opened; ReportPort shows it.
     std::optional<serial::PortError> TakeBack();
     void ReportPort(const serial::PortError& error);
 

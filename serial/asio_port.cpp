@@ -25,7 +25,7 @@ struct Session {
     std::unique_ptr<AsioDevice> Device;  // absent while it is lost and can't be opened again
 };
 
-class AsioPort : public Port {
+class AsioPort final : public Port {
   public:
     explicit AsioPort(EventLoop& loop)
         : Loop(loop), Event(loop, [this] { return InBufferCount() > 0; }) {}

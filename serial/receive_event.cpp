@@ -20,8 +20,8 @@ struct ReceiveEvent::State : std::enable_shared_from_this<State> {
     std::shared_ptr<const std::function<void()>> Handler;
     bool Started = false;
     bool Running = false;
-    bool Kept = false;      // a delivery came while the handler ran
-    bool BlockOut = false;  // a block has gone out since the handler last began
+    bool Kept = false;       // a delivery came while the handler ran
+    bool BlockOut = false;   // a block has gone out since the handler last began
     bool BytesGone = false;  // bytes came, and were thrown away before their event
 };
 

@@ -4,10 +4,10 @@
 //
 // The rule: notifications are delivered by the event loop, one at a time, never inside each other.
 // Those that come before the present one was delivered, or while the handler runs (its waits and
-// message boxes included), count as one. At delivery the event is raised only if bytes wait, or were
-// discarded before they had their event, or, for EventKind::InputAndOutput, a block has gone out
-// since the handler last began. So a reply that the handler has read already is not judged a second
-// time, and bytes that a new frame swept away still tell that something came.
+// message boxes included), count as one. At delivery the event is raised only if bytes wait, or
+// were discarded before they had their event, or, for EventKind::InputAndOutput, a block has gone
+// out since the handler last began. So a reply that the handler has read already is not judged a
+// second time, and bytes that a new frame swept away still tell that something came.
 #pragma once
 
 #include "serial/event_loop.h"

@@ -128,7 +128,7 @@ Supply& Line::Inside::SupplyAt(int address) {
 }
 
 Line::Line(std::vector<SupplyOptions> supplies, std::uint32_t seed)
-    : Self(std::make_unique<Inside>(supplies, seed)) {}
+    : Self(std::make_unique<Inside>(std::move(supplies), seed)) {}
 
 Line::~Line() = default;
 

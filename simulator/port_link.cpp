@@ -32,7 +32,7 @@ bool PointsTo(const std::string& link, const std::string& device) {
 }  // namespace
 
 std::string LinkFolder() {
-    const std::string folder = FolderName();
+    std::string folder = FolderName();
     if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) Fail(folder, errno);
     struct stat status {};
     // A link in place of the folder would let somebody else choose where our links go.

@@ -115,7 +115,7 @@ std::string FormatReal(Real value, int decimals) {
                                        std::abs(value), std::chars_format::fixed);
     const std::string shortest(buffer.data(), written.ptr);
     if (!std::isfinite(value)) return shortest;
-    const std::string rounded = RoundText(shortest, static_cast<std::size_t>(decimals));
+    std::string rounded = RoundText(shortest, static_cast<std::size_t>(decimals));
     const bool zero = rounded.find_first_of("123456789") == std::string::npos;
     return std::signbit(value) && !zero ? "-" + rounded : rounded;
 }

@@ -17,7 +17,7 @@ using serial::PortError;
 using serial::WaitMode;
 using std::chrono::milliseconds;
 
-class ScriptedPort : public serial::Port {
+class ScriptedPort final : public serial::Port {
   public:
     ScriptedPort(EventLoop& loop, std::shared_ptr<ScriptedLine> line, int maker)
         : Maker(maker),
