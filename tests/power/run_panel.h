@@ -1,0 +1,84 @@
+// What the tests of the main window's daily work share.
+#pragma once
+
+#include "controls/lamp.h"
+#include "tests/support/panel.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+
+namespace zps::tests {
+
+using enum Colour;
+
+using Names = std::initializer_list<const char*>;
+
+// The texts of labels, buttons and fields.
+inline std::string Texts(Panel& panel, Names controls) {
+    QStringList texts;
+    for (const char* name : controls) texts += panel.Get<QWidget>(name).property("text").toString();
+    return texts.join(' ').toStdString();
+}
+
+inline void Enter(Panel& panel, const char* field, const char* text) {
+    panel.Type(field, QString::fromUtf8(text));
+    panel.Leave();
+}
+
+// The supply has 150 V, 2 A and address 1. It answers a poll with `Data` and anything else with an
+// acknowledgement, unless the test has put another answer on the line.
+class ScriptedRun : public testing::Test, protected ScriptedPanel {
+  protected:
+    void SetUp() override {
+        Line().Otherwise([this](const Bytes& sent) { return sent[1] == 16 ? Data : Acknowledged; });
+        Program& program = ScriptedPanel::Run;
+        program.StartUp();
+        ASSERT_TRUE(WaitForDataResult("통신ok = DATA수신!!!"));
+        program.Settings()->close();
+        ASSERT_TRUE(Handled(Data));
+        Line().ForgetWritten();
+    }
+
+    // Waits until a poll has been answered by `data` and the answer has been handled.
+    bool Handled(const Bytes& data) {
+        Source().RxFrame.clear();
+        Data = data;
+        return WaitFor([&] { return Source().RxFrame == data; }) && Quiet();
+    }
+    bool Quiet() {
+        return WaitFor([&] { return !Source().RxBusy; });
+    }
+    bool SwitchOn() { return Click("cmdOUTPUT"), Handled(Reading(4)); }
+    // A data reply of 12.1 V, 0.1 A and step 3.
+    static Bytes Reading(int status, std::uint8_t code = 0) {
+        const auto bits = static_cast<std::uint8_t>(status);
+        return {1, 2, 9, bits, code, 0, 0x2F, 0x44, 0, 0x27, 0x10, 3, 0, 0};
+    }
+
+    // What has been sent since the last call: a poll as "?", another control frame by its code, a
+    // command by its letter and first byte, an upload as "S*".
+    std::string Sent() {
+        std::string all;
+        for (const Bytes& frame : Line().WrittenData()) {
+            const bool control = frame.size() == 3;
+            const std::string byte = std::to_string(frame[control ? 1 : 5]);
+            if (!control) all += static_cast<char>(frame[4]);
+            all += (frame.size() == 32 ? "*" : byte == "16" && control ? "?" : byte) + " ";
+        }
+        Line().ForgetWritten();
+        return all;
+    }
+    Bytes LastFrame() { return Line().WrittenData().back(); }
+    Colour Lit(const char* lamp) { return Get<Lamp>(lamp).Lit(); }
+
+    const Bytes Acknowledged{1, 6, 7};
+    Bytes Data{1, 2, 9, 0, 0, 0x05, 0xDC, 0x06, 0x63, 0, 20, 0, 3, 0};
+};
+
+}  // namespace zps::tests

@@ -1,0 +1,135 @@
+// Daily work with a simulated supply on a real pseudo-terminal.
+#include "power/log/measurement_log.h"
+#include "tests/power/run_panel.h"
+
+#include <set>
+
+namespace zps::tests {
+namespace {
+
+class RunPolling : public testing::Test, protected SimulatedPanel {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(Open());
+        Set("txPVOLT_0", "12.5");
+    }
+    void Set(const char* field, const char* text) {
+        Enter(*this, field, text);
+        ASSERT_TRUE(Settle());
+    }
+    MeasurementLog& Log() { return *Main().findChild<MeasurementLog*>(); }
+    bool Samples(int count, std::chrono::milliseconds limit = 20s) {
+        return WaitFor([&, rows = Log().RowCount() + count] { return Log().RowCount() >= rows; },
+                       limit);
+    }
+    std::string Row(int row) {
+        QStringList cells;
+        for (int column = 0; column < 5; ++column) cells += Log().CellText(row, column);
+        return cells.join(' ').toStdString();
+    }
+    // Waits for a frame that is a poll, or that is none.
+    bool Comes(bool poll, std::chrono::milliseconds limit = 5s) {
+        return WaitFor(
+            [&] {
+                return std::ranges::any_of(Line().TakeReceived(), [&](const Bytes& frame) {
+                    return (frame == Bytes{1, 16, 17}) == poll;
+                });
+            },
+            limit);
+    }
+};
+
+TEST_F(RunPolling, NoPollOfSixtyIsLostAndEachIsASampleOfTheLog) {
+    constexpr int polls = 60;
+    Line().TakeReceived();
+    Click("cmdOUTPUT");
+    ASSERT_TRUE(Samples(polls));
+    const auto frames = Line().TakeReceivedTimed();
+    ASSERT_EQ(std::ssize(frames), 1 + polls);
+    std::set<double> gaps;
+    for (std::size_t k = 1; k < frames.size(); ++k) {
+        EXPECT_EQ(frames[k].Content, (Bytes{1, 16, 17}));
+        const std::chrono::duration<double, std::milli> gap =
+            frames[k].LastAt - frames[k - 1].LastAt;
+        if (k > 1) gaps.insert(gap.count());
+    }
+    std::printf("from poll to poll: %.1f to %.1f ms\n", *gaps.begin(), *gaps.rbegin());
+    EXPECT_EQ(Texts(*this, {"lblZPS_ERR", "lblZPS_ERR1", "lblZPS_ENQ"}), "0 0 0");
+    EXPECT_EQ(Row(1), "0 0 00 0 0");
+    for (int row = 2; row <= polls + 1; ++row) {
+        EXPECT_EQ(Log().CellText(row, 0).toInt(), row - 1);
+        EXPECT_GE(Log().CellText(row, 1).toDouble(), Log().CellText(row - 1, 1).toDouble());
+    }
+    EXPECT_TRUE(Row(polls + 1).ends_with(" 00 12.500 0.1250")) << Row(polls + 1);
+    EXPECT_EQ(Texts(*this, {"txtSTEP", "txtVOLT", "txtCURR"}), "00 12.500 0.1250");
+    EXPECT_EQ(Log().ChartRow(20)[0], "12.500");
+
+    for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");  // a new run behind the old one
+    EXPECT_EQ(Log().ChartRow(1)[0], "");
+    ASSERT_TRUE(Samples(1));
+    EXPECT_TRUE(Row(polls + 2).starts_with("1 "));
+    Boxes.Answers = {Answer::No, Answer::Yes};
+    Choose("mnuData_Clear");
+    EXPECT_EQ(Boxes.LastTitle() + ": " + Boxes.LastText(),
+              "측정 데이타 삭제: 현재 데이타를 모두 삭제합니다.");
+    EXPECT_GT(Log().RowCount(), polls);
+    Choose("mnuData_Clear");
+    EXPECT_EQ(Log().RowCount(), 2);
+    EXPECT_EQ(Row(1), "0 0 00 12.500 0.1250");
+}
+
+TEST_F(RunPolling, APulledCableFreezesTheReadingsUntilItIsBack) {
+    Click("cmdOUTPUT");
+    ASSERT_TRUE(Samples(2));
+    Line().Unplug();
+    EXPECT_FALSE(Samples(2, 600ms));  // one reply may have been on its way
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF", "txtVOLT"}), "ON 12.500");
+    Line().Plug();
+    Link().Point(Line().DeviceName());
+    EXPECT_TRUE(Samples(3));
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+TEST_F(RunPolling, AfterALostReplyThePollIsBackASecondLater) {
+    Click("txPSTEP_1");
+    ASSERT_TRUE(Settle());
+    const std::vector<std::function<void()>> commands{
+        [&] { Click("cmdOUTPUT"); }, [&] { Enter(*this, "txPVOLT_1", "5"); },
+        [&] { Enter(*this, "txPCURR_1", "5"); }, [&] { Click("txPSTEP_0"); }};
+    for (const auto& command : commands) {
+        Line().TakeReceived();
+        Line().SetFaults({.Drop = 1});
+        command();
+        EXPECT_TRUE(Comes(false));
+        Line().SetFaults({});
+        EXPECT_TRUE(Comes(true, 1600ms));
+        ASSERT_TRUE(Samples(2));
+    }
+    Choose("mnuPROGRAM_END");  // stops the polls and, answered with No, leaves them to the watch
+    Line().TakeReceived();
+    EXPECT_TRUE(Comes(true, 1600ms));
+}
+
+TEST_F(RunPolling, AnAutomaticRunGoesThroughItsStepsToItsEnd) {
+    Set("txPTIME_0", "0.3");
+    Click("txPSTEP_1");
+    ASSERT_TRUE(Settle());
+    Set("txPTIME_1", "0.3");
+    Set("txtPAUTOSTEP", "0001");
+    Set("txtPAUTOCOUNT", "2");
+    Click("cmdAUTO");
+    ASSERT_TRUE(Settle());
+    Click("cmdOUTPUT");
+    EXPECT_FALSE(Get<QWidget>("txPSTEP_0").isEnabled());
+    ASSERT_TRUE(WaitFor([&] { return !Boxes.Shown.empty(); }));
+    EXPECT_EQ(Boxes.LastTitle() + ": " + Boxes.LastText(), "POWER END: Auto Test Ending!!!");
+    EXPECT_EQ(Line().StateOf(1).CyclesDone, 2);
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+    EXPECT_TRUE(Get<QWidget>("txPSTEP_0").isEnabled());
+    std::set<QString> steps;
+    for (int row = 2; row < Log().RowCount(); ++row) steps.insert(Log().CellText(row, 2));
+    EXPECT_EQ(steps, (std::set<QString>{"00", "01"}));
+}
+
+}  // namespace
+}  // namespace zps::tests

@@ -1,0 +1,121 @@
+// What the window makes of each reply.
+#include "controls/number_panels.h"
+#include "tests/power/run_panel.h"
+
+namespace zps::tests {
+namespace {
+
+class RunReplies : public ScriptedRun {
+  protected:
+    std::string Counters() { return Texts(*this, {"lblZPS_ERR", "lblZPS_ERR1", "lblZPS_ENQ"}); }
+    std::string Panels() {
+        QStringList shown;
+        for (int panel = 1; panel <= 14; ++panel) {
+            shown += Get<NumberPanels>("StatusBar_RXDATA").Text(panel);
+        }
+        return shown.join(' ').trimmed().toStdString();
+    }
+    std::string Readings() { return Texts(*this, {"txtVOLT", "txtCURR", "txtSTEP"}); }
+};
+
+TEST_F(RunReplies, ABadDataReplyCountsByItsKindAndLeavesTheReadings) {
+    EXPECT_EQ(Counters(), "ZPS ZPS ZPS");
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_EQ(Panels(), "1 2 9 4 0 0 47 68 0 39 16 3 0 0");
+    const std::string good = "12.100 0.1000 03";
+    EXPECT_EQ(Readings(), good);
+    using Case = std::tuple<Bytes, const char*, const char*>;
+    for (const auto& [reply, counters, panels] :
+         {Case{{1, 2, 9, 1, 5, 0, 1, 1, 0, 1, 1, 7, 0}, "0 1 0", "1 2 9 1 5 0 1 1 0 1 1 7 0"},
+          Case{Bytes(15, 9), "0 2 0", "9 9 9 9 9 9 9 9 9 9 9 9 9 9"},
+          Case{{2, 2, 9, 1, 5, 0, 1, 1, 0, 1, 1, 7, 0, 8}, "0 2 1", "2 2 9 1 5 0 1 1 0 1 1 7 0 8"},
+          Case{{1, 3, 9, 1, 5, 0, 1, 1, 0, 1, 1, 7, 0, 8}, "0 2 2", "1 3 9 1 5 0 1 1 0 1 1 7 0 8"},
+          Case{{1, 2, 8, 1, 5, 0, 1, 1, 0, 1, 1, 7, 0, 8},
+               "0 2 3",
+               "1 2 8 1 5 0 1 1 0 1 1 7 0 8"}}) {
+        Line().Answer(reply);
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == reply; }));
+        EXPECT_EQ(Source().RxResult, Reply::BadData);
+        EXPECT_EQ(Counters() + ": " + Panels(), std::string(counters) + ": " + panels);
+        EXPECT_EQ(Readings(), good);
+    }
+    // A reply that is two polls late is swept away by a third, which has no answer here.
+    Line().AnswerInPieces({{Reading(4), 150ms}});
+    for (int poll = 0; poll < 2; ++poll) Line().Answer({});
+    ASSERT_TRUE(WaitFor([&] { return Counters() == "1 2 3"; }));
+    EXPECT_EQ(Source().RxResult, Reply::None);
+    EXPECT_EQ(Panels() + Readings(), good);
+    ASSERT_TRUE(Handled(Reading(4)));
+    EXPECT_TRUE(Boxes.Shown.empty());
+    for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");
+    EXPECT_EQ(Counters(), "0 0 0");
+}
+
+TEST_F(RunReplies, EachStatusBitHasItsCaptionAndLampSetAndClear) {
+    using Case =
+        std::tuple<int, const char*, const char*, const char*, const char*, Colour, Colour>;
+    ASSERT_TRUE(SwitchOn());
+    for (const auto& [bits, text, clear, set, lamp, dark, lit] :
+         {Case{2, "cmdPVsense", "Vsense ON", "Vsense OFF", "VsenseLED", PaleGreen, BrightGreen},
+          Case{8, "cmdAUTO", "AUTO", "AUTO ", "AutoLED", PaleOrange, DarkRed},
+          Case{16, "lblMODE", "CV", "CC", "OutputLED", DarkRed, DarkRed},
+          Case{32, "cmdOCP", " O.C.P ", " O.C.P ", "OCPLED", PaleGreen, BrightGreen},
+          Case{64, "lblPREMOTE", "LOC", "REMOTE", "RemoteLED", DarkRed, PaleOrange},
+          Case{128, "lblPREMOTE", "LOC", "RS232", "RemoteLED", DarkRed, PaleOrange},
+          Case{192, "cmdPREMOTE", "LOCAL", "REMOTE", "RemoteLED", DarkRed, PaleOrange}}) {
+        for (const bool on : {true, false}) {
+            ASSERT_TRUE(Handled(Reading(on ? 4 + bits : 4)));
+            EXPECT_EQ(Texts(*this, {text}), on ? set : clear);
+            EXPECT_EQ(Lit(lamp), on ? lit : dark) << text;
+        }
+    }
+}
+
+TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
+    using Case = std::tuple<int, std::uint8_t, QString>;
+    for (const auto& [status, code, message] :
+         {Case{1, 1, "POWER ERROR OUT OFF ERROR VOLTAGE!!!"}, Case{1, 2, ""},
+          Case{1, 3, "POWER ERROR MAX. OVER VOLTAGE!!!"},
+          Case{1, 4, "POWER ERROR MAX. OVER CURRENT!!!"},
+          Case{5, 5, "POWER ERROR SET OVER VOLTAGE!!!"},
+          Case{1, 6, "POWER ERROR SET OVER CURRENT!!!"},
+          Case{1, 7, "POWER ERROR OUT OFF ERROR CURRENT!!!"},
+          Case{0, 16, "POWER END Auto Test Ending!!!"},
+          Case{0, 32, "POWER OFF output off상태!!"}}) {
+        SCOPED_TRACE(message.toStdString());
+        ASSERT_TRUE(SwitchOn());
+        EXPECT_FALSE(Get<QLineEdit>("txtPAUTOSTEP").isEnabled());
+        Boxes.Shown.clear();
+        ASSERT_TRUE(Handled(Reading(status, code)));
+        EXPECT_EQ(Boxes.Shown.size(), message.isEmpty() ? 0U : 1U);
+        EXPECT_EQ((Boxes.LastTitle() + ' ' + Boxes.LastText()).trimmed(), message);
+        EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+        EXPECT_EQ(Lit("OutputLED"), PaleOrange);
+        for (const char* name : {"txtPAUTOSTEP", "cmdAUTO", "txPSTEP_1", "txPTIME_0"}) {
+            EXPECT_TRUE(Get<QWidget>(name).isEnabled()) << name;
+        }
+        EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
+        EXPECT_EQ(Sent(), code == 7 ? "A1 ? ? R3 " : "A1 ? ? ");
+    }
+}
+
+TEST_F(RunReplies, NoReplyIsHandledWhileTheMessageOfAnotherIsUp) {
+    ASSERT_TRUE(SwitchOn());
+    int up = 0;
+    Boxes.WhileUp = [&](const Message&) {
+        EXPECT_EQ(++up, 1);
+        Source().ReplyFlag = ExpectData;
+        if (Boxes.Shown.size() == 1) Line().Arrive(Reading(1, 4));
+        bool delivered = false;  // after the event of those bytes
+        QMetaObject::invokeMethod(
+            &Main(), [&] { delivered = true; }, Qt::QueuedConnection);
+        EXPECT_TRUE(WaitFor([&] { return delivered; }));
+        --up;
+    };
+    ASSERT_TRUE(Handled(Reading(1, 3)));
+    ASSERT_TRUE(WaitFor([&] { return Boxes.Shown.size() == 2; }));
+    EXPECT_EQ(Boxes.LastText(), "MAX. OVER CURRENT!!!");
+}
+
+}  // namespace
+}  // namespace zps::tests
