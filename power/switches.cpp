@@ -58,8 +58,14 @@ void Switches::ResetFunctions() {
     }
 }
 
+// A sequence of steps that the supply does not hold lets a click on a step go on, but no switch: it
+// has not been sent.
+bool Switches::EntriesAreDone() {
+    return Entry.CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
+}
+
 void Switches::Toggle(const PlainSwitch& plain) {
-    if (!Entry.CommitOpenEntry()) return;
+    if (!EntriesAreDone()) return;
     bool& on = Parts.State.*plain.On;
     on = !on;
     Show(plain, on);
@@ -74,7 +80,7 @@ void Switches::Show(const PlainSwitch& plain, bool on) {
 void Switches::cmdOUTPUT_Click() {
     const bool switchOn = !Parts.State.OutputOn;
     // Switching off must not depend on what stands in an entry field.
-    if (switchOn && !Entry.CommitOpenEntry()) return;
+    if (switchOn && !EntriesAreDone()) return;
     Parts.Timers.tmrDLE.SetEnabled(false);
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
     switchOn ? SwitchOutputOn() : SwitchOutputOff();
@@ -100,6 +106,7 @@ void Switches::SwitchOutputOn() {
     }
     Lock.ReleaseEditLockOutputOn();
     WaitForReplyInProgress();
+    Lock.ReleaseEditLockOutputOn();  // a step start during the wait has released all rows
     Parts.State.OutputOn = true;
     Log.SetRunning(true);
     SetOutputControls(Parts, false);
@@ -128,7 +135,7 @@ void Switches::CallOffStepStart() {
 }
 
 void Switches::cmdPREMOTE_Click() {
-    if (!Entry.CommitOpenEntry()) return;
+    if (!EntriesAreDone()) return;
     const std::uint8_t direction = Parts.State.RemoteOn ? code::Dc1 : code::Dc3;
     Frame frame = ControlFrame(Parts.Source.PowerAddr, direction);
     Parts.Timers.tmrDLE.SetEnabled(false);

@@ -32,6 +32,8 @@ class Switches {
 
   private:
     void Connect(QPushButton& button, std::function<void()> click);
+    // Commits an open entry. False if the focus is back in it: the click must come to nothing.
+    bool EntriesAreDone();
     void Toggle(const PlainSwitch& plain);
     void Show(const PlainSwitch& plain, bool on);
     void SwitchOutputOn();

@@ -1,0 +1,136 @@
+// The five switches: what they send, show and wait for.
+#include "tests/power/run_panel.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace zps::tests {
+namespace {
+
+class RunSwitches : public ScriptedRun {
+  protected:
+    // Clicks the output button and tells how long its click was worked on, in ms.
+    qint64 TimeToSwitchOn() {
+        QElapsedTimer timer;
+        timer.start();
+        Click("cmdOUTPUT");
+        Data = Reading(4);
+        return timer.elapsed();
+    }
+    bool AreSent(std::size_t frames, std::chrono::milliseconds limit = 5s) {
+        return WaitFor([&] { return Line().Written().size() >= frames; }, limit);
+    }
+};
+
+TEST_F(RunSwitches, EachSwitchSendsItsStateAndShowsIt) {
+    using Case = std::tuple<const char*, std::uint8_t, const char*, const char*, Colour, Colour>;
+    for (const auto& [button, letter, label, lamp, active, idle] :
+         {Case{"cmdAUTO", 'G', "Auto_ONOFF", "AutoLED", DarkRed, PaleOrange},
+          Case{"cmdPVsense", 'W', "Vsense_ONOFF", "VsenseLED", BrightGreen, PaleGreen},
+          Case{"cmdOCP", 'X', "OCP_ONOFF", "OCPLED", BrightGreen, PaleGreen},
+          Case{"cmdOUTPUT", 'A', "Output_ONOFF", "OutputLED", DarkRed, PaleOrange}}) {
+        for (const std::uint8_t on : Bytes{1, 0}) {
+            SCOPED_TRACE(std::string(button) + (on == 1 ? " on" : " off"));
+            Click(button);  // nothing is in progress: it goes out at once
+            const auto sum = static_cast<std::uint8_t>(1 + 2 + 8 + 27 + letter + on + 3);
+            EXPECT_EQ(LastFrame(), (Bytes{1, 2, 8, 27, letter, on, 0, 0, 0, 0, 0, 3, sum}));
+            EXPECT_EQ(Texts(*this, {label}), on == 1 ? "ON" : "OFF");
+            EXPECT_EQ(Lit(lamp), on == 1 ? active : idle);
+            ASSERT_TRUE(Quiet());
+        }
+    }
+    EXPECT_EQ(Sent(), "G1 G0 W1 W0 X1 X0 A1 A0 ");
+}
+
+TEST_F(RunSwitches, TheOutputGoesOffWhateverStandsInAFieldAndOnOnlyWithoutAnError) {
+    Click("txPSTEP_1");
+    ASSERT_TRUE(Quiet() && SwitchOn());
+    Type("txPVOLT_1", "151");
+    Sent();
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Sent(), "A0 ");
+    EXPECT_TRUE(Boxes.Shown.empty());
+    const auto setValues = Source().StepVolt[1] + " " + Source().StepCurr[1];
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF", "txtVOLT", "txtCURR"}), "OFF " + setValues);
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Sent(), "");
+    EXPECT_EQ(Boxes.LastTitle(), "VOLTAGE 설정 오류");
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+}
+
+TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndPollsOnce) {
+    Click("cmdPREMOTE");
+    EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));
+    EXPECT_EQ(Texts(*this, {"Rem_Loc", "lblPREMOTE"}), "REMOTE RS232");
+    EXPECT_EQ(Lit("RemoteLED"), PaleOrange);
+    EXPECT_FALSE(AreSent(4, 1s));
+    EXPECT_EQ(Sent(), "19 S* ? ");
+}
+
+TEST_F(RunSwitches, GoingLocalShowsTheOutputOffAndEndsPollsAndStepStart) {
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(AreSent(3) && SwitchOn());
+    Sent();
+    Click("cmdPREMOTE");
+    EXPECT_EQ(LastFrame(), (Bytes{1, 0x11, 0x12}));
+    EXPECT_EQ(Texts(*this, {"Rem_Loc", "lblPREMOTE", "Output_ONOFF"}), "LOCAL LOC OFF");
+    EXPECT_EQ(Lit("RemoteLED"), DarkRed);
+    EXPECT_EQ(Lit("OutputLED"), PaleOrange);
+    for (const char* name : {"cmdOUTPUT", "cmdAUTO", "cmdPVsense", "cmdOCP", "txtPAUTOSTEP"}) {
+        EXPECT_FALSE(Get<QWidget>(name).isEnabled()) << name;
+    }
+    for (int press = 0; press < 2; ++press) {  // to remote and back before the step has started
+        ASSERT_TRUE(Quiet());
+        Click("cmdPREMOTE");
+    }
+    EXPECT_FALSE(AreSent(4, 500ms));
+    EXPECT_EQ(Sent(), "17 19 17 ");
+}
+
+TEST_F(RunSwitches, OutputOnWaitsForAReplyInProgressAndIgnoresEveryOtherClick) {
+    Line().Answer({});
+    Click("cmdOCP");
+    QTimer::singleShot(100, &Main(), [&] {
+        for (const char* button : {"cmdOUTPUT", "cmdAUTO", "cmdPVsense", "cmdOCP", "cmdPREMOTE"}) {
+            Click(button);
+        }
+        for (const char* menu : {"mnuSET_MANU", "mnuTEST", "mnuData_Clear", "mnuPROGRAM_END"}) {
+            Choose(menu);
+        }
+        EXPECT_FALSE(Main().close());
+    });
+    const qint64 silent = TimeToSwitchOn();
+    EXPECT_GE(silent, 990);
+    EXPECT_LE(silent, 1500);
+    EXPECT_EQ(Sent(), "X1 A1 ");
+    EXPECT_TRUE(Boxes.Shown.empty() && Main().isEnabled());
+    Click("cmdOUTPUT");
+    ASSERT_TRUE(Quiet());
+    Line().Answer({});
+    Click("cmdOCP");
+    QTimer::singleShot(300, &Main(), [&] { Line().Arrive(Acknowledged); });
+    const qint64 answered = TimeToSwitchOn();
+    EXPECT_GE(answered, 290);
+    EXPECT_LE(answered, 900);
+}
+
+TEST_F(RunSwitches, OutputOnWaitsForAStepStartOrCallsItOff) {
+    Click("cmdPREMOTE");
+    TimeToSwitchOn();
+    EXPECT_EQ(Sent(), "19 S* A1 ");
+    ASSERT_TRUE(AreSent(3));  // the polls go on: no step start has cleared the output
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "ON");
+    EXPECT_TRUE(Get<QWidget>("txPSTEP_0").isEnabled());
+    EXPECT_FALSE(Get<QWidget>("txPSTEP_1").isEnabled());  // the supply does not hold it
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(Quiet());
+    Line().Answer({});  // the supply does not say that it has gone to remote
+    Click("cmdPREMOTE");
+    Sent();
+    EXPECT_GE(TimeToSwitchOn(), 990);
+    ASSERT_TRUE(AreSent(4));
+    EXPECT_EQ(Sent(), "A1 ? ? ? ");
+}
+
+}  // namespace
+}  // namespace zps::tests
