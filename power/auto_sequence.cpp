@@ -74,7 +74,8 @@ void AutoSequence::txtPAUTOSTEP_Change() {
 }
 
 void AutoSequence::txtPAUTOSTEP_KeyPress(QChar key) {
-    if (IsDigit(key)) return;
+    constexpr QChar deleteKey(0x7F);  // the toolkit gives it a character, though it types none
+    if (IsDigit(key) || key == deleteKey) return;
     Entry.Refuse(*Parts.Controls.txtPAUTOSTEP, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
 }
 

@@ -1,8 +1,31 @@
 #include "power/held_steps.h"
 
+#include <string_view>
+
 namespace zps {
 
+namespace {
+
+constexpr std::size_t UploadSize = 32;
+
+char LetterOf(const Bytes& frame) {
+    constexpr std::size_t letterPlace = 4;
+    return frame.size() > letterPlace ? static_cast<char>(frame[letterPlace]) : '\0';
+}
+
+bool SetsAllValues(const Bytes& frame) {
+    return LetterOf(frame) == 'S' && frame.size() == UploadSize;
+}
+
+bool SetsOneValue(const Bytes& frame) {
+    return std::string_view("VCTDO").find(LetterOf(frame)) != std::string_view::npos;
+}
+
+}  // namespace
+
 void HeldSteps::Mark(int step) {
+    Doubtful = Open == step;
+    if (Open) TakeBack();
     Source.StepFlag.at(static_cast<std::size_t>(step)) = true;
     Open = step;
     Sent = serial::Clock::now();
@@ -10,7 +33,9 @@ void HeldSteps::Mark(int step) {
 
 void HeldSteps::Answered(Reply result) {
     if (!Open) return;
-    if (result == Reply::Ack) {
+    const Bytes& frame = Source.TxFrame;
+    const bool complete = SetsAllValues(frame) || (SetsOneValue(frame) && !Doubtful);
+    if (result == Reply::Ack && complete) {
         Open.reset();
     } else {
         TakeBack();

@@ -10,7 +10,8 @@
 namespace zps {
 
 // A step is marked as held when its values are sent. If that frame is refused, answered by rubbish
-// or not answered at all, the mark is taken back: an auto sequence must not be built on it.
+// or not answered at all, the mark is taken back: an auto sequence must not be built on it. A frame
+// whose answer is still outstanding when the next one goes out has no answer: it is swept away.
 class HeldSteps {
   public:
     HeldSteps(SOURCE& source, const std::int16_t& curStep) : Source(source), CurStep(curStep) {}
@@ -28,6 +29,7 @@ class HeldSteps {
     SOURCE& Source;
     const std::int16_t& CurStep;
     std::optional<int> Open;  // the step whose answer is outstanding
+    bool Doubtful = false;    // an earlier value of that step had no answer
     serial::Clock::time_point Sent;
 };
 

@@ -1,0 +1,146 @@
+// The two boxes of the automatic run, and which steps a sequence may name.
+#include "tests/power/run_panel.h"
+
+#include <QClipboard>
+
+namespace zps::tests {
+namespace {
+
+constexpr const char* Steps = "txtPAUTOSTEP";
+constexpr const char* Count = "txtPAUTOCOUNT";
+
+class RunSequence : public ScriptedRun {
+  protected:
+    void Press(int key, const char* text, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::sendKeyEvent(QTest::Click, &Get<QLineEdit>(Steps), Qt::Key(key), text, modifiers);
+    }
+    // Pastes `text`, which no key press check sees, and leaves the box.
+    void Paste(const char* text) {
+        Type(Steps, {});
+        QGuiApplication::clipboard()->setText(text);
+        Press(Qt::Key_V, "v", Qt::ControlModifier);
+        Leave();
+    }
+    // Title, text and icon of the one message of an entry that was refused.
+    std::string Refusal(const char* field) {
+        const auto& box = Get<QLineEdit>(field);
+        EXPECT_TRUE(box.hasFocus() && box.selectedText() == box.text());
+        EXPECT_EQ(Sent(), "");
+        EXPECT_EQ(Boxes.Shown.size(), 1U);
+        const Message message = Boxes.Shown.back();
+        Boxes.Shown.clear();
+        const bool information = message.Icon == MessageIcon::Information;
+        return (message.Title + "|" + message.Text + (information ? "|i" : "")).toStdString();
+    }
+    const std::string WrongStep = "Auto Step Error|STEP 설정 오류!!!|i";
+    const std::string WrongLength = "Auto Step Error|STEP NO 설정 오류!!!|i";
+    const std::string Unsent =
+        "AUTO SEQUENCE DATA SET ERROR|"
+        " AUTO STEP에 현재 설정된 각 STEP의 정보가 ZPS로 송신되지않았습니다.!!\r\n"
+        " AUTO STEP을 설정하기 전에 각 STEP을 Click하여 STEP정보를 ZPS로 먼저 송신하세요...\r\n"
+        " 송신된 STEP은 하늘색으로 표시됩니다...";
+};
+
+TEST_F(RunSequence, DigitsGetTheirSeparatorAndAnyOtherCharacterIsRefusedButStands) {
+    Type(Steps, "1234");
+    Press(Qt::Key_Left, "");
+    Press(Qt::Key_Delete, "\x7f");
+    Press(Qt::Key_C, "c", Qt::ControlModifier);
+    EXPECT_EQ(Texts(*this, {Steps}), "12>34>");  // deleted, and added again
+    EXPECT_TRUE(Boxes.Shown.empty());
+    Press(Qt::Key_Backspace, "\b");
+    EXPECT_EQ(Refusal(Steps), WrongStep);
+    Press(Qt::Key_X, "x");
+    EXPECT_EQ(Texts(*this, {Steps}), "x");
+}
+
+TEST_F(RunSequence, ASequenceThatIsNoneIsRefusedWithItsText) {
+    using Case = std::pair<const char*, std::string>;
+    for (const auto& [text, refusal] :
+         {Case{"1", WrongLength}, Case{"01>2", WrongLength}, Case{"0a>", WrongStep},
+          Case{"00<", WrongStep}, Case{"-1>", WrongStep}, Case{"00>01>", Unsent}}) {
+        Paste(text);
+        EXPECT_EQ(Refusal(Steps), refusal) << text;
+    }
+}
+
+TEST_F(RunSequence, TheSequenceIsSentStepByStep) {
+    Source().StepFlag.fill(true);
+    using Case = std::pair<QString, Bytes>;
+    Bytes longest(260, 42);
+    std::ranges::copy(Bytes{1, 2, 255, 27, 'B'}, longest.begin());
+    std::ranges::copy(Bytes{0xFF, 3, 185}, longest.end() - 3);
+    for (const auto& [text, frame] : {Case{"03>07>", {1, 2, 5, 27, 'B', 3, 7, 0xFF, 3, 113}},
+                                      Case{"", {1, 2, 3, 27, 'B', 0xFF, 3, 101}},
+                                      Case{QString("42>").repeated(253), longest}}) {
+        Paste(qPrintable(text));
+        EXPECT_EQ(LastFrame(), frame);
+        ASSERT_TRUE(Quiet());
+    }
+    EXPECT_TRUE(Boxes.Shown.empty());
+}
+
+TEST_F(RunSequence, AStepThatIsMissingIsSentByTheClickOnItButNoSwitchGoesOn) {
+    Type(Steps, "01");
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Refusal(Steps), Unsent);
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+    Click("txPSTEP_1");
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    ASSERT_TRUE(Quiet());
+    Leave();
+    EXPECT_EQ(Sent(), "S* B1 ");
+}
+
+TEST_F(RunSequence, TheCountGoesToAddressOneAndItsRangeIsChecked) {
+    Source().PowerAddr = 7;
+    using Case = std::tuple<const char*, const char*, Bytes>;
+    for (const auto& [typed, shown, frame] :
+         {Case{"50000", "50000", {1, 2, 4, 27, 'F', 0xC3, 0x50, 3, 126}},
+          Case{"", "0", {1, 2, 4, 27, 'F', 0, 0, 3, 107}},
+          Case{"300x", "300", {1, 2, 4, 27, 'F', 1, 44, 3, 152}}}) {
+        Enter(*this, Count, typed);
+        EXPECT_EQ(LastFrame(), frame);
+        EXPECT_EQ(Texts(*this, {Count}), shown);
+        ASSERT_TRUE(Quiet());
+    }
+    Sent();
+    Enter(*this, Count, "300");  // as it was
+    EXPECT_EQ(Sent(), "");
+    for (const char* typed : {"50001", "-1"}) {
+        Enter(*this, Count, typed);
+        EXPECT_EQ(Refusal(Count),
+                  "COUNT 설정오류|COUNT SETTING값 범위 초과\r\n설정값 범위=0~150cycle|i");
+    }
+}
+
+TEST_F(RunSequence, AStepIsHeldOnlyIfTheSupplyHasAcknowledgedIt) {
+    using Case = std::pair<Bytes, Reply>;
+    for (const auto& [answer, result] :
+         {Case{{1, 6, 7}, Reply::Ack}, Case{{1, 21, 22}, Reply::Nak},
+          Case{{1, 6, 8}, Reply::BadAck}, Case{{2, 6, 8}, Reply::BadAck},
+          Case{{1, 6}, Reply::BadAck}, Case{{}, Reply::Ack}}) {
+        SCOPED_TRACE(testing::PrintToString(answer));
+        Line().Answer(answer);
+        Click("txPSTEP_1");
+        EXPECT_TRUE(Source().StepFlag[1]);
+        const bool held = answer == Acknowledged;
+        EXPECT_EQ(WaitFor([&] { return !Source().StepFlag[1]; }, 1300ms), !held);
+        EXPECT_EQ(Source().RxResult, result);
+        Click("txPSTEP_0");
+        ASSERT_TRUE(Quiet());
+    }
+    // The answer to another frame says nothing about a step whose own answer was lost.
+    Line().Answer({});
+    Click("txPSTEP_1");
+    Click("cmdOCP");
+    ASSERT_TRUE(Quiet());
+    EXPECT_FALSE(Source().StepFlag[1]);
+    Line().Answer({});
+    for (const char* field : {"txPVOLT_1", "txPCURR_1"}) Enter(*this, field, "1.5");
+    ASSERT_TRUE(Quiet());
+    EXPECT_FALSE(Source().StepFlag[1]);
+}
+
+}  // namespace
+}  // namespace zps::tests
