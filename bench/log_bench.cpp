@@ -65,7 +65,7 @@ FilledLog& LogWith(std::int64_t rows) {
 
 void StoreSample(benchmark::State& state) {
     double bytes = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         SampleStore store;
         for (std::uint32_t k = 0; k < state.range(0); ++k) {
             store.Append(SampleAt(k), static_cast<std::int32_t>(k) + 1);
@@ -81,7 +81,7 @@ BENCHMARK(StoreSample)->RangeMultiplier(10)->Range(1000, Most)->Unit(benchmark::
 // One sample more: the row, the scroll to it, the chart's points; nothing is painted.
 void AppendSample(benchmark::State& state) {
     FilledLog& filled = LogWith(state.range(0));
-    for (auto _ : state) filled.Append();
+    while (state.KeepRunning()) filled.Append();
 }
 BENCHMARK(AppendSample)
     ->RangeMultiplier(10)
@@ -92,7 +92,7 @@ BENCHMARK(AppendSample)
 // One sample more and the picture of grid and chart that follows.
 void AppendAndPaint(benchmark::State& state) {
     FilledLog& filled = LogWith(state.range(0));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         filled.Append();
         QApplication::processEvents();
         benchmark::DoNotOptimize(filled.Log.grab());
@@ -104,7 +104,7 @@ BENCHMARK(AppendAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
 void JumpAndPaint(benchmark::State& state) {
     NeedApplication();
     FilledLog filled(state.range(0));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         filled.JumpToTheOtherEnd();
         benchmark::DoNotOptimize(filled.Grid.grab());
     }
@@ -115,7 +115,7 @@ BENCHMARK(JumpAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
 void JumpAndPaintAll(benchmark::State& state) {
     FilledLog& filled = LogWith(state.range(0));
     filled.Log.SetRunning(false);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         filled.JumpToTheOtherEnd();
         QApplication::processEvents();
         benchmark::DoNotOptimize(filled.Log.grab());
@@ -127,7 +127,7 @@ void ReplotChart(benchmark::State& state) {
     FilledLog& filled = LogWith(0);
     ChartTable table;
     int turn = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ++turn;
         for (int row = 0; row < ChartRows; ++row) {
             table[static_cast<std::size_t>(row)] = {QString::number(10 + (row * 7 + turn) % 5),
@@ -144,13 +144,13 @@ BENCHMARK(ReplotChart)->Unit(benchmark::kMillisecond);
 void CopyPortion(benchmark::State& state) {
     FilledLog& filled = LogWith(4000);
     LogCopy copy(filled.Model, filled.Log);
-    for (auto _ : state) copy.Start(1, 3999);
+    while (state.KeepRunning()) copy.Start(1, 3999);
 }
 BENCHMARK(CopyPortion)->Unit(benchmark::kMillisecond);
 
 void ClearLog(benchmark::State& state) {
     FilledLog& filled = LogWith(state.range(0));
-    for (auto _ : state) filled.Log.Clear({}, {}, {});
+    while (state.KeepRunning()) filled.Log.Clear({}, {}, {});
 }
 BENCHMARK(ClearLog)->Arg(Most)->Iterations(1)->Unit(benchmark::kMillisecond);
 

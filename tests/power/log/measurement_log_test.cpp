@@ -67,8 +67,10 @@ TEST_F(ShownLog, KeepsTheTextsOfThePanelWhenTheRatingsChange) {
                        QString::fromStdString(amps));
         }
     }
-    for (std::size_t k = 0; k < expected.size(); ++k) {
-        EXPECT_EQ(Row(static_cast<int>(k) + 2), std::to_string(k + 1) + "|0.00|255|" + expected[k]);
+    int row = 1;
+    for (const std::string& texts : expected) {
+        ++row;
+        EXPECT_EQ((Log.CellText(row, 3) + u'|' + Log.CellText(row, 4)).toStdString(), texts);
     }
 }
 

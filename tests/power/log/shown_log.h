@@ -33,7 +33,7 @@ class ShownLog : public testing::Test {
     void Sample(int from, int to) {
         for (int k = from; k <= to; ++k) {
             Time += std::chrono::milliseconds(165);
-            const float volts = static_cast<float>(k);
+            const auto volts = static_cast<float>(k);
             Log.Append(k % 100, volts, volts / 10, QString::number(k) + QStringLiteral(".00"),
                        QString::number(volts / 10, 'f', 3));
         }
