@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace zps {
 
@@ -113,9 +114,9 @@ std::string FormatReal(Real value, int decimals) {
     std::array<char, 400> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                        std::abs(value), std::chars_format::fixed);
-    const std::string shortest(buffer.data(), written.ptr);
+    std::string shortest(buffer.data(), written.ptr);
     if (!std::isfinite(value)) return shortest;
-    std::string rounded = RoundText(shortest, static_cast<std::size_t>(decimals));
+    std::string rounded = RoundText(std::move(shortest), static_cast<std::size_t>(decimals));
     const bool zero = rounded.find_first_of("123456789") == std::string::npos;
     return std::signbit(value) && !zero ? "-" + rounded : rounded;
 }
