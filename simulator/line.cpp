@@ -127,8 +127,8 @@ Supply& Line::Inside::SupplyAt(int address) {
     return *supply;
 }
 
-Line::Line(std::vector<SupplyOptions> supplies, std::uint32_t seed)
-    : Self(std::make_unique<Inside>(std::move(supplies), seed)) {}
+Line::Line(const std::vector<SupplyOptions>& supplies, std::uint32_t seed)
+    : Self(std::make_unique<Inside>(supplies, seed)) {}
 
 Line::~Line() = default;
 

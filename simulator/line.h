@@ -19,7 +19,7 @@ class Line {
     // Throws std::system_error where no pseudo-terminal can be had and std::invalid_argument where
     // an option is out of its range or two supplies have one address. `seed` makes the faults
     // repeatable.
-    explicit Line(std::vector<SupplyOptions> supplies, std::uint32_t seed = 1);
+    explicit Line(const std::vector<SupplyOptions>& supplies, std::uint32_t seed = 1);
     ~Line();
 
     // All calls below may be made on any thread at any time.
