@@ -38,9 +38,9 @@ struct SOURCE : LinkState, ValueFormat, StepTable {
     // The visible rows; set by the main window while it lives.
     StepRows* Rows = nullptr;
 
-    // Whether a supply's ratings have been read: before that its scale is unknown, and it gets no
-    // set-points.
-    bool RatingsKnown() const { return MaxVolt > 0; }
+    // Whether the ratings are those of the supply at the chosen address. Before they have been read
+    // its scale is unknown, and it gets no set-points.
+    bool RatingsKnown() const { return MaxVolt > 0 && CheckedAddr == SetAddr; }
 
     // Puts `frame` into TxFrame, FrameLen and FrameSum.
     void LayFrame(Frame frame);
