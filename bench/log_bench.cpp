@@ -33,7 +33,7 @@ struct FilledLog {
     explicit FilledLog(std::int64_t rows) {
         Log.resize(1000, 400);
         Log.show();
-        Log.SetRunning(true);
+        Log.SetRunning([] { return true; });
         Log.Restart(QStringLiteral("03"));
         for (std::uint32_t k = 0; k < rows; ++k) {
             Model.Append(SampleAt(k), static_cast<std::int32_t>(k) + 1);
@@ -59,7 +59,7 @@ FilledLog& LogWith(std::int64_t rows) {
     static std::map<std::int64_t, std::unique_ptr<FilledLog>> logs;
     auto& log = logs[rows];
     if (!log) log = std::make_unique<FilledLog>(rows);
-    log->Log.SetRunning(true);
+    log->Log.SetRunning([] { return true; });
     return *log;
 }
 
@@ -114,7 +114,7 @@ BENCHMARK(JumpAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
 // With the output off, where the chart takes twenty rows from the grid as well.
 void JumpAndPaintAll(benchmark::State& state) {
     FilledLog& filled = LogWith(state.range(0));
-    filled.Log.SetRunning(false);
+    filled.Log.SetRunning([] { return false; });
     while (state.KeepRunning()) {
         filled.JumpToTheOtherEnd();
         QApplication::processEvents();

@@ -40,10 +40,14 @@ struct POWER::Inside {
           Sequence(Parts, Entry) {
         source.Rows = &Rows;
         Boxes.Free(Lock);
+        Log.SetRunning([this] { return State.OutputOn; });
         Timers.tmrSTART.OnTick([this] { Upload.tmrSTART_Timer(); });
     }
 
-    ~Inside() { Parts.Source.Rows = nullptr; }
+    ~Inside() {
+        Parts.Source.Rows = nullptr;
+        Log.SetRunning([] { return false; });  // the window's children live a little longer
+    }
     Inside(const Inside&) = delete;
     Inside& operator=(const Inside&) = delete;
 

@@ -99,7 +99,6 @@ Message ReplyHandler::EndOfOutput(std::uint8_t code) {
 void ReplyHandler::OutputIsOff() {
     Parts.Timers.tmrDLE.SetEnabled(false);
     Parts.State.OutputOn = false;
-    Log.SetRunning(false);
     ShowOutput(Parts.Controls, false);
     SetOutputControls(Parts, true);
     Lock.ReleaseEditLock();

@@ -90,7 +90,6 @@ void Switches::cmdOUTPUT_Click() {
 
 void Switches::SwitchOutputOff() {
     Parts.State.OutputOn = false;
-    Log.SetRunning(false);
     SetOutputControls(Parts, true);
     Lock.ReleaseEditLock();
     const auto step = static_cast<std::size_t>(Parts.State.CurStep);
@@ -108,7 +107,6 @@ void Switches::SwitchOutputOn() {
     WaitForReplyInProgress();
     Lock.ReleaseEditLockOutputOn();  // a step start during the wait has released all rows
     Parts.State.OutputOn = true;
-    Log.SetRunning(true);
     SetOutputControls(Parts, false);
     Log.Restart(c.txtSTEP->text());
     ShowOutput(c, true);
@@ -148,7 +146,6 @@ void Switches::GoLocal() {
     CallOffStepStart();
     SetRemoteControls(Parts, false);
     Parts.State.OutputOn = false;
-    Log.SetRunning(false);
     ShowOutput(Parts.Controls, false);
     Parts.Controls.lblPREMOTE->setText(QStringLiteral("LOC"));
     Parts.Controls.Rem_Loc->setText(QStringLiteral("LOCAL"));

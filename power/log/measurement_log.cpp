@@ -110,7 +110,7 @@ void MeasurementLog::Clear(const QString& stepCaption, const QString& voltText,
 void MeasurementLog::MSFlexGrid1_Scroll() {
     const int top = MSFlexGrid1->TopRow();
     Label6->setText(QString::number(top));
-    if (Running) return;
+    if (Running()) return;
     for (int row = 0; row < ChartRows; ++row) {
         const auto cell = [&](LogColumn column) {
             return CellText(top + row, static_cast<int>(column));

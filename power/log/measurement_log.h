@@ -30,8 +30,8 @@ class MeasurementLog : public QWidget {
 
     // A run begins: the numbers start again at 1 and the chart will start empty.
     void Restart(const QString& stepCaption);
-    // Whether the output is on; while it is, the chart is left to the samples.
-    void SetRunning(bool outputOn) { Running = outputOn; }
+    // Tells whether the output is on; while it is, the chart is left to the samples.
+    void SetRunning(std::function<bool()> outputOn) { Running = std::move(outputOn); }
     // The supply has answered. The first answer of a run notes its start.
     void NoteReply();
     // A sample: the step (0 to 255) and the values in volts and amperes, with the texts that the
@@ -65,7 +65,7 @@ class MeasurementLog : public QWidget {
     std::int32_t SampleNo = 0;                  // samples of the run
     std::int32_t SampleValue = 0;               // those that came since the chart was emptied
     std::optional<Clock::time_point> LogStart;  // not set until the run's first reply
-    bool Running = false;
+    std::function<bool()> Running = [] { return false; };
 };
 
 }  // namespace zps

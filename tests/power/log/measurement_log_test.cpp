@@ -91,7 +91,7 @@ TEST_F(ShownLog, ChartFillsToTwentySamplesAndThenMovesUp) {
 TEST_F(ShownLog, ClearLeavesRowOneWithTheSetValuesAndAnEmptyChart) {
     StartRun();
     Sample(1, 60);
-    Log.SetRunning(false);
+    Log.SetRunning([] { return false; });
     Log.Clear(Step, QStringLiteral("12.00"), QStringLiteral("1.500"));
     EXPECT_EQ(Log.RowCount(), 2);
     EXPECT_EQ(Row(1), "0|0|03|12.00|1.500");
@@ -127,7 +127,7 @@ TEST_F(ShownLog, ScrollingDuringARunChangesOnlyTheRowNumber) {
 TEST_F(ShownLog, ScrollingWithTheOutputOffFillsTheChartFromTheTopRow) {
     StartRun();
     Sample(1, 100);
-    Log.SetRunning(false);
+    Log.SetRunning([] { return false; });
     ScrollTo(11);  // row 1 is the zero row
     EXPECT_EQ(Chart(1), "10.00|1.000");
     EXPECT_EQ(Chart(20), "29.00|2.900");

@@ -25,7 +25,7 @@ class ShownLog : public testing::Test {
     }
 
     void StartRun() {
-        Log.SetRunning(true);
+        Log.SetRunning([] { return true; });
         Log.Restart(QStringLiteral("07"));
     }
 
