@@ -23,8 +23,8 @@ class EntryField : public QLineEdit {
         std::function<void()> Cancelled;  // Escape
         std::function<void(QChar)>
             KeyPress;  // a key that makes a character, before it takes effect
-        // Whether the focus is on its way back to a field in error: one that gets it meanwhile, with
-        // the window, has not been entered.
+        // Whether the focus is on its way back to a field in error: one that gets it meanwhile,
+        // with the window, has not been entered.
         std::function<bool()> Refocusing;
     };
     void SetEvents(Events events);

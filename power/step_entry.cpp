@@ -63,8 +63,8 @@ void StepEntry::Refuse(EntryField& field, const Message& message) {
     Parts.State.RefocusPending = true;
     field.setFocus();
     field.selectAll();
-    // Where the field has the focus already no event will come to use the mark up.
-    if (field.hasFocus()) Parts.State.RefocusPending = false;
+    // Where the field has not been left no event will come to use the mark up.
+    if (field.Entered()) Parts.State.RefocusPending = false;
 }
 
 void StepEntry::Field_GotFocus(const EntryField& field) {

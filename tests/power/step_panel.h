@@ -22,9 +22,14 @@ struct StepPanel : SimulatedPanel {
         Boxes.WhileUp = [this](const Message&) {
             PointerAtBox = Pointer.Within;
             QDialog box(&Main());
-            QTimer::singleShot(0, &box, &QDialog::accept);
+            QTimer::singleShot(0, &box, [&box] {
+                EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+                box.accept();
+            });
             box.exec();
             Main().activateWindow();
+            const auto back = [this] { return QApplication::activeWindow() == &Main(); };
+            EXPECT_TRUE(!BackAtOnce || WaitFor(back));
         };
     }
 
@@ -68,6 +73,7 @@ struct StepPanel : SimulatedPanel {
     }
 
     QWidget* PointerAtBox = nullptr;
+    bool BackAtOnce = false;  // the window is active again before the box has returned
 
   private:
     static QString Name(int row) { return QString("txPSTEP_%1").arg(row); }
