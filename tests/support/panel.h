@@ -58,12 +58,20 @@ class EventWatch : public QObject {
     std::function<void(QObject&, const QEvent&)> See;
 };
 
-// Remembers what the pointer was confined to.
+// Remembers what the pointer is confined to.
 class RecordingPointer : public platform::PointerConfinement {
   public:
-    void Confine(QWidget& frame) override { Within = &frame; }
-    void Release() override { Within = nullptr; }
+    void Confine(QWidget& frame) override {
+        Within = &frame;
+        if (Real) Real->Confine(frame);
+    }
+    void Release() override {
+        Within = nullptr;
+        if (Real) Real->Release();
+    }
     QWidget* Within = nullptr;
+    // Confines a real pointer too.
+    std::unique_ptr<platform::PointerConfinement> Real;
 };
 
 class RecordingBrowser : public platform::WebBrowser {
