@@ -17,10 +17,8 @@ namespace zps::tests {
 
 using enum Colour;
 
-using Names = std::initializer_list<const char*>;
-
 // The texts of labels, buttons and fields.
-inline std::string Texts(Panel& panel, Names controls) {
+inline std::string Texts(Panel& panel, std::initializer_list<const char*> controls) {
     QStringList texts;
     for (const char* name : controls) texts += panel.Get<QWidget>(name).property("text").toString();
     return texts.join(' ').toStdString();
@@ -61,15 +59,15 @@ class ScriptedRun : public testing::Test, protected ScriptedPanel {
         return {1, 2, 9, bits, code, 0, 0x2F, 0x44, 0, 0x27, 0x10, 3, 0, 0};
     }
 
-    // What has been sent since the last call: a poll as "?", another control frame by its code, a
-    // command by its letter and first byte, an upload as "S*".
+    // What has been sent since the last call: ? for a poll, l and r for going to local and to
+    // remote, U for an upload, else the letter and the first byte of a command.
     std::string Sent() {
         std::string all;
         for (const Bytes& frame : Line().WrittenData()) {
-            const bool control = frame.size() == 3;
-            const std::string byte = std::to_string(frame[control ? 1 : 5]);
-            if (!control) all += static_cast<char>(frame[4]);
-            all += (frame.size() == 32 ? "*" : byte == "16" && control ? "?" : byte) + " ";
+            if (frame.size() == 3) all += "?l r"[frame[1] - 16];
+            if (frame.size() == 32) all += 'U';
+            if (frame.size() != 3 && frame.size() != 32)
+                all += static_cast<char>(frame[4]) + std::to_string(frame[5]);
         }
         Line().ForgetWritten();
         return all;

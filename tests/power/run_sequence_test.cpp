@@ -89,7 +89,7 @@ TEST_F(RunSequence, AStepThatIsMissingIsSentByTheClickOnItButNoSwitchGoesOn) {
     EXPECT_EQ(Boxes.Shown.size(), 1U);
     ASSERT_TRUE(Quiet());
     Leave();
-    EXPECT_EQ(Sent(), "S* B1 ");
+    EXPECT_EQ(Sent(), "UB1");
 }
 
 TEST_F(RunSequence, TheCountGoesToAddressOneAndItsRangeIsChecked) {
