@@ -18,6 +18,16 @@ double Luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
+// The text of a disabled control: a little towards its background, and still to be read.
+QColor Dimmed(const QColor& text, const QColor& background) {
+    constexpr double share = 0.3;
+    const auto mixed = [](int of, int with) {
+        return static_cast<int>(of * (1 - share) + with * share);
+    };
+    return {mixed(text.red(), background.red()), mixed(text.green(), background.green()),
+            mixed(text.blue(), background.blue())};
+}
+
 }  // namespace
 
 QColor ToQColor(Colour colour) {
@@ -41,6 +51,7 @@ void PaintBackground(QWidget& control, const QColor& background) {
     }
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, Dimmed(text, background));
     }
     if (palette == control.palette()) return;
     control.setPalette(palette);

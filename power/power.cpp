@@ -15,6 +15,8 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace zps {
 
@@ -87,6 +89,11 @@ POWER::POWER(SOURCE& source, const Surroundings& around)
     c.lblORV_URL->OnDoubleClick = [this, &browser = around.Browser] {
         browser.Open(Self->Controls.lblORV_URL->text());
     };
+    // The frame of a locked row moves on the screen with what the window shows of it.
+    const auto* view = qobject_cast<QScrollArea*>(centralWidget());
+    for (const QScrollBar* bar : {view->horizontalScrollBar(), view->verticalScrollBar()}) {
+        connect(bar, &QScrollBar::valueChanged, this, [this] { Self->Lock.ResumeConfinement(); });
+    }
     Self->comPOWER->OnReceive(serial::EventKind::Input, [this] { comPOWER_Event(); });
 }
 
