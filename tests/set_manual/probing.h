@@ -7,12 +7,15 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 
 namespace zps::tests {
 
 inline const QString GoodAck = QStringLiteral("통신ok = ACK수신!!!");
 inline const QString GoodData = QStringLiteral("통신ok = DATA수신!!!");
+inline const Bytes Enq{1, 5, 6};
+inline const Bytes Dle{1, 16, 17};
 inline const Bytes Ack{1, 6, 7};
 inline const Bytes Nak{1, 21, 22};
 
@@ -22,18 +25,12 @@ inline std::uint8_t Low(int value) {
 inline Bytes Control(int address, int code) {
     return {Low(address), Low(code), Low(address + code)};
 }
-inline Bytes Enq(int address) {
-    return Control(address, 5);
-}
-inline Bytes Dle(int address) {
-    return Control(address, 16);
-}
 // The four frames that identify and initialise the supply at `address`.
 inline std::vector<Bytes> ChainOf(int address) {
     Bytes init{0,  2,   19, 27, 'A', 0,   27, 'W', 0, 27, 'G', 0,
                27, 'X', 0,  27, 'B', 255, 27, 'F', 0, 0,  3,   Low(120 + address)};
     init[0] = Low(address);
-    return {Enq(address), Control(address, 19), std::move(init), Dle(address)};
+    return {Control(address, 5), Control(address, 19), std::move(init), Control(address, 16)};
 }
 
 inline Bytes RatingsReply(int tenthsOfVolt, int tenthsOfAmpere) {
@@ -43,7 +40,7 @@ inline Bytes RatingsReply(int tenthsOfVolt, int tenthsOfAmpere) {
 }
 // A supply at address 1 that acknowledges everything and tells 150 V and 10 A.
 inline Bytes GoodSupply(const Bytes& block) {
-    return block == Dle(1) ? RatingsReply(1500, 100) : Ack;
+    return block == Dle ? RatingsReply(1500, 100) : Ack;
 }
 
 // Chooses from a list with the keyboard, the present entry too.
