@@ -7,37 +7,26 @@ using namespace std::chrono_literals;
 
 const QString Step = QStringLiteral("03");
 
-TEST_F(ShownLog, RestartRewritesRowOneAndTheNumberingAndKeepsTheRowsOfEarlierRuns) {
+TEST_F(ShownLog, CountsEachRunFromItsFirstReplyAndKeepsTheRowsOfEarlierRuns) {
     EXPECT_EQ(Row(0), "NO|TIME(sec)|STEP|Voltage(V)|Current(A)");
+    Log.NoteReply();  // before any run
     StartRun();
     EXPECT_EQ(Row(1), "0|0|07|0|0");
-    Log.NoteReply();
-    Sample(1, 3);
-    Log.Restart(Step);
-    EXPECT_EQ(Row(1), "0|0|03|0|0");
-    EXPECT_EQ(Row(4), "3|0.50|03|3.00|0.300");  // 0.495 s
-    for (int row = 1; row <= ChartRows; ++row) EXPECT_EQ(Chart(row), "|");
-    Time += 10s;
-    Log.NoteReply();
-    Sample(4, 4);
-    EXPECT_EQ(Row(5), "1|0.17|04|4.00|0.400");
-    EXPECT_EQ(Chart(1), "4.00|0.400");
-}
-
-TEST_F(ShownLog, FirstReplyOfARunNotesItsStartAlsoWhenItIsASample) {
-    Log.NoteReply();  // before any run
-    Time += 5s;
-    StartRun();
     Time += 5s;
     Log.NoteReply();  // the supply has acknowledged "output on"
     Time += 1200ms;
     Log.NoteReply();  // a reply that was no sample
-    Sample(1, 1);
+    Sample(1, 3);
     EXPECT_EQ(Row(2), "1|1.37|01|1.00|0.100");  // 1.365 s
     Log.Restart(Step);
-    Sample(3, 4);
-    EXPECT_EQ(Row(3), "1|0.00|03|3.00|0.300");
-    EXPECT_EQ(Row(4), "2|0.17|04|4.00|0.400");
+    EXPECT_EQ(Row(1), "0|0|03|0|0");
+    EXPECT_EQ(Row(4), "3|1.70|03|3.00|0.300");
+    for (int row = 1; row <= ChartRows; ++row) EXPECT_EQ(Chart(row), "|");
+    Time += 10s;
+    Sample(4, 5);  // the first reply is a sample
+    EXPECT_EQ(Row(5), "1|0.00|04|4.00|0.400");
+    EXPECT_EQ(Row(6), "2|0.17|05|5.00|0.500");
+    EXPECT_EQ(Chart(1), "4.00|0.400");
 }
 
 TEST_F(ShownLog, KeepsTheTextsOfThePanelWhateverItsDecimals) {
