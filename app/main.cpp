@@ -18,7 +18,7 @@ int main(int /*argc*/, char** argv) {
     try {
         program.StartUp();
     } catch (const zps::serial::PortError& error) {
-        boxes.Show(nullptr, zps::PortMessage(error.CommPort, QString::fromStdString(error.what())));
+        boxes.Show(nullptr, zps::PortMessage(error.CommPort, QString::fromLocal8Bit(error.what())));
         return 1;
     }
     return QApplication::exec();

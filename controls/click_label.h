@@ -1,6 +1,7 @@
-// A label that can be double-clicked.
+// A label that can be double-clicked, or reached with Tab and pressed with Enter or Space.
 #pragma once
 
+#include <QKeyEvent>
 #include <QLabel>
 
 #include <functional>
@@ -15,11 +16,20 @@ class ClickLabel : public QLabel {
         setAccessibleName(accessibleName);
         setTextFormat(Qt::PlainText);
         setCursor(Qt::PointingHandCursor);
+        setFocusPolicy(Qt::TabFocus);
     }
 
     std::function<void()> OnDoubleClick;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool press = event->key() == Qt::Key_Return || event->key() == Qt::Key_Space;
+        if (press && OnDoubleClick) {
+            OnDoubleClick();
+        } else {
+            QLabel::keyPressEvent(event);
+        }
+    }
     void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {
         if (OnDoubleClick) OnDoubleClick();
     }

@@ -20,7 +20,7 @@ double Luminance(const QColor& colour) {
 
 // The text of a disabled control: a little towards its background, and still to be read.
 QColor Dimmed(const QColor& text, const QColor& background) {
-    constexpr double share = 0.3;
+    constexpr double share = 0.25;
     const auto mixed = [](int of, int with) {
         return static_cast<int>(of * (1 - share) + with * share);
     };

@@ -24,6 +24,7 @@ EntryField::EntryField(const QString& name, const QString& accessibleName, QWidg
     setObjectName(name);
     setAccessibleName(accessibleName);
     setAttribute(Qt::WA_InputMethodEnabled, false);
+    setAcceptDrops(false);  // a dropped text would come without the focus, and so unchecked
     setContextMenuPolicy(Qt::NoContextMenu);
     connect(this, &QLineEdit::textChanged, this, [this] { Call(On.Change); });
 }

@@ -17,7 +17,7 @@ void ErrorReporter::Run(const void* timer, const std::function<void()>& handler)
         handler();
         ShownForTimer.erase(timer);
     } catch (const serial::PortError& error) {
-        Report(timer, PortMessage(error.CommPort, QString::fromStdString(error.what())));
+        Report(timer, PortMessage(error.CommPort, QString::fromLocal8Bit(error.what())));
     } catch (const OverflowError& error) {
         Report(timer, {MessageIcon::Critical, QStringLiteral("값 변환 에라"),
                        QStringLiteral("값을 보낼 수 없어 동작을 중단했습니다.\n%1")

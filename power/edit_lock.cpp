@@ -83,7 +83,10 @@ void EditLock::ResumeConfinement() {
 }
 
 void EditLock::Confine(bool on) {
-    if (on == Confined) return;
+    if (on == Confined) {
+        ResumeConfinement();  // the frame may have moved
+        return;
+    }
     Confined = on;
     Parts.Controls.fraSTEPLIST->KeepFocus(on);
     on ? ResumeConfinement() : Pointer.Release();

@@ -24,6 +24,9 @@ class EditLock {
     // The rows show other steps: what may be used in them follows the steps.
     void ScrolledTo();
 
+    // The frame can't be used: the pointer must not be kept in it.
+    void FreePointer() { Confine(false); }
+
     // Lets the pointer go while a message box is up or the window is not active, and takes it back.
     void SuspendConfinement();
     void ResumeConfinement();

@@ -24,7 +24,6 @@ bool SetsOneValue(const Bytes& frame) {
 }  // namespace
 
 void HeldSteps::Mark(int step) {
-    Doubtful = Open == step;
     if (Open) TakeBack();
     Source.StepFlag.at(static_cast<std::size_t>(step)) = true;
     Open = step;
@@ -34,8 +33,9 @@ void HeldSteps::Mark(int step) {
 void HeldSteps::Answered(Reply result) {
     if (!Open) return;
     const Bytes& frame = Source.TxFrame;
-    const bool complete = SetsAllValues(frame) || (SetsOneValue(frame) && !Doubtful);
-    if (result == Reply::Ack && complete) {
+    bool& doubt = Doubtful.at(static_cast<std::size_t>(*Open));
+    if (SetsAllValues(frame)) doubt = false;
+    if (result == Reply::Ack && !doubt && (SetsAllValues(frame) || SetsOneValue(frame))) {
         Open.reset();
     } else {
         TakeBack();
@@ -47,7 +47,9 @@ void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration li
 }
 
 void HeldSteps::TakeBack() {
-    Source.StepFlag.at(static_cast<std::size_t>(*Open)) = false;
+    const auto step = static_cast<std::size_t>(*Open);
+    Source.StepFlag.at(step) = false;
+    Doubtful.at(step) = true;  // until all its values have been acknowledged at once
     Open.reset();
     Source.PaintStepRows(CurStep);
 }

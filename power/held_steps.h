@@ -5,6 +5,7 @@
 #include "source/reply.h"
 #include "source/source.h"
 
+#include <array>
 #include <optional>
 
 namespace zps {
@@ -28,8 +29,8 @@ class HeldSteps {
 
     SOURCE& Source;
     const std::int16_t& CurStep;
-    std::optional<int> Open;  // the step whose answer is outstanding
-    bool Doubtful = false;    // an earlier value of that step had no answer
+    std::optional<int> Open;                 // the step whose answer is outstanding
+    std::array<bool, StepCount> Doubtful{};  // some value of the step may not have arrived
     serial::Clock::time_point Sent;
 };
 

@@ -28,7 +28,9 @@ void EnableRemoteWidgets(PowerControls& c, bool on) {
 
 void EnableControl(PowerControls& controls, QWidget& control, bool on) {
     if (!on && FocusInside(control) != nullptr) {
+        auto* open = dynamic_cast<EntryField*>(FocusInside(control));
         controls.cmdFOCUS->setFocus();
+        if (open != nullptr && open != FocusInside(control)) open->Leave();
         // An entry in error has taken it back, but nobody can mend it now.
         if (auto* field = dynamic_cast<EntryField*>(FocusInside(control))) {
             field->Cancel();

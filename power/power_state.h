@@ -19,6 +19,7 @@ struct PowerState {
 
     std::int16_t RunPhase = PhaseIdle;
     bool FaultResetPending = false;  // a fault is to be reset once its message has been answered
+    int Faults = 0;                  // faults that the supply has reported
     std::int32_t NoReplyCount = 0;   // polls without any reply in the present output period
     bool Switching = false;          // a switch's click is still being worked on
     std::int16_t CurStep = 0;        // the step selected on the supply

@@ -77,6 +77,7 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
 
 std::optional<Message> ReplyHandler::Fault(std::uint8_t code) {
     OutputIsOff();
+    ++Parts.State.Faults;
     Parts.State.FaultResetPending = code == OutputCurrentFault;
     for (const auto& fault : FaultTexts) {
         if (fault.Code == code) {

@@ -97,6 +97,9 @@ void StepList::KeepOldTextOfFocus() {
             if (field->Entered()) Parts.Source.OldText = field->text().toStdString();
         }
     }
+    for (const EntryField* field : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
+        if (field->Entered()) Parts.Source.OldText = field->text().toStdString();
+    }
 }
 
 }  // namespace zps

@@ -24,9 +24,10 @@ class StepList : public StepRows {
     // Writes a field by program: the change is no edit of the operator.
     void WriteField(EntryField& field, const std::string& text);
 
-  private:
+    // After program writes: OldText is again that of the field that has the focus.
     void KeepOldTextOfFocus();
 
+  private:
     PowerParts& Parts;
     int Top = 0;
 };

@@ -15,9 +15,15 @@ StepUpload::StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, StepEn
 }
 
 void StepUpload::txPSTEP_Click(int row) {
-    if (!Entry.CommitOpenEntry() || !Parts.Source.RatingsKnown()) return;
+    if (!Entry.CommitOpenEntry()) return;
     const int step = Rows.TopStep() + row;
     if (step == Parts.State.CurStep) return;
+    if (!Parts.Source.RatingsKnown()) {
+        Parts.Boxes.Show(&Parts.Window, {MessageIcon::Information, QStringLiteral("STEP 설정 오류"),
+                                         QStringLiteral("전원의 정격을 읽지 못했습니다.\n"
+                                                        "ZPS설정에서 DATA 확인을 먼저 하세요.")});
+        return;
+    }
     if (Parts.State.OutputOn) {
         SelectRow(row);
         Lock.ReleaseEditLockOutputOn();
@@ -28,6 +34,7 @@ void StepUpload::txPSTEP_Click(int row) {
         EntryField& field = *fields.at(static_cast<std::size_t>(row));
         Rows.WriteField(field, FormatSeconds(LeadingNumber(field.text().toStdString())));
     }
+    Rows.KeepOldTextOfFocus();
     Frame frame = RowFrame(row);  // what can't be sent must not be shown as selected or held
     SelectRow(row);
     SendRow(row, std::move(frame));
@@ -43,8 +50,8 @@ void StepUpload::tmrSTART_Timer() {
     Parts.State.OutputOn = false;
     Parts.State.RefocusPending = false;
     SelectRow(TopRow);
-    SendRow(TopRow, std::move(frame));
     Parts.Source.PaintStepRows(0);  // step 0 is highlighted, not the one that starts
+    SendRow(TopRow, std::move(frame));
 }
 
 int StepUpload::ButtonStep(int row) const {

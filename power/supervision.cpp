@@ -41,6 +41,7 @@ void Supervision::PollSupply() {
 void Supervision::tmrWatch_Timer() {
     const auto now = serial::Clock::now();
     Parts.Held.Expire(now, AnswerLimit);
+    if (!Parts.Line.Open()) return;  // another window has the port
     const bool silent = now - Replies.LastReply() >= AnswerLimit;
     if (Parts.State.OutputOn && silent) Parts.Timers.tmrDLE.SetEnabled(true);
 }

@@ -52,6 +52,8 @@ void Switches::Connect(QPushButton& button, std::function<void()> click) {
 }
 
 void Switches::ResetFunctions() {
+    if (Parts.State.OutputOn) SwitchOutputOff();
+    ShowOutput(Parts.Controls, false);
     for (const PlainSwitch& plain : {Auto, Sensing, OverCurrent}) {
         Parts.State.*plain.On = false;
         Show(plain, false);
@@ -78,12 +80,15 @@ void Switches::Show(const PlainSwitch& plain, bool on) {
 }
 
 void Switches::cmdOUTPUT_Click() {
-    const bool switchOn = !Parts.State.OutputOn;
+    // The button undoes what the panel shows: a step start clears OutputOn and says nothing of it.
+    const bool shownOn = Parts.Controls.Output_ONOFF->text() == QStringLiteral("ON");
+    const bool switchOn = !Parts.State.OutputOn && !shownOn;
     // Switching off must not depend on what stands in an entry field.
     if (switchOn && !EntriesAreDone()) return;
     Parts.Timers.tmrDLE.SetEnabled(false);
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
-    switchOn ? SwitchOutputOn() : SwitchOutputOff();
+    if (switchOn && !SwitchOutputOn()) return;
+    if (!switchOn) SwitchOutputOff();
     Parts.Line.SendCommand('A', switchOn ? 1 : 0);
     if (switchOn) Parts.Timers.tmrDLE.SetEnabled(true);
 }
@@ -98,19 +103,22 @@ void Switches::SwitchOutputOff() {
     ShowOutput(Parts.Controls, false);
 }
 
-void Switches::SwitchOutputOn() {
+bool Switches::SwitchOutputOn() {
+    const int faults = Parts.State.Faults;
     PowerControls& c = Parts.Controls;
     for (QLabel* counter : {c.lblZPS_ENQ, c.lblZPS_ERR, c.lblZPS_ERR1}) {
         counter->setText(QStringLiteral("0"));
     }
     Lock.ReleaseEditLockOutputOn();
     WaitForReplyInProgress();
+    if (faults != Parts.State.Faults) return false;  // the supply has reported one meanwhile
     Lock.ReleaseEditLockOutputOn();  // a step start during the wait has released all rows
     Parts.State.OutputOn = true;
     SetOutputControls(Parts, false);
     Log.Restart(c.txtSTEP->text());
     ShowOutput(c, true);
     Parts.State.NoReplyCount = 0;
+    return true;
 }
 
 void Switches::WaitForReplyInProgress() {
@@ -145,6 +153,7 @@ void Switches::GoLocal() {
     Parts.State.RemoteOn = false;
     CallOffStepStart();
     SetRemoteControls(Parts, false);
+    Lock.FreePointer();
     Parts.State.OutputOn = false;
     ShowOutput(Parts.Controls, false);
     Parts.Controls.lblPREMOTE->setText(QStringLiteral("LOC"));

@@ -36,7 +36,8 @@ class Switches {
     bool EntriesAreDone();
     void Toggle(const PlainSwitch& plain);
     void Show(const PlainSwitch& plain, bool on);
-    void SwitchOutputOn();
+    // False if a fault came up before it was on.
+    bool SwitchOutputOn();
     void SwitchOutputOff();
     void WaitForReplyInProgress();
     bool StepStartUnderWay() const;

@@ -20,6 +20,7 @@ struct Session {
     explicit Session(int number) : Number(number) {}
 
     const int Number;
+    std::string Path;  // the device that was opened
     bool Ended = false;
     Inbox Arrived;
     std::unique_ptr<AsioDevice> Device;  // absent while it is lost and can't be opened again
@@ -80,13 +81,16 @@ void AsioPort::SetPortOpen(bool open) {
 
 // The session outlives its device, and this object the session's device.
 void AsioPort::OpenDevice(Session& session) {
-    const auto path = DevicePath(session.Number);
+    const bool again = !session.Path.empty();
+    const auto path =
+        again ? DevicePathAgain(session.Number, session.Path) : DevicePath(session.Number);
     if (path.empty()) throw std::system_error(std::make_error_code(std::errc::no_such_device));
     session.Device = std::make_unique<AsioDevice>(
         path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
             arrived.Put(bytes);
             Event.BytesArrived();
         });
+    session.Path = path;
 }
 
 bool AsioPort::OpenDeviceAgain(Session& session) {

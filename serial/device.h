@@ -21,6 +21,10 @@ using NativeHandle = int;
 // n-th serial device of the machine, USB adapters first, then the UARTs that exist.
 std::string DevicePath(int number);
 
+// The device to open after port `number` was lost as `before`: where its link points now, or else
+// the same device. Another one that has moved up in the meantime may lead to another supply.
+std::string DevicePathAgain(int number, const std::string& before);
+
 // Claims an open device for this program alone; an error if another program has it. Ends with
 // Release, or when the handle is closed.
 std::error_code Claim(NativeHandle device);

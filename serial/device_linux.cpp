@@ -109,6 +109,11 @@ std::string DevicePath(int number) {
     return DevicePath(number, {.Links = LinkFolderPath()});
 }
 
+std::string DevicePathAgain(int number, const std::string& before) {
+    auto linked = LinkedDevice(number, LinkFolderPath());
+    return linked.empty() ? before : linked;
+}
+
 std::error_code Claim(NativeHandle device) {
     // A program started from this one (a web browser) would keep the claim alive.
     const bool own = fcntl(device, F_SETFD, FD_CLOEXEC) == 0;

@@ -54,6 +54,7 @@ void ProbeChain::StartLater(std::chrono::milliseconds delay) {
 
 void ProbeChain::Stop() {
     ++ExchangeNumber;
+    InitialisationOut = false;
     Source.RetryCount = 0;
     for (Timer* timer : {&tmrSTART_ENQ, &tmrZPS_Remote, &tmrPower_Init, &tmrSTART_DLE}) {
         timer->SetEnabled(false);
@@ -113,7 +114,7 @@ void ProbeChain::TakeRatings(const Bytes& reply) {
 void ProbeChain::Finish(Reply result) {
     const std::int16_t asked = Source.ReplyFlag;
     const bool lastAttempt = Source.RetryCount >= MostRetries;
-    const bool initialised = result == Reply::Ack && Source.TxFrame.at(1) == code::Stx;
+    const bool initialised = result == Reply::Ack && InitialisationOut;
     Source.RetryCount = 0;
     Source.ReplyFlag = ExpectAck;
     Tell.Result(result, asked);
@@ -155,6 +156,7 @@ void ProbeChain::tmrPower_Init_Timer() {
     tmrPower_Init.SetEnabled(false);
     ProbeStage = Initialising;
     Exchange(InitialisationFrame(FormAddr), ExpectAck);
+    InitialisationOut = true;
 }
 
 void ProbeChain::tmrSTART_DLE_Timer() {

@@ -77,7 +77,8 @@ class ProbeChain {
     Timer tmrZPS_Remote;
     Timer tmrPower_Init;
     Timer tmrSTART_DLE;
-    unsigned ExchangeNumber = 0;  // tells a handler that its exchange was ended while it waited
+    bool InitialisationOut = false;  // the exchange in progress is that of the initialisation frame
+    unsigned ExchangeNumber = 0;     // tells a handler that its exchange was ended while it waited
 };
 
 }  // namespace zps

@@ -99,6 +99,7 @@ void SET_MANUAL::optPORT_Click(int number) {
     // Another port may hold another supply: the old ratings must not meet it.
     if (port != Source.CommPort) Source.CheckedAddr = LinkState::NoAddress;
     Source.CommPort = FormPort = port;
+    Source.RxResult = Reply::None;
     Chain.Stop();
     if (const auto error = OpenPort(port)) throw serial::PortError(*error);
     Chain.Restart(DelayAfterChoice);
@@ -110,6 +111,7 @@ void SET_MANUAL::cmbADDR_Click() {
     Source.SetAddr = static_cast<std::int16_t>(StrictInteger(text, Lowest, HighestAddress));
     if (Chain.FormAddr != Source.SetAddr) Chain.FormAddr = Source.PowerAddr = Source.SetAddr;
     if (Chain.ProbeStage == ProbeChain::Loading) return;
+    Source.RxResult = Reply::None;  // of the supply before
     Chain.Stop();
     if (comPOWER->PortOpen()) Chain.Restart(DelayAfterChoice);
 }

@@ -12,6 +12,9 @@ class Transmitter {
   public:
     Transmitter(SOURCE& source, serial::Port& port) : Source(source), Line(port) {}
 
+    // Whether this window has the port now.
+    bool Open() const { return Line.PortOpen(); }
+
     // Sends TxFrame as it stands. While the reply to the frame before is outstanding it waits
     // first, for 0.1 s and without letting events run.
     void TransmitFrame();

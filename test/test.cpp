@@ -6,6 +6,7 @@
 #include "test/monitor_reply.h"
 
 #include <limits>
+#include <utility>
 
 namespace zps {
 
@@ -58,6 +59,7 @@ void TEST::txtPADDR_Change() {
 void TEST::Probe(std::uint8_t controlCode) {
     Source.LayFrame(ProbeFrame(FormAddr, controlCode, FormAddr));
     comPOWER->DiscardInput();
+    ++ProbesOut;
     comPOWER->Output(Source.TxFrame);
 }
 
@@ -65,6 +67,9 @@ void TEST::comPOWER_OnComm() {
     const unsigned exchange = ExchangeNumber;
     const Bytes reply = GatherReply(*comPOWER, LongestReply, serial::WaitMode::RunEvents);
     if (exchange != ExchangeNumber) return;
+    // A probe sent during the wait before has been judged with what came then.
+    const bool judged = std::exchange(ProbesJudged, ProbesOut) == ProbesOut;
+    if (judged && reply.empty()) return;
     const Verdict verdict = JudgeMonitorReply(reply, FormAddr);
     NumberPanels& panels = *Controls.StatusBar_RXDATA;
     panels.Grow(reply.size());

@@ -28,6 +28,8 @@ class TEST : public PortWindow {
     TestControls Controls;
     std::int16_t FormPort = 0;
     std::int16_t FormAddr = 0;
+    unsigned ProbesOut = 0;
+    unsigned ProbesJudged = 0;
     unsigned ExchangeNumber = 0;  // tells a handler that the window was closed while it waited
 };
 
