@@ -73,7 +73,8 @@ TEST(Identification, NamesTheModelAfterThePowerOfTheSupply) {
     panel.Line().Otherwise(GoodSupply);
     panel.Run.StartUp();
     ASSERT_TRUE(panel.WaitForDataResult(GoodData));
-    const auto expectModel = [&](int tenthsOfVolt, int tenthsOfAmpere, int index, QString name) {
+    const auto expectModel = [&](int tenthsOfVolt, int tenthsOfAmpere, int index,
+                                 const QString& name) {
         panel.Line().Answer(RatingsReply(tenthsOfVolt, tenthsOfAmpere));
         panel.Source().CheckedAddr = LinkState::NoAddress;
         Press(panel, "cmdZPS_DLE");
