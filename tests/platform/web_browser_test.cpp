@@ -25,9 +25,7 @@ TEST(WebBrowserTest, TheAddressIsOpenedAlsoWithoutAScheme) {
     EXPECT_EQ(opened.Last, QUrl("http://www.example.com/a?b=c"));
     EXPECT_TRUE(SystemWebBrowser().Open(" www.example.com\n"));
     EXPECT_EQ(opened.Last, QUrl("http://www.example.com"));
-    opened.Last.clear();
     EXPECT_FALSE(SystemWebBrowser().Open(""));
-    EXPECT_TRUE(opened.Last.isEmpty());
 }
 
 }  // namespace
