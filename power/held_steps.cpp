@@ -24,7 +24,7 @@ bool SetsOneValue(const Bytes& frame) {
 }  // namespace
 
 void HeldSteps::Mark(int step) {
-    if (Open) TakeBack();
+    if (Open) HearAnswer();
     Source.StepFlag.at(static_cast<std::size_t>(step)) = true;
     Open = step;
     Sent = serial::Clock::now();
@@ -40,6 +40,12 @@ void HeldSteps::Answered(Reply result) {
     } else {
         TakeBack();
     }
+}
+
+void HeldSteps::HearAnswer() {
+    const Bytes reply = GatherReply(Line, AckLength, serial::WaitMode::HoldEvents);
+    if (!reply.empty()) Source.RxBusy = false;
+    Answered(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
 }
 
 void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration limit) {

@@ -11,13 +11,14 @@
 namespace zps {
 
 // A step is marked as held when its values are sent. If that frame is refused, answered by rubbish
-// or not answered at all, the mark is taken back: an auto sequence must not be built on it. A frame
-// whose answer is still outstanding when the next one goes out has no answer: it is swept away.
+// or not answered at all, the mark is taken back: an auto sequence must not be built on it.
 class HeldSteps {
   public:
-    HeldSteps(SOURCE& source, const std::int16_t& curStep) : Source(source), CurStep(curStep) {}
+    HeldSteps(SOURCE& source, serial::Port& port, const std::int16_t& curStep)
+        : Source(source), Line(port), CurStep(curStep) {}
 
-    // The values of `step` go out now.
+    // The values of `step` go out next. An answer still outstanding is heard first, for 0.1 s at
+    // most: the frame would sweep it away.
     void Mark(int step);
     // The reply to the last frame has been judged.
     void Answered(Reply result);
@@ -25,9 +26,11 @@ class HeldSteps {
     void Expire(serial::Clock::time_point now, serial::Clock::duration limit);
 
   private:
+    void HearAnswer();
     void TakeBack();
 
     SOURCE& Source;
+    serial::Port& Line;
     const std::int16_t& CurStep;
     std::optional<int> Open;                 // the step whose answer is outstanding
     std::array<bool, StepCount> Doubtful{};  // some value of the step may not have arrived

@@ -29,7 +29,7 @@ struct POWER::Inside {
           Timers(Events),
           comPOWER(around.Ports.MakePort()),
           Line(source, *comPOWER),
-          Held(source, State.CurStep),
+          Held(source, *comPOWER, State.CurStep),
           Parts{source, State, Controls, Timers, Line, Held, Events, Boxes, around.Loop, window},
           Rows(Parts),
           Lock(Parts, around.Pointer),
