@@ -96,7 +96,9 @@ struct Pty::Inside {
     Descriptor Waker{Checked(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK), "eventfd")};
     Descriptor Master;
     // Kept open: a device that nobody has open reports a hang-up without end, and keeps the
-    // exclusive use and the unread bytes of a user who has crashed.
+    // exclusive use and the unread bytes of a user who has crashed. Kept also while the line is
+    // unplugged: the system would give the name to another terminal, and a user who looks for the
+    // line would write to that one.
     Descriptor Slave;
     Descriptor Users;
     int UserCount = 0;  // others than us who have the device open
@@ -140,7 +142,6 @@ void Pty::Open() {
 
 void Pty::Close() {
     Self->Users.Close();
-    Self->Slave.Close();
     Self->Master.Close();
     Self->Name.clear();
 }

@@ -113,6 +113,14 @@ TEST(Line, UnpluggedIsAnErrorToReadersAndPluggedIsADeviceAgain) {
     EXPECT_TRUE(line.StateOf(1).Remote);
 }
 
+TEST(Line, UnpluggedLeavesItsNameToNoOtherTerminal) {
+    Line line(One);
+    const std::string name = line.DeviceName();
+    line.Unplug();
+    Line other(One);
+    EXPECT_NE(other.DeviceName(), name);
+}
+
 TEST(ReplyFaults, LoseChangeDivideDoubleAndDelayAReply) {
     const Time due{1h};
     ReplyFaults mangler(1);
