@@ -110,8 +110,12 @@ std::string DevicePath(int number) {
 }
 
 std::string DevicePathAgain(int number, const std::string& before) {
-    auto linked = LinkedDevice(number, LinkFolderPath());
-    return linked.empty() ? before : linked;
+    return DevicePathAgain(number, before, {.Links = LinkFolderPath()});
+}
+
+std::string DevicePathAgain(int number, const std::string& before, const DeviceRoots& roots) {
+    if (auto linked = LinkedDevice(number, roots.Links); !linked.empty()) return linked;
+    return fs::path(before).parent_path() == roots.Devices ? before : std::string();
 }
 
 std::error_code Claim(NativeHandle device) {
@@ -136,8 +140,10 @@ std::size_t PendingOutput(NativeHandle device) {
 void Release(NativeHandle device) {
     // Only then: on a pseudo-terminal it would take away what the other side has yet to read.
     if (PendingOutput(device) > 0) tcflush(device, TCOFLUSH);
-    // Exclusive use would outlive the handle where another one is open on the same terminal.
+    // Both would outlive the handle: exclusive use where another one is open on the same terminal,
+    // the lock where a program that is just being started shares it.
     ioctl(device, TIOCNXCL);
+    flock(device, LOCK_UN);
 }
 
 }  // namespace zps::serial

@@ -6,9 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <ctime>
 #include <memory>
 #include <numeric>
+#include <sys/wait.h>
 #include <termios.h>
 #include <thread>
 
@@ -73,11 +75,15 @@ TEST_F(AsioPort, IsForOneProgramUntilItIsClosedWhichLetsWrittenBytesLeave) {
     EXPECT_FALSE(other->PortOpen());
     const Bytes block(8000, 17);  // more than the far end holds ready for its reader
     Port->Output(block);
+    const pid_t child = fork();  // a program that is just being started shares every handle
+    if (child == 0) pause();
     Port->SetPortOpen(false);
     EXPECT_EQ(Far->Read(block.size()), block);
     EXPECT_THROW(Port->Output(Bytes{1}), PortError);
     EXPECT_FALSE(Port->WaitForInput(0, 10s, WaitMode::HoldEvents));
     EXPECT_NO_THROW(other->SetPortOpen(true));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
 }
 
 class AsioPortWait : public AsioPort, public testing::WithParamInterface<WaitMode> {};

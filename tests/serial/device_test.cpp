@@ -60,5 +60,16 @@ TEST_F(DeviceMapping, PutsTheLinkOfANumberFirstEvenIfItLeadsNowhereInAFolderForT
     EXPECT_EQ(DeviceOf(1), Named("ttyUSB0"));
 }
 
+TEST_F(DeviceMapping, FindsALostDeviceAgainButNeverAnotherOneInItsPlace) {
+    const auto again = [this](const std::string& before) {
+        return serial::DevicePathAgain(1, before, Roots);
+    };
+    AddDevice("ttyUSB1");  // has moved up
+    EXPECT_EQ(again(Named("ttyUSB0")), Named("ttyUSB0"));
+    EXPECT_EQ(again("/nowhere/pts/3"), "");  // its name may be another terminal's by now
+    fs::create_symlink("/nowhere/pts/4", Roots.Links / "COM1");
+    EXPECT_EQ(again("/nowhere/pts/3"), "/nowhere/pts/4");
+}
+
 }  // namespace
 }  // namespace zps::tests
