@@ -55,8 +55,9 @@ void ReplyHandler::comPOWER_OnComm() {
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
     if (wantsData && result != Reply::Data) CountBadData(reply);
-    Parts.Controls.StatusBar_RXDATA->Blank(1, Parts.Controls.StatusBar_RXDATA->Count());
-    Parts.Controls.StatusBar_RXDATA->ShowBytes(reply);
+    auto& panels = *Parts.Controls.StatusBar_RXDATA;
+    panels.ShowBytes(reply);
+    panels.Blank(static_cast<int>(reply.size()) + 1, panels.Count());
     RearmTimers();
     if (message) Parts.Boxes.Show(&Parts.Window, *message);
     if (Parts.State.FaultResetPending) FaultReset();

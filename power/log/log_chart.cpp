@@ -21,7 +21,7 @@ namespace {
 
 // What differs between the two curves. Marks and strokes differ as well as colours, for people who
 // tell colours apart badly; the room above the highest value keeps two steady curves from lying on
-// one another.
+// one another, whatever RoundedUp adds to it.
 struct Curve {
     const char* Name;
     const char* AxisTitle;
@@ -42,6 +42,17 @@ double PointOf(const QString& text) {
     return text.isEmpty() ? Gap : LeadingNumber(text.toStdString());
 }
 
+// Away from zero to the next round number, at most a third more: an axis that stands still can be
+// read, and need not be drawn again with every sample.
+double RoundedUp(double value) {
+    if (value == 0) return 0;
+    const double decade = std::pow(10, std::floor(std::log10(std::abs(value))));
+    for (const double step : {1., 1.2, 1.5, 2., 2.5, 3., 4., 5., 6., 8.}) {
+        if (std::abs(value) <= step * decade) return std::copysign(step * decade, value);
+    }
+    return std::copysign(10 * decade, value);
+}
+
 // From zero, or below where a value is, to a little above the highest value.
 QCPRange RangeFor(const QVector<double>& values, double room) {
     double low = 0;
@@ -51,7 +62,7 @@ QCPRange RangeFor(const QVector<double>& values, double room) {
         low = std::min(low, value);
         high = std::max(high, value);
     }
-    return {low * room, high > 0 ? high * room : 1};
+    return {RoundedUp(low * room), high > 0 ? RoundedUp(high * room) : 1};
 }
 
 }  // namespace
@@ -75,6 +86,9 @@ LogChart::Drawing::Drawing(LogChart& chart) : Canvas(*new QCustomPlot(&chart)) {
     SetUpCurve(0, *Canvas.yAxis);
     SetUpCurve(1, *Canvas.yAxis2);
     PutLegendAbove();
+    // The curves can then be drawn without the axes, their texts and the legend.
+    Canvas.currentLayer()->setMode(QCPLayer::lmBuffered);
+    Canvas.setPlottingHint(QCP::phImmediateRefresh, false);
     ApplyPalette(chart.palette(), chart.font());
 }
 
@@ -137,22 +151,33 @@ LogChart::LogChart(QWidget* parent) : QWidget(parent), Plot(std::make_unique<Dra
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&Plot->Canvas);
     setMinimumSize(280, 160);
-    SetData({});
+    Replace({});
 }
 
 LogChart::~LogChart() = default;
 
 void LogChart::SetData(const ChartTable& table) {
+    if (table != Plotted) Replace(table);
+}
+
+void LogChart::Replace(const ChartTable& table) {
+    Plotted = table;
     QVector<double> places(ChartRows);
     std::iota(places.begin(), places.end(), 1);
+    bool axesStand = true;
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         QVector<double> values;
         for (const auto& row : table) values << PointOf(row[column]);
         QCPGraph& graph = *Plot->Graphs[column];
         graph.setData(places, values, true);
-        graph.valueAxis()->setRange(RangeFor(values, Curves[column].Room));
+        const QCPRange range = RangeFor(values, Curves[column].Room);
+        axesStand = axesStand && graph.valueAxis()->range() == range;
+        graph.valueAxis()->setRange(range);
     }
-    Plot->Canvas.replot(QCustomPlot::rpQueuedReplot);
+    if (axesStand)
+        Plot->Graphs[0]->layer()->replot();
+    else
+        Plot->Canvas.replot(QCustomPlot::rpQueuedReplot);
 }
 
 double LogChart::PlottedValue(int row, int column) const {

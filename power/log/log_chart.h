@@ -23,7 +23,8 @@ class LogChart : public QWidget {
     explicit LogChart(QWidget* parent = nullptr);
     ~LogChart() override;
 
-    // Replaces all points; the picture follows with the next turn of the event loop.
+    // Replaces all points; the picture follows with the next turn of the event loop. Costs nothing
+    // if the points are the same.
     void SetData(const ChartTable& table);
 
     // What is plotted in `row` (0 to 19) of `column`, in volts or amperes; NaN is a gap.
@@ -33,8 +34,11 @@ class LogChart : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    void Replace(const ChartTable& table);
+
     struct Drawing;
     std::unique_ptr<Drawing> Plot;
+    ChartTable Plotted;
 };
 
 }  // namespace zps

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionHeader>
@@ -27,8 +28,10 @@ LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     AddCopyActions();
-    connect(&model, &QAbstractItemModel::rowsInserted, this, &LogGrid::RowsChanged);
-    connect(&model, &QAbstractItemModel::rowsRemoved, this, &LogGrid::RowsChanged);
+    connect(&model, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int first) { RowsChanged(first + 1); });
+    connect(&model, &QAbstractItemModel::rowsRemoved, this,
+            [this](const QModelIndex&, int first) { RowsChanged(first + 1); });
     connect(&model, &QAbstractItemModel::dataChanged, viewport(), qOverload<>(&QWidget::update));
 }
 
@@ -88,12 +91,17 @@ QSize LogGrid::minimumSizeHint() const {
     return SizeForRows(MinRows);
 }
 
-void LogGrid::RowsChanged() {
+QRect LogGrid::RowRect(int row) const {
+    return CellRect(row, 0).united(CellRect(row, Model.columnCount() - 1));
+}
+
+void LogGrid::RowsChanged(int first) {
     Anchor = std::min(Anchor, RowCount());
     Current = std::min(Current, RowCount());
     UpdateScrollBar();
-    const int newest = RowCount();
-    if (newest <= TopRow() + VisibleRows()) viewport()->update();
+    QRect changed = viewport()->rect();
+    changed.setTop(RowRect(std::max(first, TopRow())).top());
+    viewport()->update(changed);
 }
 
 void LogGrid::UpdateScrollBar() {
@@ -105,8 +113,11 @@ void LogGrid::UpdateScrollBar() {
     if (following) bar.setValue(bar.maximum());
 }
 
-void LogGrid::scrollContentsBy(int /*dx*/, int /*dy*/) {
-    viewport()->update();
+// Rows that stay in sight are moved as a picture: a sample then costs the painting of its own row.
+void LogGrid::scrollContentsBy(int /*dx*/, int dy) {
+    QRect rows = viewport()->rect();
+    rows.setTop(RowHeight());
+    viewport()->scroll(0, dy * RowHeight(), rows);
     Q_EMIT Scrolled();
 }
 
@@ -193,11 +204,13 @@ void LogGrid::mouseMoveEvent(QMouseEvent* event) {
         MoveTo(RowAt(event->position().toPoint().y()), true);
 }
 
-void LogGrid::paintEvent(QPaintEvent* /*event*/) {
+void LogGrid::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const int last = std::min(RowCount(), TopRow() + VisibleRows());  // it may be seen in part
-    for (int row = TopRow(); row <= last; ++row) PaintRow(painter, row);
-    PaintHeader(painter);
+    for (int row = TopRow(); row <= last; ++row) {
+        if (event->region().intersects(RowRect(row))) PaintRow(painter, row);
+    }
+    if (event->region().intersects(RowRect(0))) PaintHeader(painter);
 }
 
 void LogGrid::PaintHeader(QPainter& painter) {
@@ -232,7 +245,7 @@ void LogGrid::PaintRow(QPainter& painter, int row) {
 void LogGrid::PaintFocus(QPainter& painter, int row) {
     QStyleOptionFocusRect option;
     option.initFrom(this);
-    option.rect = CellRect(row, 0).united(CellRect(row, Model.columnCount() - 1));
+    option.rect = RowRect(row);
     option.backgroundColor = palette().color(QPalette::Highlight);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }

@@ -54,7 +54,7 @@ class LogGrid : public QAbstractScrollArea {
 
   private:
     void AddCopyActions();
-    void RowsChanged();
+    void RowsChanged(int first);
     void UpdateScrollBar();
     void SelectAll();
     void MoveTo(int row, bool extend);
@@ -62,6 +62,7 @@ class LogGrid : public QAbstractScrollArea {
 
     int RowHeight() const;
     int RowAt(int y) const;
+    QRect RowRect(int row) const;
     QSize SizeForRows(int rows) const;
     void PaintHeader(QPainter& painter);
     void PaintRow(QPainter& painter, int row);

@@ -1,5 +1,7 @@
 #include "tests/power/log/shown_log.h"
 
+#include <QScreen>
+
 namespace zps::tests {
 namespace {
 
@@ -59,6 +61,36 @@ TEST_F(ShownLog, KeysAndMouseMoveAndExtendTheSelection) {
     }
     EXPECT_EQ(Grid.FirstSelected(), 1);
     EXPECT_EQ(Grid.LastSelected(), 3);
+}
+
+TEST_F(ShownLog, WhatIsSeenOfTheGridIsWhatItWouldPaintAnew) {
+    const auto expectFresh = [this](const char* after) {
+        QCoreApplication::processEvents();
+        QWidget& rows = *Grid.viewport();
+        const QPoint corner = rows.mapTo(&Log, QPoint());
+        const QImage seen =
+            Log.screen()
+                ->grabWindow(Log.winId(), corner.x(), corner.y(), rows.width(), rows.height())
+                .toImage();
+        const QImage anew = rows.grab().toImage();
+        EXPECT_EQ(seen.convertedTo(QImage::Format_RGB32), anew.convertedTo(QImage::Format_RGB32))
+            << after;
+    };
+    StartRun();
+    for (int k = 1; k <= 40; ++k) {
+        Sample(k, k);
+        expectFresh("a sample");
+    }
+    Sample(41, 43);
+    QTest::keyClick(&Grid, Qt::Key_Down);
+    expectFresh("three samples and a key");
+    for (const int top : {20, 21, 18, 30, 1}) {
+        ScrollTo(top);
+        QTest::keyClick(&Grid, Qt::Key_Up, Qt::ShiftModifier);
+        expectFresh("scrolling");
+    }
+    Log.Clear(QStringLiteral("07"), QStringLiteral("1.00"), QStringLiteral("0.100"));
+    expectFresh("clearing");
 }
 
 TEST(LogGridPainting, ReadsOnlyTheRowsThatAreSeen) {
