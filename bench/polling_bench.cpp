@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <benchmark/benchmark.h>
 
@@ -63,7 +64,7 @@ void PollingForTenSeconds(benchmark::State& state) {
     int words = 0;
     TimedApplication application(words, nullptr);
     QApplication::setQuitOnLastWindowClosed(false);
-    const simulator::Line line(std::vector<simulator::SupplyOptions>(1));
+    simulator::Line line(std::vector<simulator::SupplyOptions>(1));
     const simulator::PortLink link(1, line.DeviceName());
     platform::QtEventLoop loop;
     serial::AsioPortMaker ports(loop);
@@ -77,6 +78,12 @@ void PollingForTenSeconds(benchmark::State& state) {
     RunUntil(loop, 10s, [&] { return program.Shared().StepFlag[0] && !program.Shared().RxBusy; });
     RunUntil(loop, 1s, [] { return false; });
     program.Main().findChild<QPushButton*>("cmdOUTPUT")->click();
+    // Every sample is another one, as the last digits of a real supply are.
+    QTimer load;
+    bool more = false;
+    QObject::connect(&load, &QTimer::timeout, &load,
+                     [&] { line.SetLoad(1, (more = !more) ? 95 : 100); });
+    load.start(150ms);
     const auto* log = program.Main().findChild<MeasurementLog*>();
     for ([[maybe_unused]] auto turn : state) {
         application.Longest = {};
