@@ -5,8 +5,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <functional>
+
 namespace zps::tests {
 namespace {
+
+namespace fs = std::filesystem;
 
 TEST(StartUp, ShowsTheSettingsWindowAboveTheDisabledMainWindow) {
     ScriptedPanel panel;
@@ -51,6 +58,49 @@ TEST(TheDevice, IsHandedFromWindowToWindowAndOpenForNobodyElse) {
     panel.Choose("mnuSET_MANU");
     EXPECT_EQ(panel.Run.Settings(), nullptr);
     EXPECT_EQ(panel.Boxes.Shown.size(), 1U);
+}
+
+// How often this process has a device open, as the system counts.
+std::ptrdiff_t Handles(const std::string& device) {
+    std::error_code gone;
+    return std::ranges::count_if(fs::directory_iterator("/proc/self/fd"), [&](const auto& entry) {
+        return fs::read_symlink(entry.path(), gone) == device;
+    });
+}
+
+TEST(TheDevice, HasOneHolderInWhateverOrderTheWindowsOpenAndClose) {
+    SimulatedPanel panel;
+    const std::string device = panel.Line().DeviceName();
+    const auto without = Handles(device);  // the simulated line's own
+    const auto holders = [&] { return Handles(device) - without; };
+    const auto choose = [&](const char* menu) {
+        if (panel.Main().isEnabled()) panel.Choose(menu);
+    };
+    const auto closePortWindow = [&] {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (dynamic_cast<PortWindow*>(window)) window->close();
+    };
+    const std::array<std::function<void()>, 4> commands{
+        [&] { choose("mnuSET_MANU"); }, [&] { choose("mnuTEST"); }, [&] { choose("mnuHELP"); },
+        closePortWindow};
+    std::ptrdiff_t most = 0;
+    const EventWatch watch(
+        [&](const QObject&, const QEvent&) { most = std::max(most, holders()); });
+    panel.Run.StartUp();
+    for (std::size_t order = 0; order < 64; ++order) {
+        for (const auto command : {order / 16, order / 4 % 4, order % 4}) {
+            commands.at(command)();
+            QApplication::processEvents();
+            ASSERT_EQ(holders(), 1) << order << ' ' << command;
+        }
+    }
+    EXPECT_EQ(most, 1);
+    EXPECT_TRUE(panel.Boxes.Shown.empty());
+    closePortWindow();
+    panel.Choose("mnuSET_MANU");
+    EXPECT_TRUE(panel.WaitForDataResult("통신ok = DATA수신!!!"));
+    closePortWindow();
+    EXPECT_TRUE(WaitFor([&] { return panel.Source().StepFlag[0]; }));
 }
 
 TEST(TheDevice, MayGoAndComeBackUnderEitherWindow) {
