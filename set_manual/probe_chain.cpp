@@ -52,17 +52,21 @@ void ProbeChain::StartLater(std::chrono::milliseconds delay) {
     tmrSTART_ENQ.SetEnabled(true);
 }
 
-void ProbeChain::Stop() {
+void ProbeChain::EndExchange() {
     ++ExchangeNumber;
     InitialisationOut = false;
     Source.RetryCount = 0;
+}
+
+void ProbeChain::Stop() {
+    EndExchange();
     for (Timer* timer : {&tmrSTART_ENQ, &tmrZPS_Remote, &tmrPower_Init, &tmrSTART_DLE}) {
         timer->SetEnabled(false);
     }
 }
 
 void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag) {
-    Stop();
+    EndExchange();
     Line.Send(std::move(frame), replyFlag);
 }
 
@@ -74,6 +78,10 @@ void ProbeChain::ProbeDle() {
 }
 
 void ProbeChain::comPOWER_OnComm() {
+    if (!Source.RxBusy) {  // no frame is out: these bytes answer nothing
+        Port.DiscardInput();
+        return;
+    }
     const unsigned exchange = ExchangeNumber;
     const std::size_t wanted = Source.ReplyFlag == ExpectData ? DataLength : AckLength;
     const Bytes reply = GatherReply(Port, wanted, serial::WaitMode::RunEvents);

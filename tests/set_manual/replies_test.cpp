@@ -101,6 +101,23 @@ TEST(LostReplies, AreAskedForAgainAndTheChainGoesOn) {
     const auto chain = ChainOf(1);
     EXPECT_EQ(panel.Line().WrittenData(),
               (std::vector{Enq, Enq, Enq, chain[1], chain[1], chain[2], Dle}));
+    // Bytes that answer nothing are neither judged nor answered.
+    for (const Bytes& noise : {Bytes{0}, Ack, RatingsReply(200, 50)}) panel.Line().Arrive(noise);
+    EXPECT_TRUE(StaysQuiet(panel.Line()));
+    EXPECT_EQ(panel.Source().RxResult, Reply::Data);
+    EXPECT_EQ(panel.GetSetting<QLabel>("lblZPS_ENQ").text(), GoodAck);
+}
+
+TEST(RepliesInPieces, LateOrDoubledEndTheChainAllTheSame) {
+    for (const simulator::Faults& faults :
+         {simulator::Faults{.Split = 1, .Duplicate = 1}, {.Delay = 120ms}}) {
+        SimulatedPanel panel;
+        panel.Line().SetFaults(faults);
+        panel.Run.StartUp();
+        WaitFor([&] { return panel.Source().RxResult == Reply::Data; });
+        panel.Line().TakeReceived();
+        EXPECT_FALSE(WaitFor([&] { return !panel.Line().TakeReceived().empty(); }, 900ms));
+    }
 }
 
 }  // namespace
