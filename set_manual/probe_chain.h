@@ -45,14 +45,15 @@ class ProbeChain {
     // The same as the window opens, when no stage has been entered yet.
     void StartLater(std::chrono::milliseconds delay);
 
-    // Single probes. Each ends the exchange in progress.
+    // Single probes. Each ends the exchange in progress; a chain goes on after it.
     void ProbeEnq();
     void ProbeDle();
 
-    // Ends the exchange in progress; nothing is sent and no timer runs after it.
+    // Ends the exchange in progress and the chain; nothing is sent and no timer runs after it.
     void Stop();
 
   private:
+    void EndExchange();
     void Exchange(Frame frame, std::int16_t replyFlag);
     void comPOWER_OnComm();
     Reply Judge(const Bytes& reply);

@@ -51,6 +51,20 @@ TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
     EXPECT_EQ(panel.Line().WrittenData(), std::vector<Bytes>{Enq});
 }
 
+TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {
+    for (const char* button : {"cmdZPS_ENQ", "cmdZPS_DLE"}) {
+        ScriptedPanel panel;
+        panel.Line().Otherwise(GoodSupply);
+        panel.Run.StartUp();
+        ASSERT_TRUE(WaitFor([&] { return panel.Source().RxResult == Reply::Ack; }));
+        Press(panel, button);
+        auto chain = ChainOf(1);
+        chain.insert(chain.begin() + 1, button == std::string("cmdZPS_ENQ") ? Enq : Dle);
+        EXPECT_TRUE(WaitFor([&] { return panel.Line().Written().size() >= chain.size(); }));
+        EXPECT_EQ(panel.Line().WrittenData(), chain);
+    }
+}
+
 TEST(Identification, SwitchesFunctionsOffOnThePanelOnceTheSupplyHas) {
     SimulatedPanel panel;
     ASSERT_TRUE(panel.Open());
