@@ -1,5 +1,5 @@
 #include "app/program.h"
-#include "controls/error_reporter.h"
+#include "controls/error_texts.h"
 #include "platform/qt_event_loop.h"
 #include "serial/asio_port.h"
 
@@ -18,7 +18,7 @@ int main(int /*argc*/, char** argv) {
     try {
         program.StartUp();
     } catch (const zps::serial::PortError& error) {
-        boxes.Show(nullptr, zps::PortMessage(error.CommPort, QString::fromLocal8Bit(error.what())));
+        boxes.Show(nullptr, zps::MessageOf(error));
         return 1;
     }
     return QApplication::exec();

@@ -25,7 +25,4 @@ class ErrorReporter {
     std::map<const void*, QString> ShownForTimer;
 };
 
-// The message for a port that can't be used.
-Message PortMessage(int commPort, const QString& reason);
-
 }  // namespace zps

@@ -27,6 +27,7 @@ struct AsioDevice::Inside {
     Inside(const std::string& path, Received received);
     ~Inside();
 
+    void Open(const std::string& path);
     void Read();
     void Write(std::span<const std::uint8_t> block);
     void LetWrittenBytesLeave();
@@ -46,6 +47,18 @@ struct AsioDevice::Inside {
 };
 
 AsioDevice::Inside::Inside(const std::string& path, Received received) : Pass(std::move(received)) {
+    try {
+        Open(path);
+    } catch (const std::system_error& error) {
+        // Asio's own category knows few of the conditions in std::errc, the system's knows all.
+        if (error.code().category() != asio::system_category()) throw;
+        throw std::system_error(error.code().value(), std::system_category());
+    }
+    Read();
+    Reader = std::thread([this] { Context.run(); });
+}
+
+void AsioDevice::Inside::Open(const std::string& path) {
     using Option = asio::serial_port_base;
     Device.open(path);
     if (const auto taken = Claim(Device.native_handle())) throw std::system_error(taken);
@@ -54,8 +67,6 @@ AsioDevice::Inside::Inside(const std::string& path, Received received) : Pass(st
     Device.set_option(Option::parity(Option::parity::none));
     Device.set_option(Option::stop_bits(Option::stop_bits::one));
     Device.set_option(Option::flow_control(Option::flow_control::none));
-    Read();
-    Reader = std::thread([this] { Context.run(); });
 }
 
 AsioDevice::Inside::~Inside() {

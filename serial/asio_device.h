@@ -20,8 +20,9 @@ class AsioDevice {
     // The longest that a write or the wait for written bytes at closing takes.
     static constexpr std::chrono::milliseconds LongestWrite{200};
 
-    // Opens and claims the device at 9600 baud, 8N1, raw. Throws std::system_error with the
-    // system's reason. `received` is called with what has been read, on the reader's thread.
+    // Opens and claims the device at 9600 baud, 8N1, raw. Throws std::system_error with a
+    // code that compares with std::errc. `received` is called with what has been read, on the
+    // reader's thread.
     AsioDevice(const std::string& path,
                std::function<void(std::span<const std::uint8_t>)> received);
     // Lets written bytes leave, for LongestWrite at most, closes, and ends the thread.

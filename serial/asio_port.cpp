@@ -73,7 +73,7 @@ void AsioPort::SetPortOpen(bool open) {
     try {
         OpenDevice(*session);
     } catch (const std::system_error& error) {
-        throw PortError(Number, error.code().message());
+        throw PortError(Number, error.code());
     }
     Present = std::move(session);
     Event.Start();
@@ -109,7 +109,7 @@ std::uint8_t AsioPort::Input() {
 }
 
 void AsioPort::Output(std::span<const std::uint8_t> block) {
-    if (!Present) throw PortError(Number, "The port is closed");
+    if (!Present) throw PortError(Number, std::make_error_code(std::errc::bad_file_descriptor));
     auto& session = *Present;
     const bool here = session.Device && !session.Device->IsLost();
     if (here || OpenDeviceAgain(session)) session.Device->Write(block);

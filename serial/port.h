@@ -5,8 +5,9 @@
 // own, and does nothing else there.
 //
 // Errors: PortError, from SetPortOpen(true) (no such device, in use, no permission) and from Output
-// (the port is closed). A device that is lost while the port is open is no error: the line is
-// silent, and each later Output tries to open the device again.
+// (the port is closed); it carries a code and no words for people. A device that is lost while the
+// port is open is no error: the line is silent, and each later Output tries to open the device
+// again.
 //
 // Ownership: whoever creates a port owns it. Destroying it closes it.
 #pragma once
@@ -19,16 +20,18 @@
 #include <functional>
 #include <memory>
 #include <span>
-#include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace zps::serial {
 
-// A port can't be opened, or was written to while it was closed. `what()` is the system's reason.
-class PortError : public std::runtime_error {
+// A port can't be opened, or was written to while it was closed. The code compares with std::errc
+// on every system, `std::errc::bad_file_descriptor` is the closed port; `what()` is the system's
+// text.
+class PortError : public std::system_error {
   public:
-    PortError(int commPort, const std::string& reason)
-        : std::runtime_error(reason), CommPort(commPort) {}
+    PortError(int commPort, std::error_code reason)
+        : std::system_error(reason), CommPort(commPort) {}
     int CommPort;  // the number of the port, 1 to 4
 };
 

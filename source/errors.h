@@ -3,13 +3,35 @@
 // loop reports it.
 #pragma once
 
+#include <cstdint>
 #include <stdexcept>
+#include <string>
 
 namespace zps {
 
+enum class Overflow : std::uint8_t {
+    NoByte,      // outside 0..255
+    NoNumber,    // the text is none
+    OutOfRange,  // outside Low..High
+    TooLarge,    // beyond 32 bits
+    NoPoint,     // a text of seconds without a decimal point
+    NoStep,      // a step beyond the table
+};
+
 class OverflowError : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    // `value` is what had no place, as text. `what()` is for developers.
+    OverflowError(Overflow kind, const std::string& value, int low = 0, int high = 0)
+        : std::runtime_error("no place for the value '" + value + "'"),
+          Kind(kind),
+          Value(value),
+          Low(low),
+          High(high) {}
+
+    Overflow Kind;
+    std::string Value;
+    int Low;  // the bounds of Overflow::OutOfRange
+    int High;
 };
 
 }  // namespace zps

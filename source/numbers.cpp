@@ -132,12 +132,11 @@ double LeadingNumber(std::string_view text) {
 int StrictInteger(std::string_view text, int low, int high) {
     const std::size_t length = NumberLength(text);
     if (length == 0 || length != text.size()) {
-        throw OverflowError("'" + std::string(text) + "' is not a number");
+        throw OverflowError(Overflow::NoNumber, std::string(text));
     }
     const double value = std::nearbyint(ReadNumber(text));
     if (!(value >= low && value <= high)) {
-        throw OverflowError(std::string(text) + " is outside " + std::to_string(low) + ".." +
-                            std::to_string(high));
+        throw OverflowError(Overflow::OutOfRange, std::string(text), low, high);
     }
     return static_cast<int>(value);
 }
@@ -165,7 +164,7 @@ float ToSingle(double value) {
 
 std::uint8_t ToByte(std::int64_t value) {
     if (value < 0 || value > 255) {
-        throw OverflowError(std::to_string(value) + " does not fit a byte");
+        throw OverflowError(Overflow::NoByte, std::to_string(value));
     }
     return static_cast<std::uint8_t>(value);
 }
@@ -174,7 +173,7 @@ std::int32_t RoundHalfEven(double value) {
     const double rounded = std::nearbyint(value);  // the default rounding mode is halves to even
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
           rounded <= std::numeric_limits<std::int32_t>::max())) {
-        throw OverflowError(FormatFixed(value, 0) + " does not fit 32 bits");
+        throw OverflowError(Overflow::TooLarge, FormatFixed(value, 0));
     }
     return static_cast<std::int32_t>(rounded);
 }

@@ -17,7 +17,7 @@ void SOURCE::PaintStepRows(int step) const {
     for (int row = 0; row < RowCount; ++row) {
         const int shown = Rows->TopStep() + row;
         if (shown < 0 || shown >= StepCount) {
-            throw OverflowError(std::to_string(shown) + " is no step");
+            throw OverflowError(Overflow::NoStep, std::to_string(shown));
         }
         const bool held = StepFlag[static_cast<std::size_t>(shown)];
         Rows->PaintRow(row, shown == step ? RowState::Selected

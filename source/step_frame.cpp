@@ -24,7 +24,7 @@ struct CutSeconds {
 CutSeconds Cut(std::string_view text) {
     const auto point = text.find('.');
     if (point == std::string_view::npos) {
-        throw OverflowError("'" + std::string(text) + "' has no decimal point");
+        throw OverflowError(Overflow::NoPoint, std::string(text));
     }
     const auto rest = std::min(text.size(), point + 1 + MillisecondDigits);
     return {text.substr(0, point), text.substr(point + 1, MillisecondDigits), text.substr(rest),

@@ -34,7 +34,7 @@ TEST(StartUp, ShowsTheSettingsWindowAboveTheDisabledMainWindow) {
 
 TEST(StartUp, EndsWithThePortErrorOfTheMainWindow) {
     ScriptedPanel panel;
-    panel.Line().Refuse(1, "Permission denied");
+    panel.Line().Refuse(1, std::errc::permission_denied);
     EXPECT_THROW(panel.Run.StartUp(), serial::PortError);
     EXPECT_EQ(panel.Run.Settings(), nullptr);
 }

@@ -1,5 +1,6 @@
 #include "controls/timer.h"
 #include "source/errors.h"
+#include "source/step_frame.h"
 #include "tests/support/panel.h"
 
 #include <gtest/gtest.h>
@@ -60,11 +61,29 @@ TEST_F(HandlersOfAWindow, RunWhatWaitsOnceEachInOrderAfterOneOrWhileItYields) {
 }
 
 TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
-    Events.Run([] { throw serial::PortError(2, "No such device"); });
-    EXPECT_TRUE(Boxes.LastText().contains("COM2") && Boxes.LastText().contains("No such device"));
-    for (int time = 0; time < 2; ++time)
-        Events.Run([] { ControlFrame(240, code::Dle); });  // its sum is no byte
-    EXPECT_EQ(Boxes.Shown.size(), 3U);
+    const auto reported = [&](const std::function<void()>& handler) {
+        Events.Run(handler);
+        return Boxes.LastText();
+    };
+    const auto refused = [&](std::errc reason) {
+        return reported([&] { throw serial::PortError(2, std::make_error_code(reason)); });
+    };
+    EXPECT_EQ(refused(std::errc::device_or_resource_busy),
+              "COM2 포트를 사용할 수 없습니다.\n다른 프로그램이 이 포트를 사용하고 있습니다.");
+    EXPECT_TRUE(refused(std::errc::no_such_device).contains("장치가 없습니다"));
+    const auto unnamed = std::make_error_code(std::errc::no_lock_available);
+    EXPECT_TRUE(refused(std::errc::no_lock_available).endsWith(unnamed.message().c_str()));
+    const std::vector<std::pair<std::function<void()>, QString>> values{
+        {[] { ControlFrame(240, code::Dle); }, "256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
+        {[] { TimeBytes("x.000"); }, "'x'은(는) 숫자가 아닙니다."},
+        {[] { TimeBytes("65536.000"); }, "65536은(는) 범위 0~65535을(를) 벗어납니다."},
+        {[] { SetPointCounts("1e9", 100); }, "100000000000은(는) 너무 커서 보낼 수 없습니다."},
+        {[] { TimeBytes("5"); }, "'5'에 소수점이 없습니다."}};
+    for (int time = 0; time < 2; ++time) {
+        for (const auto& [handler, text] : values)
+            EXPECT_TRUE(reported(handler).endsWith("\n" + text)) << Boxes.LastText().toStdString();
+    }
+    EXPECT_EQ(Boxes.Shown.size(), 13U);
     EXPECT_FALSE(Events.Busy());
 }
 
@@ -73,7 +92,7 @@ TEST_F(HandlersOfAWindow, ReportWhatATimerRepeatsOnceUntilItSucceeds) {
     Timer watch("watch", 5ms, Events, TickMode::WhenFree);
     bool fails = true;
     poll.OnTick([&] {
-        if (fails) throw serial::PortError(1, "The port is closed");
+        if (fails) throw serial::PortError(1, std::make_error_code(std::errc::io_error));
     });
     watch.OnTick([] {});  // its success says nothing about the other
     poll.SetEnabled(true);

@@ -38,6 +38,15 @@ class AsioPort : public testing::Test {
         fs::remove(Link);
         fs::create_symlink(device, Link);
     }
+    // Why a port can't be opened.
+    static std::error_code Refusal(serial::Port& port) {
+        try {
+            port.SetPortOpen(true);
+            return {};
+        } catch (const PortError& error) {
+            return error.code();
+        }
+    }
     Bytes ReadAll() const {
         Bytes all;
         while (Port->InBufferCount() > 0) all.push_back(Port->Input());
@@ -71,7 +80,7 @@ TEST_F(AsioPort, CarriesEveryByteUnchangedAt9600Baud8N1WithoutFlowControl) {
 
 TEST_F(AsioPort, IsForOneProgramUntilItIsClosedWhichLetsWrittenBytesLeave) {
     const auto other = Maker.MakePort();
-    EXPECT_THROW(other->SetPortOpen(true), PortError);
+    EXPECT_EQ(Refusal(*other), std::errc::device_or_resource_busy);
     EXPECT_FALSE(other->PortOpen());
     const Bytes block(8000, 17);  // more than the far end holds ready for its reader
     Port->Output(block);
@@ -84,6 +93,17 @@ TEST_F(AsioPort, IsForOneProgramUntilItIsClosedWhichLetsWrittenBytesLeave) {
     EXPECT_NO_THROW(other->SetPortOpen(true));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
+}
+
+TEST_F(AsioPort, TellsWhyItCantBeOpenedInCodesThatAllSystemsShare) {
+    Port->SetPortOpen(false);
+    const std::vector<std::pair<const char*, std::errc>> cases{
+        {"/dev/zps-absent", std::errc::no_such_file_or_directory},
+        {"/dev/null", std::errc::inappropriate_io_control_operation}};
+    for (const auto& [device, reason] : cases) {
+        PointTo(device);
+        EXPECT_EQ(Refusal(*Port), reason) << device;
+    }
 }
 
 class AsioPortWait : public AsioPort, public testing::WithParamInterface<WaitMode> {};

@@ -49,7 +49,7 @@ TEST(Choice, OfAnotherPortForgetsWhichSupplyWasThere) {
 
 TEST(Choice, OfAPortThatCantBeOpenedIsReportedOnceAndNothingIsSentToIt) {
     ScriptedPanel panel;
-    panel.Line().Refuse(2, "No such device");
+    panel.Line().Refuse(2, std::errc::no_such_device);
     panel.Run.StartUp();
     std::size_t boxes = 0;
     const auto oneBoxAndSilence = [&] {
@@ -71,7 +71,7 @@ TEST(Choice, OfAPortThatCantBeOpenedIsReportedOnceAndNothingIsSentToIt) {
     Press(panel, "optPORT_1");
     ASSERT_TRUE(panel.WaitForDataResult(GoodData));
     // Lost to the main window alone, it counts as a probe that failed.
-    panel.Line().Refuse(1, "Device or resource busy");
+    panel.Line().Refuse(1, std::errc::device_or_resource_busy);
     panel.Run.Settings()->close();
     EXPECT_TRUE(oneBoxAndSilence());
     EXPECT_FALSE(panel.Get<QFrame>("frmPOWERDISPLAY").isVisible());

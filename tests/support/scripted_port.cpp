@@ -76,8 +76,9 @@ void ScriptedPort::SetPortOpen(bool open) {
         return;
     }
     if (const auto refused = Line->Refused.find(Number); refused != Line->Refused.end())
-        throw PortError(Number, refused->second);
-    if (Line->Open) throw PortError(Number, "Device or resource busy");
+        throw PortError(Number, std::make_error_code(refused->second));
+    if (Line->Open)
+        throw PortError(Number, std::make_error_code(std::errc::device_or_resource_busy));
     Opening = std::make_shared<bool>(true);
     OpenNumber = Number;
     Line->Open = this;
@@ -94,7 +95,7 @@ std::uint8_t ScriptedPort::Input() {
 }
 
 void ScriptedPort::Output(std::span<const std::uint8_t> block) {
-    if (!PortOpen()) throw PortError(Number, "The port is closed");
+    if (!PortOpen()) throw PortError(Number, std::make_error_code(std::errc::bad_file_descriptor));
     Event.BlockGone();
     Line->Take(*this, Bytes(block.begin(), block.end()));
 }
@@ -151,8 +152,8 @@ void ScriptedLine::Arrive(const Bytes& bytes) {
     if (Open && !bytes.empty()) Open->Receive(bytes);
 }
 
-void ScriptedLine::Refuse(int number, std::string reason) {
-    Refused[number] = std::move(reason);
+void ScriptedLine::Refuse(int number, std::errc reason) {
+    Refused[number] = reason;
 }
 
 void ScriptedLine::Allow(int number) {

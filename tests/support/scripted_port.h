@@ -22,6 +22,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace zps::tests {
@@ -57,7 +58,7 @@ class ScriptedLine {
     void Arrive(const Bytes& bytes);
 
     // Opening port `number` throws PortError with `reason` from now on, or no longer does.
-    void Refuse(int number, std::string reason);
+    void Refuse(int number, std::errc reason);
     void Allow(int number);
 
     const std::vector<WrittenBlock>& Written() const { return Blocks; }
@@ -87,7 +88,7 @@ class ScriptedLine {
 
     std::deque<std::vector<Piece>> Answers;
     std::function<Bytes(const Bytes&)> Script;
-    std::map<int, std::string> Refused;
+    std::map<int, std::errc> Refused;
     std::vector<WrittenBlock> Blocks;
     std::deque<Arrival> OnTheWay;
     std::chrono::milliseconds Now{0};

@@ -1,0 +1,76 @@
+#include "controls/error_texts.h"
+
+#include "serial/port.h"
+#include "source/errors.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zps {
+
+namespace {
+
+constexpr const char* NoDevice = "이 번호의 장치가 없습니다. 어댑터와 링크를 확인하십시오.";
+constexpr const char* NoRight =
+    "이 포트를 사용할 권한이 없습니다. (Linux: dialout 그룹, Windows: 다른 프로그램이 사용 중)";
+
+struct Reason {
+    std::errc Code;
+    const char* Text;
+};
+constexpr std::array Reasons{
+    Reason{std::errc::bad_file_descriptor,
+           "포트가 열려 있지 않습니다. ZPS설정에서 포트를 다시 고르십시오."},
+    Reason{std::errc::permission_denied, NoRight},
+    Reason{std::errc::operation_not_permitted, NoRight},
+    Reason{std::errc::device_or_resource_busy, "다른 프로그램이 이 포트를 사용하고 있습니다."},
+    Reason{std::errc::no_such_device, NoDevice},
+    Reason{std::errc::no_such_device_or_address, NoDevice},
+    Reason{std::errc::no_such_file_or_directory, NoDevice},
+    Reason{std::errc::inappropriate_io_control_operation, "직렬 포트가 아닙니다."},
+    Reason{std::errc::io_error, "장치를 읽거나 쓸 수 없습니다."},
+};
+
+// %1 is the value, %2 and %3 are the bounds.
+struct Complaint {
+    Overflow Kind;
+    const char* Text;
+};
+constexpr std::array Complaints{
+    Complaint{Overflow::NoByte, "%1은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
+    Complaint{Overflow::NoNumber, "'%1'은(는) 숫자가 아닙니다."},
+    Complaint{Overflow::OutOfRange, "%1은(는) 범위 %2~%3을(를) 벗어납니다."},
+    Complaint{Overflow::TooLarge, "%1은(는) 너무 커서 보낼 수 없습니다."},
+    Complaint{Overflow::NoPoint, "'%1'에 소수점이 없습니다."},
+    Complaint{Overflow::NoStep, "%1번 단계는 없습니다(0~99)."},
+};
+
+QString ComplaintText(const OverflowError& error) {
+    const auto* found = std::ranges::find(Complaints, error.Kind, &Complaint::Kind);
+    QString text = QString::fromUtf8(found->Text);
+    text.replace(QStringLiteral("%2"), QString::number(error.Low));
+    text.replace(QStringLiteral("%3"), QString::number(error.High));
+    return text.replace(QStringLiteral("%1"), QString::fromStdString(error.Value));
+}
+
+}  // namespace
+
+QString ReasonText(const std::error_code& reason) {
+    const auto* known =
+        std::ranges::find_if(Reasons, [&](const Reason& one) { return reason == one.Code; });
+    return known != Reasons.end() ? QString::fromUtf8(known->Text)
+                                  : QString::fromLocal8Bit(reason.message());
+}
+
+Message MessageOf(const serial::PortError& error) {
+    return {MessageIcon::Critical, QStringLiteral("통신 포트 오류"),
+            QStringLiteral("COM%1 포트를 사용할 수 없습니다.\n%2")
+                .arg(QString::number(error.CommPort), ReasonText(error.code()))};
+}
+
+Message MessageOf(const OverflowError& error) {
+    return {MessageIcon::Critical, QStringLiteral("값 변환 오류"),
+            QStringLiteral("값을 보낼 수 없어 동작을 중단했습니다.\n%1").arg(ComplaintText(error))};
+}
+
+}  // namespace zps

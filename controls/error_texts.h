@@ -1,0 +1,22 @@
+// What the errors of the libraries are called in the language of the windows.
+#pragma once
+
+#include "controls/message_boxes.h"
+
+#include <system_error>
+
+namespace zps {
+
+namespace serial {
+class PortError;
+}
+class OverflowError;
+
+// Why a port can't be used. A reason without a text of its own keeps the system's.
+QString ReasonText(const std::error_code& reason);
+
+// The boxes that report an error.
+Message MessageOf(const serial::PortError& error);
+Message MessageOf(const OverflowError& error);
+
+}  // namespace zps
