@@ -91,9 +91,11 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
         Entry.Refuse(field, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
         return;
     }
-    const bool held = std::all_of(steps->begin(), steps->end(), [this](int step) {
-        return Parts.Source.StepFlag.at(static_cast<std::size_t>(step));
-    });
+    // A supply of unknown ratings is not the one that has got the steps.
+    const bool held =
+        Parts.Source.RatingsKnown() && std::all_of(steps->begin(), steps->end(), [this](int step) {
+            return Parts.Source.StepFlag.at(static_cast<std::size_t>(step));
+        });
     if (!held) {
         ShowUnsentSteps();
         return;

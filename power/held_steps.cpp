@@ -23,8 +23,14 @@ bool SetsOneValue(const Bytes& frame) {
 
 }  // namespace
 
+HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line,
+                     const std::int16_t& curStep)
+    : Source(source), Port(port), Line(line), CurStep(curStep) {
+    Line.OnOutstanding([this] { return HearAnswer(); });
+}
+
 void HeldSteps::Mark(int step) {
-    if (Open) HearAnswer();
+    Line.AwaitOutstanding();
     Source.StepFlag.at(static_cast<std::size_t>(step)) = true;
     Open = step;
     Sent = serial::Clock::now();
@@ -42,10 +48,17 @@ void HeldSteps::Answered(Reply result) {
     }
 }
 
-void HeldSteps::HearAnswer() {
-    const Bytes reply = GatherReply(Line, AckLength, serial::WaitMode::HoldEvents);
-    if (!reply.empty()) Source.RxBusy = false;
+bool HeldSteps::HearAnswer() {
+    if (!Open) return false;
+    const Bytes reply = GatherReply(Port, AckLength, serial::WaitMode::HoldEvents);
     Answered(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
+    return true;
+}
+
+void HeldSteps::Unsent(int step) {
+    const auto index = static_cast<std::size_t>(step);
+    Source.StepFlag.at(index) = false;
+    Doubtful.at(index) = true;
 }
 
 void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration limit) {
@@ -53,9 +66,7 @@ void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration li
 }
 
 void HeldSteps::TakeBack() {
-    const auto step = static_cast<std::size_t>(*Open);
-    Source.StepFlag.at(step) = false;
-    Doubtful.at(step) = true;  // until all its values have been acknowledged at once
+    Unsent(*Open);
     Open.reset();
     Source.PaintStepRows(CurStep);
 }

@@ -4,6 +4,7 @@
 #include "serial/event_loop.h"
 #include "source/reply.h"
 #include "source/source.h"
+#include "source/transmitter.h"
 
 #include <array>
 #include <optional>
@@ -14,26 +15,30 @@ namespace zps {
 // or not answered at all, the mark is taken back: an auto sequence must not be built on it.
 class HeldSteps {
   public:
-    HeldSteps(SOURCE& source, serial::Port& port, const std::int16_t& curStep)
-        : Source(source), Line(port), CurStep(curStep) {}
+    // From now on the answer to values of a step is heard before a further frame of `line`, which
+    // would sweep it away. `port` is the port of `line`.
+    HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, const std::int16_t& curStep);
 
-    // The values of `step` go out next. An answer still outstanding is heard first, for 0.1 s at
-    // most: the frame would sweep it away.
+    // Values of `step` go out next.
     void Mark(int step);
+    // Values of `step` have changed that can't go out.
+    void Unsent(int step);
     // The reply to the last frame has been judged.
     void Answered(Reply result);
     // `now` is the time: an answer that has not come within `limit` of the frame will not come.
     void Expire(serial::Clock::time_point now, serial::Clock::duration limit);
 
   private:
-    void HearAnswer();
+    bool HearAnswer();
     void TakeBack();
 
     SOURCE& Source;
-    serial::Port& Line;
+    serial::Port& Port;
+    Transmitter& Line;
     const std::int16_t& CurStep;
-    std::optional<int> Open;                 // the step whose answer is outstanding
-    std::array<bool, StepCount> Doubtful{};  // some value of the step may not have arrived
+    std::optional<int> Open;  // the step whose answer is outstanding
+    // Some value of the step may not have arrived; until all have been acknowledged at once.
+    std::array<bool, StepCount> Doubtful{};
     serial::Clock::time_point Sent;
 };
 

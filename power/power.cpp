@@ -29,7 +29,7 @@ struct POWER::Inside {
           Timers(Events),
           comPOWER(around.Ports.MakePort()),
           Line(source, *comPOWER),
-          Held(source, *comPOWER, State.CurStep),
+          Held(source, *comPOWER, Line, State.CurStep),
           Parts{source, State, Controls, Timers, Line, Held, Events, Boxes, around.Loop, window},
           Rows(Parts),
           Lock(Parts, around.Pointer),
@@ -87,7 +87,7 @@ POWER::POWER(SOURCE& source, const Surroundings& around)
     connect(c.vscAUTOSTEP, &QScrollBar::valueChanged, this,
             [this] { Self->Events.Run([this] { vscAUTOSTEP_Change(); }); });
     c.lblORV_URL->OnDoubleClick = [this, &browser = around.Browser] {
-        browser.Open(Self->Controls.lblORV_URL->text());
+        if (!Self->State.Switching) Self->Events.Run([&] { lblORV_URL_DblClick(browser); });
     };
     // The frame of a locked row moves on the screen with what the window shows of it.
     const auto* view = qobject_cast<QScrollArea*>(centralWidget());
@@ -136,6 +136,7 @@ void POWER::OpenOther(void (POWER::*wanted)()) {
 bool POWER::HandOver() {
     if (!Self->Entry.CommitOpenEntry()) return false;
     Self->Timers.StopAll();
+    Self->Line.AwaitOutstanding();
     Self->Parts.Source.MenuDialogFlag = true;
     Self->comPOWER->SetPortOpen(false);
     setEnabled(false);
@@ -204,6 +205,13 @@ void POWER::vscAUTOSTEP_Change() {
     Self->Rows.ShowSteps(top);
     Self->Parts.Source.PaintStepRows(Self->State.CurStep);
     Self->Lock.ScrolledTo();
+}
+
+void POWER::lblORV_URL_DblClick(platform::WebBrowser& browser) {
+    const QString address = Self->Controls.lblORV_URL->text();
+    if (browser.Open(address)) return;
+    Self->Boxes.Show(this, {MessageIcon::Information, QStringLiteral("웹 브라우저"),
+                            QStringLiteral("웹 브라우저를 열지 못했습니다.\n%1").arg(address)});
 }
 
 void POWER::mnuData_Clear_Click() {

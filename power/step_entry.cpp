@@ -117,10 +117,13 @@ void StepEntry::Store(const StepField& kind, EntryField& field, int row, double 
 }
 
 void StepEntry::SendToSelectedStep(const StepField& kind, const EntryField& field) {
-    const bool sent = Parts.Source.RatingsKnown();
-    if (sent) Parts.Held.Mark(Parts.State.CurStep);
+    const bool rated = Parts.Source.RatingsKnown();
+    if (rated && Parts.Line.Open())
+        Parts.Held.Mark(Parts.State.CurStep);
+    else
+        Parts.Held.Unsent(Parts.State.CurStep);
     Parts.State.OutputOn ? Lock.ReleaseEditLockOutputOn() : Lock.ReleaseEditLock();
-    if (!sent) return;
+    if (!rated) return;
     if (kind.ReadOut != nullptr) (Parts.Controls.*kind.ReadOut)->setText(field.text());
     if (kind.StopsPolling) Parts.Timers.tmrDLE.SetEnabled(false);
     kind.Send(Parts.Source, Parts.Line, field.text().toStdString());

@@ -10,14 +10,21 @@ constexpr std::chrono::milliseconds OutstandingReplyWait{100};
 }
 
 void Transmitter::TransmitFrame() {
-    // No reply can be handled during this wait, so nothing can end it early.
-    if (Source.RxBusy) Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
+    AwaitOutstanding();
     Source.RxBusy = true;
     Line.DiscardInput();
     Line.Output(Source.TxFrame);
 }
 
+void Transmitter::AwaitOutstanding() {
+    if (!Source.RxBusy) return;
+    // No reply can be handled during this wait, so nothing can end it early.
+    if (!Hear || !Hear()) Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
+    Source.RxBusy = false;
+}
+
 void Transmitter::Send(Frame frame, std::int16_t replyFlag) {
+    AwaitOutstanding();  // while the frame that was asked with is still in TxFrame
     Source.LayFrame(std::move(frame));
     Source.ReplyFlag = replyFlag;
     TransmitFrame();

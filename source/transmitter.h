@@ -4,6 +4,9 @@
 #include "serial/port.h"
 #include "source/source.h"
 
+#include <functional>
+#include <utility>
+
 namespace zps {
 
 // Sends for the window that holds `port`. Throws PortError where the port is closed and
@@ -15,9 +18,15 @@ class Transmitter {
     // Whether this window has the port now.
     bool Open() const { return Line.PortOpen(); }
 
-    // Sends TxFrame as it stands. While the reply to the frame before is outstanding it waits
-    // first, for 0.1 s and without letting events run.
+    // Sends TxFrame as it stands, after AwaitOutstanding.
     void TransmitFrame();
+
+    // While the reply to the last frame is outstanding, waits for 0.1 s without letting events run.
+    // What has come by then is swept away by the next frame.
+    void AwaitOutstanding();
+    // Who would rather hear such a reply: waits for it in place of the above and reads it, or
+    // returns false at once.
+    void OnOutstanding(std::function<bool()> hear) { Hear = std::move(hear); }
 
     // Lays `frame`, notes the kind of reply it asks for, and sends it.
     void Send(Frame frame, std::int16_t replyFlag);
@@ -29,6 +38,7 @@ class Transmitter {
   private:
     SOURCE& Source;
     serial::Port& Line;
+    std::function<bool()> Hear;
 };
 
 }  // namespace zps

@@ -1,4 +1,5 @@
 // The two boxes of the automatic run, and which steps a sequence may name.
+#include "test/test.h"
 #include "tests/power/run_panel.h"
 
 #include <QClipboard>
@@ -140,6 +141,36 @@ TEST_F(RunSequence, AStepIsHeldOnlyIfTheSupplyHasAcknowledgedIt) {
     for (const char* field : {"txPVOLT_1", "txPCURR_1"}) Enter(*this, field, "1.5");
     ASSERT_TRUE(Quiet());
     EXPECT_FALSE(Source().StepFlag[1]);
+}
+
+TEST_F(RunSequence, TheAnswerToAValueIsHeardAlsoBehindAFrameOrWindowThatFollowsAtOnce) {
+    for (const Bytes& answer : {Acknowledged, Bytes{1, 21, 22}}) {
+        for (const bool byWindow : {false, true}) {
+            for (const char* step : {"txPSTEP_0", "txPSTEP_1"}) {
+                Click(step);
+                ASSERT_TRUE(Quiet());
+            }
+            Type("txPVOLT_1", byWindow ? "2" : "1");
+            Line().Answer(answer);
+            byWindow ? Choose("mnuTEST") : Click("cmdAUTO");
+            EXPECT_EQ(Source().StepFlag[1], answer == Acknowledged);
+            ASSERT_TRUE(Quiet());
+            if (byWindow) ScriptedPanel::Run.Test()->close();
+        }
+    }
+}
+
+TEST_F(RunSequence, AValueThatWasNotSentIsHeldByNoSupply) {
+    Enter(*this, Steps, "00");
+    ASSERT_TRUE(Quiet());
+    EXPECT_EQ(Sent(), "B0");
+    Source().SetAddr = 7;  // chosen, but not rated
+    Enter(*this, "txPVOLT_0", "1.5");
+    Enter(*this, Steps, "0000");
+    EXPECT_EQ(Refusal(Steps), Unsent);
+    Source().SetAddr = 1;
+    Leave();
+    EXPECT_EQ(Refusal(Steps), Unsent);
 }
 
 }  // namespace
