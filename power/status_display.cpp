@@ -20,16 +20,21 @@ void ShowRemote(PowerControls& c, std::uint8_t bits) {
 
 }  // namespace
 
-void ShowStatus(PowerControls& c, std::uint8_t bits) {
+void ShowFunctions(PowerControls& c, std::uint8_t bits) {
     const auto is = [bits](std::uint8_t bit) { return (bits & bit) != 0; };
     c.cmdPVsense->setText(is(status::Sensing) ? QStringLiteral("Vsense OFF")
                                               : QStringLiteral("Vsense ON"));
     c.VsenseLED->Light(is(status::Sensing) ? Colour::BrightGreen : Colour::PaleGreen);
     c.cmdAUTO->setText(is(status::Auto) ? QStringLiteral("AUTO ") : QStringLiteral("AUTO"));
     c.AutoLED->Light(is(status::Auto) ? Colour::DarkRed : Colour::PaleOrange);
-    c.lblMODE->setText(is(status::ConstantCurrent) ? QStringLiteral("CC") : QStringLiteral("CV"));
     c.cmdOCP->setText(QStringLiteral(" O.C.P "));
     c.OCPLED->Light(is(status::OverCurrentProtection) ? Colour::BrightGreen : Colour::PaleGreen);
+}
+
+void ShowStatus(PowerControls& c, std::uint8_t bits) {
+    const bool limited = (bits & status::ConstantCurrent) != 0;
+    c.lblMODE->setText(limited ? QStringLiteral("CC") : QStringLiteral("CV"));
+    ShowFunctions(c, bits);
     ShowRemote(c, bits);
 }
 

@@ -11,6 +11,9 @@ namespace zps {
 // a run and are not only shown.
 void ShowStatus(PowerControls& controls, std::uint8_t status);
 
+// Only the captions and lamps of sensing, automatic run and over-current protection.
+void ShowFunctions(PowerControls& controls, std::uint8_t status);
+
 // Shows the output as on or off.
 void ShowOutput(PowerControls& controls, bool on);
 

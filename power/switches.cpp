@@ -58,6 +58,7 @@ void Switches::ResetFunctions() {
         Parts.State.*plain.On = false;
         Show(plain, false);
     }
+    ShowFunctions(Parts.Controls, 0);
 }
 
 // A sequence of steps that the supply does not hold lets a click on a step go on, but no switch: it

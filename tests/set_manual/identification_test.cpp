@@ -73,11 +73,13 @@ TEST(Identification, SwitchesFunctionsOffOnThePanelOnceTheSupplyHas) {
         ASSERT_TRUE(panel.Settle());
     }
     EXPECT_EQ(panel.Text("OCP_ONOFF"), "ON");
+    panel.Get<QPushButton>("cmdPVsense").setText("Vsense OFF");  // as the last poll has shown
     panel.Choose("mnuSET_MANU");
     Pick(panel, "cmbADDR", 0);
     ASSERT_TRUE(panel.WaitForDataResult(GoodData));
     EXPECT_EQ(panel.Text("OCP_ONOFF") + panel.Text("Auto_ONOFF") + panel.Text("Vsense_ONOFF"),
               "OFFOFFOFF");
+    EXPECT_EQ(panel.Get<QPushButton>("cmdPVsense").text(), "Vsense ON");
 }
 
 TEST(Identification, NamesTheModelAfterThePowerOfTheSupply) {
