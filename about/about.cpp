@@ -9,7 +9,9 @@
 
 namespace zps {
 
-frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool) : QDialog(parent) {
+frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool,
+                   MessageBoxes& boxes)
+    : QDialog(parent) {
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(QStringLiteral("ZPS-RS232 정보"));
     auto* title = MakeLabel(QStringLiteral("lblTitle"), QStringLiteral("ZPS-RS232"));
@@ -30,7 +32,13 @@ frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool)
     if (tool.Program.isEmpty()) {
         cmdSysInfo->setToolTip(QStringLiteral("이 컴퓨터에는 시스템 정보 프로그램이 없습니다."));
     }
-    connect(cmdSysInfo, &QPushButton::clicked, this, [tool] { platform::Start(tool); });
+    connect(cmdSysInfo, &QPushButton::clicked, this, [this, tool, cmdSysInfo, &boxes] {
+        if (platform::Start(tool)) return;
+        const auto failed = QStringLiteral("시스템 정보 프로그램을 실행하지 못했습니다.");
+        cmdSysInfo->setEnabled(false);
+        cmdSysInfo->setToolTip(failed);
+        boxes.Show(this, {MessageIcon::Critical, QStringLiteral("시스템 정보"), failed});
+    });
     buttons->addButton(QStringLiteral("확인(&O)"), QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::close);
     auto* column = new QVBoxLayout(this);

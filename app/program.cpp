@@ -68,7 +68,8 @@ void Program::DropClosed() {
 
 void Program::ShowAbout() {
     if (!About) {
-        About = std::make_unique<frmAbout>(Power.get(), platform::FindSystemInformationTool());
+        About = std::make_unique<frmAbout>(Power.get(), platform::FindSystemInformationTool(),
+                                           Around.Boxes);
     }
     About->show();
     About->raise();

@@ -119,6 +119,10 @@ TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
               "mnuSET_MANU mnuTEST txtPAUTOCOUNT txtPAUTOSTEP");
     QTest::mouseDClick(&Get<QLabel>("lblORV_URL"), Qt::LeftButton);
     EXPECT_EQ(Browser.Opened, Text("lblORV_URL"));
+    EXPECT_TRUE(Boxes.Shown.empty());
+    Browser.Works = false;
+    QTest::keyClick(&Get<QLabel>("lblORV_URL"), Qt::Key_Return);
+    EXPECT_EQ(Boxes.LastText(), "웹 브라우저를 열지 못했습니다.\n" + Text("lblORV_URL"));
 }
 
 TEST_F(StepRows, AScrolledListShowsItsStepsAndAnOpenEntryKeepsItsOwn) {

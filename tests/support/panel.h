@@ -78,9 +78,10 @@ class RecordingBrowser : public platform::WebBrowser {
   public:
     bool Open(const QString& address) override {
         Opened = address;
-        return true;
+        return Works;
     }
     QString Opened;
+    bool Works = true;
 };
 
 // The program around scripted or real ports. One at a time in a process.
