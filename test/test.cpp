@@ -46,7 +46,8 @@ void TEST::txtPADDR_Change() {
         FormAddr = static_cast<std::int16_t>(StrictInteger(
             Controls.txtPADDR->text().trimmed().toStdString(), Limits::min(), Limits::max()));
     } catch (const OverflowError&) {
-        hint = QStringLiteral("주소는 숫자여야 합니다. 지금 주소: %1").arg(FormAddr);
+        hint = QStringLiteral("주소로 쓸 수 없습니다(숫자가 아니거나 너무 큼). 지금 주소: %1")
+                   .arg(FormAddr);
     }
     Controls.txtPADDR->setToolTip(hint);
     if (hint.isEmpty()) {

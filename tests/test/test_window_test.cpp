@@ -56,6 +56,22 @@ class ScriptedTest : public testing::Test {
         Panel.Line().ForgetWritten();
     }
     ScriptedLine& Line() { return Panel.Line(); }
+    void Click(const char* button) {
+        QTest::mouseClick(&Window->Get<QPushButton>(button), Qt::LeftButton);
+    }
+    // Presses ENQ and does `deed` inside the wait for the reply.
+    void PressAndInItsWait(const std::function<void()>& deed) {
+        const auto later = [this](const std::function<void()>& what) {
+            QMetaObject::invokeMethod(Window->Window, what, Qt::QueuedConnection);
+        };
+        later([=, this] {  // the receive event is the next one now
+            later([=, this] {
+                EXPECT_TRUE(Window->Window->Busy());
+                deed();
+            });
+        });
+        Click("cmdENQ");
+    }
     ScriptedPanel Panel;
     std::optional<Opened<ScriptedPanel>> Window;
 };
@@ -148,6 +164,20 @@ TEST_F(ScriptedTest, DecodesFieldsAndLampsAndKeepsThemUntilTheNextData) {
     EXPECT_EQ(fields(), decoded);
     EXPECT_EQ(Window->Panels().mid(0, 14), QStringList({"1", "6", "7"}) + QStringList(11, ""));
     Bytes other = DataReply;
+    other[2] = 8;  // no data reply
+    QStringList panels;
+    for (const std::uint8_t byte : other) panels << QString::number(byte);
+    Line().Answer(other);
+    EXPECT_EQ(Window->Verdict("cmdDLE"), "ERROR  DLE");
+    EXPECT_EQ(Window->Panels().mid(0, 14), panels);
+    Line().Answer({9, 21, 22});
+    EXPECT_EQ(Window->Verdict("cmdENQ"), "ERROR  ENQ");
+    EXPECT_EQ(Window->Panels().mid(0, 14), QStringList({"9", "21", "22"}) + panels.mid(3));
+    Line().Answer({});
+    EXPECT_EQ(Window->Verdict("cmdENQ"), "ERROR  Nothing");
+    EXPECT_EQ(Window->Panels().mid(0, 14), QStringList(14, ""));
+    EXPECT_EQ(fields(), decoded);
+    other[2] = 9;
     for (const auto& [errorCode, text] :
          std::vector<std::pair<int, QString>>{{1, "OUT OFF ERROR VOLTAGE"},
                                               {2, "2"},
@@ -186,19 +216,64 @@ TEST_F(ScriptedTest, AnAddressThatIsNoNumberKeepsTheLastAndOneOutOfRangeIsReport
     Line().Answer({});
     Window->Verdict("cmdENQ");
     EXPECT_EQ(Line().WrittenData(), (std::vector<Bytes>{{12, 5, 17}}));
+    const std::vector<std::pair<const char*, Bytes>> wrapped{{"cmdENQ", {250, 5, 255}},
+                                                             {"cmdENQ", {251, 5, 0}},
+                                                             {"cmdENQ", {255, 5, 4}},
+                                                             {"cmdDLE", {255, 16, 15}}};
+    for (const auto& [button, probe] : wrapped) {
+        const auto address = probe.front();
+        Window->SetAddress(QString::number(address));
+        Line().Answer({address, 6, static_cast<std::uint8_t>(address + 6)});
+        EXPECT_EQ(Window->Verdict(button), "GOOD  ENQ") << int{address};
+        EXPECT_EQ(Line().WrittenData().back(), probe);
+    }
+    Line().ForgetWritten();
     Window->SetAddress("300");
     EXPECT_TRUE(Window->Get<QLineEdit>("txtPADDR").toolTip().isEmpty());
-    QTest::mouseClick(&Window->Get<QPushButton>("cmdENQ"), Qt::LeftButton);
+    Click("cmdENQ");
     EXPECT_EQ(Panel.Boxes.Shown.size(), 1U);
-    EXPECT_EQ(Line().WrittenData().size(), 1U);
+    EXPECT_TRUE(Line().WrittenData().empty());
     EXPECT_TRUE(Window->Window->isVisible());
+    Window->SetAddress("40000");
+    EXPECT_TRUE(Window->Get<QLineEdit>("txtPADDR").toolTip().endsWith("너무 큼). 지금 주소: 300"));
+}
+
+TEST_F(ScriptedTest, ASecondProbeInsideTheWaitGetsItsVerdictOnceInTheSameWaitOrTheNext) {
+    auto& result = Window->Get<QLabel>("lblRESULT");
+    for (const auto after : {0ms, 150ms}) {
+        result.setText("?");
+        Line().Answer({});
+        Line().AnswerInPieces({{{1, 6, 7}, after}});
+        PressAndInItsWait([this] { Click("cmdENQ"); });
+        EXPECT_TRUE(WaitFor([&] { return result.text() == "GOOD  ENQ"; })) << after.count();
+        EXPECT_FALSE(WaitFor([&] { return result.text() != "GOOD  ENQ"; }, 200ms));
+    }
+    EXPECT_EQ(Line().WrittenData().size(), 4U);
+}
+
+TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedAndLeavesBothWindowsUsable) {
+    const auto reported = [&](std::size_t boxes, const QString& reason) {
+        return WaitFor([&] { return Panel.Boxes.Shown.size() == boxes; }) &&
+               Panel.Boxes.LastText().contains(reason);
+    };
+    Window->Window->close();
+    Panel.Main().ShowPanels(true);  // as if a supply had been found
+    Line().Refuse(1, std::errc::permission_denied);
+    Window.emplace(Panel);
+    EXPECT_TRUE(reported(1, "권한"));
+    EXPECT_TRUE(Window->Window->isVisible() && Window->Window->isEnabled());
+    Click("cmdENQ");
+    EXPECT_TRUE(reported(2, "열려 있지 않습니다"));
+    EXPECT_TRUE(Line().WrittenData().empty());
+    Window->Window->close();
+    EXPECT_TRUE(reported(3, "권한"));
+    EXPECT_TRUE(Panel.Main().isVisible() && Panel.Main().isEnabled());
+    EXPECT_FALSE(Panel.Get<QFrame>("frmPOWERDISPLAY").isVisible());
 }
 
 TEST_F(ScriptedTest, ClosedInsideItsWaitItJudgesNothingMore) {
     Line().AnswerInPieces({{{1, 6, 7}, 90ms}});
-    QMetaObject::invokeMethod(
-        Window->Window, [this] { Window->Window->close(); }, Qt::QueuedConnection);
-    QTest::mouseClick(&Window->Get<QPushButton>("cmdENQ"), Qt::LeftButton);
+    PressAndInItsWait([this] { Window->Window->close(); });
     EXPECT_TRUE(WaitFor([this] { return Panel.Main().isEnabled(); }));
     EXPECT_TRUE(WaitFor([this] { return Panel.Run.Test() == nullptr; }));
     EXPECT_EQ(Line().OpenMaker(), 1);  // the main window's port, the first one made
