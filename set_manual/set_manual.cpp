@@ -47,6 +47,7 @@ SET_MANUAL::SET_MANUAL(SOURCE& source, POWER& power, const Surroundings& around)
     : PortWindow(source, power, around),
       PortsOfMachine(around.Ports),
       Controls(MakeSetManualControls(*this)),
+      Choices(Controls),
       Chain(
           source, *comPOWER, around.Loop, Events,
           {[this](Reply result, std::int16_t asked) { ShowResult(result, asked); },
@@ -68,7 +69,6 @@ void SET_MANUAL::ConnectControls() {
     connect(Controls.cmbMODEL, &QComboBox::activated, this, run([this] { cmbMODEL_Click(); }));
     connect(Controls.cmbMODEL->lineEdit(), &QLineEdit::textEdited, this,
             run([this] { cmbMODEL_Change(); }));
-    for (QComboBox* list : {Controls.cmbADDR, Controls.cmbMODEL}) list->installEventFilter(this);
     connect(Controls.cmdZPS_ENQ, &QPushButton::clicked, this, run([this] { Chain.ProbeEnq(); }));
     connect(Controls.cmdZPS_DLE, &QPushButton::clicked, this, run([this] { Chain.ProbeDle(); }));
 }
@@ -186,8 +186,6 @@ void SET_MANUAL::PortReturned(bool open) {
 }
 
 bool SET_MANUAL::eventFilter(QObject* watched, QEvent* event) {
-    // The wheel over a list would choose another supply in passing.
-    if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) != nullptr) return true;
     if (event->type() == QEvent::ToolTip) {
         for (int number = 1; number <= PortCount; ++number) {
             if (watched != &Controls.optPORT(number)) continue;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/port_window.h"
+#include "set_manual/deliberate_choice.h"
 #include "set_manual/probe_chain.h"
 #include "set_manual/set_manual_controls.h"
 
@@ -39,6 +40,7 @@ class SET_MANUAL : public PortWindow {
 
     serial::PortMaker& PortsOfMachine;
     SetManualControls Controls;
+    DeliberateChoice Choices;
     ProbeChain Chain;
     std::int16_t FormPort = 0;
 };

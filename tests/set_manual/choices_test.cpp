@@ -22,9 +22,14 @@ TEST(Choice, OfAnAddressIdentifiesTheSupplyThere) {
         EXPECT_EQ(frames, ChainOf(address));
         EXPECT_EQ(panel.Text("lblSPEC_VA"), address == 7 ? "20V/5A" : "150V/10A");
     }
-    // Passing by other addresses with the keys asks none of them.
-    for (int key = 0; key < 6; ++key)
-        QTest::keyClick(&panel.GetSetting<QComboBox>("cmbADDR"), Qt::Key_Down);
+    // Passing by other addresses with the keys asks none of them, however long one stays there.
+    auto& list = panel.GetSetting<QComboBox>("cmbADDR");
+    for (const auto key : {Qt::Key_7, Qt::Key_Down, Qt::Key_Up}) {
+        QTest::keyClick(list.view()->isVisible() ? static_cast<QWidget*>(list.view()) : &list, key);
+        EXPECT_FALSE(WaitFor([&] { return !panel.Line().TakeReceived().empty(); }, 120ms));
+        EXPECT_EQ(list.currentText(), "1");
+    }
+    QTest::keyClick(list.view(), Qt::Key_Return);
     ASSERT_TRUE(WaitFor([&] { return panel.Text("lblSPEC_VA") == "20V/5A"; }));
     EXPECT_EQ(panel.Line().TakeReceived().front(), EnqOfSeven);
 }
@@ -37,7 +42,12 @@ TEST(Choice, OfAnotherPortForgetsWhichSupplyWasThere) {
     for (const int port : {1, 3}) {
         panel.Line().ForgetWritten();
         panel.GetSetting<QLabel>("lblZPS_DLE").clear();
-        Press(panel, port == 1 ? "optPORT_1" : "optPORT_3");
+        panel.GetSetting<QRadioButton>("optPORT_1").setFocus();
+        for (int arrow = 1; arrow < port; ++arrow) {  // which passes by a port without choosing it
+            QTest::keyClick(panel.Run.Settings()->focusWidget(), Qt::Key_Down);
+            EXPECT_EQ(panel.Source().CommPort, 1);
+        }
+        QTest::keyClick(panel.Run.Settings()->focusWidget(), Qt::Key_Space);
         EXPECT_EQ(panel.Source().CheckedAddr, port == 1 ? 1 : LinkState::NoAddress);
         ASSERT_TRUE(panel.WaitForDataResult(GoodData));
         EXPECT_EQ(panel.Line().Written().back().CommPort, port);
@@ -104,7 +114,7 @@ TEST_P(InsideAWait, WhatIsDoneEndsTheExchangeAtOnce) {
     const auto act = [&] {
         EXPECT_TRUE(panel.Run.Settings()->Busy());
         if (one.Done == Deed::ChooseSeven) Pick(panel, "cmbADDR", 6);
-        if (one.Done == Deed::PressEnq) Press(panel, "cmdZPS_ENQ");
+        if (one.Done == Deed::PressEnq) QTest::keyClick(panel.Run.Settings(), Qt::Key_F2);
         if (closes) panel.Run.Settings()->close();
         if (one.Done == Deed::CloseAndOpen) panel.Choose("mnuSET_MANU");
     };
