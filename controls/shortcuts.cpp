@@ -15,4 +15,8 @@ void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what) {
     button.setToolTip(QStringLiteral("%1 (%2)").arg(what, keyName));
 }
 
+void EnableKey(QAbstractButton& button, bool on) {
+    button.findChild<QShortcut*>({}, Qt::FindDirectChildrenOnly)->setEnabled(on);
+}
+
 }  // namespace zps

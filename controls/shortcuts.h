@@ -11,4 +11,7 @@ namespace zps {
 // button's tool tip, behind `what` it does.
 void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what);
 
+// Whether the key of a button that has been given one does anything; the button stays as it is.
+void EnableKey(QAbstractButton& button, bool on);
+
 }  // namespace zps

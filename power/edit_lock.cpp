@@ -1,5 +1,6 @@
 #include "power/edit_lock.h"
 
+#include "controls/shortcuts.h"
 #include "power/panel_enabling.h"
 
 namespace zps {
@@ -83,6 +84,7 @@ void EditLock::ResumeConfinement() {
 }
 
 void EditLock::Confine(bool on) {
+    EnableKeys(on);
     if (on == Confined) {
         ResumeConfinement();  // the frame may have moved
         return;
@@ -90,6 +92,17 @@ void EditLock::Confine(bool on) {
     Confined = on;
     Parts.Controls.fraSTEPLIST->KeepFocus(on);
     on ? ResumeConfinement() : Pointer.Release();
+}
+
+// A key must not do what the pointer can't reach, except that the output can always be switched
+// off.
+void EditLock::EnableKeys(bool locked) {
+    const PowerControls& c = Parts.Controls;
+    for (QPushButton* button : {c.cmdAUTO, c.cmdPVsense, c.cmdOCP, c.cmdPREMOTE}) {
+        EnableKey(*button, !locked);
+    }
+    const bool outputShownOn = c.Output_ONOFF->text() == QStringLiteral("ON");
+    EnableKey(*c.cmdOUTPUT, !locked || Parts.State.OutputOn || outputShownOn);
 }
 
 int EditLock::StepOf(std::size_t row) const {

@@ -33,6 +33,7 @@ class EditLock {
 
   private:
     void Confine(bool on);
+    void EnableKeys(bool locked);
     int StepOf(std::size_t row) const;
     bool IsCurrent(std::size_t row) const;
 

@@ -9,6 +9,13 @@ namespace {
 
 class RunSwitches : public ScriptedRun {
   protected:
+    // Presses a function key in a field that has the focus.
+    void PressKey(Qt::Key key) {
+        auto& field = Get<QLineEdit>("txPVOLT_0");
+        field.setFocus();
+        EXPECT_TRUE(field.hasFocus());
+        QTest::keyClick(&field, key);
+    }
     // Clicks the output button and tells how long its click was worked on, in ms.
     qint64 TimeToSwitchOn() {
         QElapsedTimer timer;
@@ -23,14 +30,18 @@ class RunSwitches : public ScriptedRun {
 };
 
 TEST_F(RunSwitches, EachSwitchSendsItsStateAndShowsIt) {
-    using Case = std::tuple<const char*, std::uint8_t, const char*, const char*, Colour, Colour>;
-    for (const auto& [button, letter, label, lamp, active, idle] :
-         {Case{"cmdAUTO", 'G', "Auto_ONOFF", "AutoLED", DarkRed, PaleOrange},
-          Case{"cmdPVsense", 'W', "Vsense_ONOFF", "VsenseLED", BrightGreen, PaleGreen},
-          Case{"cmdOCP", 'X', "OCP_ONOFF", "OCPLED", BrightGreen, PaleGreen},
-          Case{"cmdOUTPUT", 'A', "Output_ONOFF", "OutputLED", DarkRed, PaleOrange}}) {
-        for (const std::uint8_t on : Bytes{1, 0}) {
-            Click(button);  // nothing is in progress: it goes out at once
+    using Case =
+        std::tuple<const char*, Qt::Key, std::uint8_t, const char*, const char*, Colour, Colour>;
+    for (const auto& [button, key, letter, label, lamp, active, idle] :
+         {Case{"cmdAUTO", Qt::Key_F6, 'G', "Auto_ONOFF", "AutoLED", DarkRed, PaleOrange},
+          Case{"cmdPVsense", Qt::Key_F7, 'W', "Vsense_ONOFF", "VsenseLED", BrightGreen, PaleGreen},
+          Case{"cmdOCP", Qt::Key_F8, 'X', "OCP_ONOFF", "OCPLED", BrightGreen, PaleGreen},
+          Case{"cmdOUTPUT", Qt::Key_F9, 'A', "Output_ONOFF", "OutputLED", DarkRed, PaleOrange}}) {
+        const QString named = QKeySequence(key).toString();
+        EXPECT_TRUE(Get<QWidget>(button).toolTip().endsWith("(" + named + ")"));
+        for (const int time : {1, 2, 3, 4}) {
+            const std::uint8_t on = time % 2 == 1 ? 1 : 0;
+            time <= 2 ? Click(button) : PressKey(key);  // nothing is in progress: it goes at once
             const auto sum = static_cast<std::uint8_t>(1 + 2 + 8 + 27 + letter + on + 3);
             EXPECT_EQ(LastFrame(), (Bytes{1, 2, 8, 27, letter, on, 0, 0, 0, 0, 0, 3, sum}));
             EXPECT_EQ(Texts(*this, {label}), on == 1 ? "ON" : "OFF");
@@ -38,7 +49,7 @@ TEST_F(RunSwitches, EachSwitchSendsItsStateAndShowsIt) {
             ASSERT_TRUE(Quiet());
         }
     }
-    EXPECT_EQ(Sent(), "G1G0W1W0X1X0A1A0");
+    EXPECT_EQ(Sent(), "G1G0G1G0W1W0W1W0X1X0X1X0A1A0A1A0");
 }
 
 TEST_F(RunSwitches, TheOutputGoesOffWhateverStandsInAFieldAndOnOnlyWithoutAnError) {
@@ -58,7 +69,7 @@ TEST_F(RunSwitches, TheOutputGoesOffWhateverStandsInAFieldAndOnOnlyWithoutAnErro
 }
 
 TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndPollsOnce) {
-    Click("cmdPREMOTE");
+    PressKey(Qt::Key_F5);
     EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));
     EXPECT_EQ(Texts(*this, {"Rem_Loc", "lblPREMOTE"}), "REMOTE RS232");
     EXPECT_EQ(Lit("RemoteLED"), PaleOrange);

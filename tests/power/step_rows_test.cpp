@@ -66,6 +66,23 @@ TEST_F(StepRows, AnEditLocksThePointerIntoItsRowUntilTheValueIsBack) {
     EXPECT_TRUE(WaitFor([&] { return Pointer.Within == nullptr; }));
 }
 
+TEST_F(StepRows, TheFunctionKeysOfALockedRowOnlySwitchTheOutputOff) {
+    const auto typeAndPressAll = [this](const char* text) {
+        Type("txPVOLT_0", text);
+        EXPECT_TRUE(Locked());
+        for (const auto key : {Qt::Key_F5, Qt::Key_F6, Qt::Key_F7, Qt::Key_F8, Qt::Key_F9})
+            QTest::keyClick(&Field("txPVOLT", 0), key);
+    };
+    typeAndPressAll("3");
+    EXPECT_TRUE(Locked() && Sent().empty());
+    Leave();
+    ASSERT_TRUE(SwitchOutput(true));
+    Sent();
+    typeAndPressAll("4");
+    EXPECT_EQ(Sent(), Only({27, 'A', 0, 0, 0, 0, 0, 0}));
+    EXPECT_TRUE(Released());
+}
+
 TEST_F(StepRows, TabGoesAlongTheRowAndTheNextAndRoundALockedOne) {
     Field("txPVOLT", 0).setFocus();
     for (const char* next : {"txPCURR_0", "txPTIME_0", "txPSLOPE_0", "txPOVP_0", "txPSTEP_1"})
