@@ -8,7 +8,9 @@
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QTimer>
+#include <QTranslator>
 
 #include <algorithm>
 #include <chrono>
@@ -76,6 +78,18 @@ void Program::ShowAbout() {
     About->activateWindow();
 }
 
+namespace {
+
+// Of the toolkit's own words, in context menus and for screen readers. English where the system has
+// no Korean ones.
+void SpeakKorean() {
+    auto* words = new QTranslator(qApp);
+    const auto folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (words->load(QStringLiteral("qtbase_ko"), folder)) QApplication::installTranslator(words);
+}
+
+}  // namespace
+
 void DressApplication() {
     QApplication::setApplicationName(QStringLiteral("ZPS-RS232"));
     QApplication::setApplicationVersion(QStringLiteral(ZPS_VERSION));
@@ -91,6 +105,7 @@ void DressApplication() {
                       QStringLiteral("NanumGothic"), QStringLiteral("Noto Sans CJK KR"),
                       QStringLiteral("UnDotum")});
     QApplication::setFont(face);
+    SpeakKorean();
     SpeakLabels();
 }
 

@@ -45,7 +45,7 @@ class Program : public QObject {
     std::unique_ptr<frmAbout> About;
 };
 
-// What every window of the program looks like: style, type face, name and version.
+// What every window of the program looks like: style, type face, language, name and version.
 void DressApplication();
 
 }  // namespace zps

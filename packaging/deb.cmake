@@ -10,6 +10,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${ZPS_WEB_ADDRESS})
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The toolkit's own texts in Korean.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-translations-l10n)
 # Korean text, and the program that opens web addresses.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-nanum, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

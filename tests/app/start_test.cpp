@@ -1,6 +1,11 @@
 #include "tests/support/panel.h"
 
+#include <QAccessible>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QScrollBar>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -37,6 +42,15 @@ TEST(StartUp, EndsWithThePortErrorOfTheMainWindow) {
     panel.Line().Refuse(1, std::errc::permission_denied);
     EXPECT_THROW(panel.Run.StartUp(), serial::PortError);
     EXPECT_EQ(panel.Run.Settings(), nullptr);
+}
+
+TEST(StartUp, LeavesNoTextOfTheToolkitInEnglish) {
+    QLineEdit field("text");
+    QStringList texts{QScrollBar::tr("Scroll here"), QAccessibleActionInterface::tr("Press")};
+    for (const QAction* action : field.createStandardContextMenu()->actions())
+        if (!action->isSeparator()) texts << action->text();
+    for (const auto& text : texts)
+        EXPECT_TRUE(text.contains(QRegularExpression("[가-힣]"))) << text.toStdString();
 }
 
 TEST(TheDevice, IsHandedFromWindowToWindowAndOpenForNobodyElse) {
