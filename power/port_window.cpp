@@ -18,6 +18,7 @@ std::optional<serial::PortError> PortWindow::OpenPort(std::int16_t number) {
         comPOWER->SetPortOpen(false);
         comPOWER->SetCommPort(number);
         comPOWER->SetPortOpen(true);
+        Source.PortOpenedOn(comPOWER->Device());
     } catch (const serial::PortError& error) {
         return error;
     }

@@ -150,6 +150,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
     try {
         Self->comPOWER->SetCommPort(Self->Parts.Source.CommPort);
         Self->comPOWER->SetPortOpen(true);
+        Self->Parts.Source.PortOpenedOn(Self->comPOWER->Device());
     } catch (const serial::PortError& error) {
         return error;
     }

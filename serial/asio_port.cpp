@@ -5,6 +5,7 @@
 #include "serial/inbox.h"
 #include "serial/receive_event.h"
 
+#include <filesystem>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -35,6 +36,7 @@ class AsioPort final : public Port {
     int CommPort() const override { return Number; }
     void SetCommPort(int number) override { Number = number; }
     bool PortOpen() const override { return Present != nullptr; }
+    std::string Device() const override { return Present ? Present->Path : std::string(); }
     void SetPortOpen(bool open) override;
     std::size_t InBufferCount() const override { return Present ? Present->Arrived.Count() : 0; }
     void DiscardInput() override {
@@ -81,9 +83,9 @@ void AsioPort::SetPortOpen(bool open) {
 
 // The session outlives its device, and this object the session's device.
 void AsioPort::OpenDevice(Session& session) {
+    // Another device that has moved up in the meantime may lead to another supply.
     const bool again = !session.Path.empty();
-    const auto path =
-        again ? DevicePathAgain(session.Number, session.Path) : DevicePath(session.Number);
+    const auto path = again ? session.Path : DevicePath(session.Number);
     if (path.empty()) throw std::system_error(std::make_error_code(std::errc::no_such_device));
     session.Device = std::make_unique<AsioDevice>(
         path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
@@ -146,7 +148,10 @@ std::unique_ptr<Port> AsioPortMaker::MakePort() {
 }
 
 std::string AsioPortMaker::DeviceOf(int number) const {
-    return DevicePath(number);
+    const auto path = DevicePath(number);
+    std::error_code none;
+    const auto target = std::filesystem::read_symlink(path, none);
+    return none ? path : target.string();
 }
 
 }  // namespace zps::serial

@@ -17,13 +17,9 @@ using NativeHandle = int;
 
 // The device that port `number` is now; empty if there is none. Throws nothing.
 //
-// Windows: COMn. Linux: the link COMn in the user's link folder (serial/device_linux.h), else the
-// n-th serial device of the machine, USB adapters first, then the UARTs that exist.
+// Windows: COMn. Linux: the link COMn in the user's link folder (serial/device_linux.h), by its own
+// name, else the n-th serial device of the machine, USB adapters first, then the UARTs that exist.
 std::string DevicePath(int number);
-
-// The device to open after port `number` was lost as `before`: where its link points now, or else
-// the same device. Another one that has moved up in the meantime may lead to another supply.
-std::string DevicePathAgain(int number, const std::string& before);
 
 // Claims an open device for this program alone; an error if another program has it. Ends with
 // Release, or when the handle is closed.

@@ -37,11 +37,11 @@ bool IsPrivateFolder(const fs::path& folder) {
            status.st_uid == getuid() && (status.st_mode & 07777) == 0700;
 }
 
-std::string LinkedDevice(int number, const fs::path& folder) {
+std::string LinkOf(int number, const fs::path& folder) {
     if (!IsPrivateFolder(folder)) return {};
+    const auto link = folder / ("COM" + std::to_string(number));
     std::error_code absent;
-    const auto target = fs::read_symlink(folder / ("COM" + std::to_string(number)), absent);
-    return absent ? std::string() : (folder / target).lexically_normal().string();
+    return fs::is_symlink(link, absent) ? link.string() : std::string();
 }
 
 // A pseudo-terminal's far end holds the terminal open, and with it an exclusive use whose program
@@ -95,7 +95,7 @@ fs::path LinkFolderPath() {
 }
 
 std::string DevicePath(int number, const DeviceRoots& roots) {
-    if (auto linked = LinkedDevice(number, roots.Links); !linked.empty()) return linked;
+    if (auto link = LinkOf(number, roots.Links); !link.empty()) return link;
     int place = 0;
     for (const auto& kind : Kinds) {
         for (const auto& device : DevicesOf(kind, roots)) {
@@ -107,15 +107,6 @@ std::string DevicePath(int number, const DeviceRoots& roots) {
 
 std::string DevicePath(int number) {
     return DevicePath(number, {.Links = LinkFolderPath()});
-}
-
-std::string DevicePathAgain(int number, const std::string& before) {
-    return DevicePathAgain(number, before, {.Links = LinkFolderPath()});
-}
-
-std::string DevicePathAgain(int number, const std::string& before, const DeviceRoots& roots) {
-    if (auto linked = LinkedDevice(number, roots.Links); !linked.empty()) return linked;
-    return fs::path(before).parent_path() == roots.Devices ? before : std::string();
 }
 
 std::error_code Claim(NativeHandle device) {

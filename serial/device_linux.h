@@ -20,8 +20,4 @@ std::filesystem::path LinkFolderPath();
 // taking another device instead could switch the wrong supply.
 std::string DevicePath(int number, const DeviceRoots& roots);
 
-// As DevicePathAgain(number, before). A device that only a link led to is not opened without it:
-// the system gives a pseudo-terminal's name to the next program that asks for a terminal.
-std::string DevicePathAgain(int number, const std::string& before, const DeviceRoots& roots);
-
 }  // namespace zps::serial

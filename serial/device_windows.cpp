@@ -14,10 +14,6 @@ std::string DevicePath(int number) {
     return length != 0 || GetLastError() == ERROR_INSUFFICIENT_BUFFER ? name : std::string();
 }
 
-std::string DevicePathAgain(int /*number*/, const std::string& before) {
-    return before;
-}
-
 // Windows opens a serial device for one handle at a time.
 std::error_code Claim(NativeHandle) {
     return {};

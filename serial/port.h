@@ -53,6 +53,9 @@ class Port {
     // Closing lets written bytes leave first, for at most 0.2 s, and ends every wait.
     virtual bool PortOpen() const = 0;
     virtual void SetPortOpen(bool open) = 0;
+    // By which name the device was opened; empty while the port is closed. A link counts as the
+    // same device wherever it points.
+    virtual std::string Device() const = 0;
 
     // Bytes that have arrived and were not read.
     virtual std::size_t InBufferCount() const = 0;

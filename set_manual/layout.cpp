@@ -17,6 +17,7 @@ void MakePorts(SetManualControls& controls) {
     controls.frmCOMMPORT = new QGroupBox(QStringLiteral("RS-232 Port SETTING"));
     controls.frmCOMMPORT->setObjectName(QStringLiteral("frmCOMMPORT_1"));
     auto* row = new QHBoxLayout(controls.frmCOMMPORT);
+    row->setSpacing(2);
     for (int number = 1; number <= PortCount; ++number) {
         auto* port = new QRadioButton(QStringLiteral("COM%1").arg(number));
         port->setObjectName(QStringLiteral("optPORT_%1").arg(number));
@@ -24,6 +25,8 @@ void MakePorts(SetManualControls& controls) {
         port->setChecked(number == 1);
         PaintBackground(*port, Colour::LightGrey);
         controls.Ports.at(static_cast<std::size_t>(number - 1)) = port;
+        port->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        port->setMinimumHeight(port->fontMetrics().height() * 2);
         row->addWidget(port);
     }
 }
@@ -58,7 +61,7 @@ void MakePower(SetManualControls& controls) {
         MakeRating(QStringLiteral("POWERVoltage"), QStringLiteral("최대 전압 V"));
     controls.POWERCurrent =
         MakeRating(QStringLiteral("POWERCurrent"), QStringLiteral("최대 전류 A"));
-    controls.cmbADDR = MakeList(QStringLiteral("cmbADDR"), QStringLiteral("전원 주소"));
+    controls.cmbADDR = MakeList(QStringLiteral("cmbADDR"), QStringLiteral("전원 장치 주소"));
     for (int address = 1; address <= HighestAddress; ++address) {
         controls.cmbADDR->addItem(QString::number(address));
     }
@@ -87,12 +90,12 @@ QLabel* MakeResult(const QString& name, const QString& accessible) {
 
 QGridLayout* MakeChecks(SetManualControls& controls) {
     controls.cmdZPS_ENQ = MakeButton(QStringLiteral("cmdZPS_ENQ"), QStringLiteral("통신 확인"));
-    GiveKey(*controls.cmdZPS_ENQ, Qt::Key_F2, QStringLiteral("전원이 응답하는지 확인"));
+    GiveKey(*controls.cmdZPS_ENQ, Qt::Key_F2, QStringLiteral("전원 장치가 응답하는지 확인"));
     PaintBackground(*controls.cmdZPS_ENQ, Colour::LightGreen);
     controls.lblZPS_ENQ =
         MakeResult(QStringLiteral("lblZPS_ENQ"), QStringLiteral("통신 확인 결과"));
     controls.cmdZPS_DLE = MakeButton(QStringLiteral("cmdZPS_DLE"), QStringLiteral("DATA 확인"));
-    GiveKey(*controls.cmdZPS_DLE, Qt::Key_F3, QStringLiteral("전원의 정격 읽기"));
+    GiveKey(*controls.cmdZPS_DLE, Qt::Key_F3, QStringLiteral("전원 장치의 정격 읽기"));
     controls.lblZPS_DLE =
         MakeResult(QStringLiteral("lblZPS_DLE"), QStringLiteral("DATA 확인 결과"));
     auto* grid = new QGridLayout;
@@ -109,7 +112,7 @@ QGridLayout* MakeChecks(SetManualControls& controls) {
 SetManualControls MakeSetManualControls(QWidget& window) {
     SetManualControls controls;
     QFont bold = window.font();
-    bold.setBold(true);
+    Embolden(bold);
     window.setFont(bold);
     auto* column = new QVBoxLayout(&window);
     MakePorts(controls);

@@ -116,6 +116,7 @@ void ProbeChain::TakeRatings(const Bytes& reply) {
     constexpr double CountsPerUnit = 10;
     const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
     Source.CheckedAddr = Source.SetAddr;
+    Source.RatedDevice = Port.Device();
     Tell.Ratings(ratings.Volt / CountsPerUnit, ratings.Curr / CountsPerUnit);
 }
 

@@ -19,6 +19,7 @@ struct LinkState {
     std::int16_t CommPort = 1;             // serial port, 1 to 4
     std::int16_t SetAddr = 1;              // address chosen in the settings window
     std::int16_t CheckedAddr = NoAddress;  // address whose ratings were last read
+    std::string RatedDevice;               // and the device through which they were
     std::int16_t PowerAddr = 0;            // in every frame, expected in every reply
     std::string ModelName = "ZPS_150";
     std::int16_t ModelIndex = 0;  // its place in the settings window's list
@@ -41,6 +42,12 @@ struct SOURCE : LinkState, ValueFormat, StepTable {
     // Whether the ratings are those of the supply at the chosen address. Before they have been read
     // its scale is unknown, and it gets no set-points.
     bool RatingsKnown() const { return MaxVolt > 0 && CheckedAddr == SetAddr; }
+
+    // The port has been opened on `device`: the ratings read through another one are not those of
+    // the supply behind it.
+    void PortOpenedOn(const std::string& device) {
+        if (device != RatedDevice) CheckedAddr = NoAddress;
+    }
 
     // Puts `frame` into TxFrame, FrameLen and FrameSum.
     void LayFrame(Frame frame);

@@ -49,6 +49,13 @@ TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
     Press(panel, "cmdZPS_ENQ");
     EXPECT_TRUE(StaysQuiet(panel.Line()));
     EXPECT_EQ(panel.Line().WrittenData(), std::vector<Bytes>{Enq});
+    // Another adapter under the same port number leads to another supply.
+    panel.Line().Folder = "another/COM";
+    panel.Run.Settings()->close();
+    EXPECT_FALSE(panel.Source().RatingsKnown());
+    EXPECT_TRUE(StaysQuiet(panel.Line()));
+    panel.Choose("mnuSET_MANU");
+    EXPECT_TRUE(WaitFor([&] { return panel.Source().RatingsKnown(); }));
 }
 
 TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {

@@ -29,6 +29,9 @@ class ScriptedPort final : public serial::Port {
     int CommPort() const override { return Number; }
     void SetCommPort(int number) override { Number = number; }
     bool PortOpen() const override { return Opening != nullptr; }
+    std::string Device() const override {
+        return PortOpen() ? Line->Folder + std::to_string(OpenNumber) : std::string();
+    }
     void SetPortOpen(bool open) override;
     std::size_t InBufferCount() const override { return Buffer.size(); }
     void DiscardInput() override {
@@ -213,7 +216,7 @@ std::unique_ptr<serial::Port> ScriptedPortMaker::MakePort() {
 }
 
 std::string ScriptedPortMaker::DeviceOf(int number) const {
-    return Line->Refused.contains(number) ? "" : "scripted/COM" + std::to_string(number);
+    return Line->Refused.contains(number) ? "" : Line->Folder + std::to_string(number);
 }
 
 }  // namespace zps::tests

@@ -69,6 +69,8 @@ class ScriptedLine {
     // The port that is open: 1 for the first one made, 0 if none is.
     int OpenMaker() const;
     int Openings() const { return OpenCount; }
+    // What stands before the number in the name of a device.
+    std::string Folder = "scripted/COM";
     // The time that waits and pauses have taken since the line was made.
     std::chrono::milliseconds Waited() const { return Now; }
 
@@ -97,7 +99,7 @@ class ScriptedLine {
     int OpenCount = 0;
 };
 
-// Hands out ports on `line`. DeviceOf(n) is "scripted/COMn", or empty where n is refused.
+// Hands out ports on `line`. DeviceOf(n) is `Folder`n, or empty where n is refused.
 class ScriptedPortMaker : public serial::PortMaker {
   public:
     ScriptedPortMaker(serial::EventLoop& loop, std::shared_ptr<ScriptedLine> line);
