@@ -1,5 +1,7 @@
 #include "power/log/log_grid.h"
 
+#include "power/log/log_grid_accessible.h"
+
 #include <QAction>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -24,6 +26,7 @@ constexpr int MinRows = 5;
 LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
     verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이타 표 이동"));
+    SpeakLogGrids();
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -48,6 +51,11 @@ void LogGrid::AddCopyActions() {
         action->setShortcutContext(Qt::WidgetShortcut);
         addAction(action);
     }
+}
+
+QString LogGrid::CellText(int row, int column) const {
+    return row == 0 ? Model.headerData(column, Qt::Horizontal).toString()
+                    : Model.index(row - 1, column).data().toString();
 }
 
 int LogGrid::TopRow() const {
@@ -164,8 +172,7 @@ void LogGrid::MoveTo(int row, bool extend) {
 void LogGrid::DescribeSelection() {
     QStringList cells;
     for (int column = 0; column < Model.columnCount(); ++column) {
-        cells << Model.headerData(column, Qt::Horizontal).toString() + u' ' +
-                     Model.index(Current - 1, column).data().toString();
+        cells << CellText(0, column) + u' ' + CellText(Current, column);
     }
     setAccessibleDescription(cells.join(QStringLiteral(", ")));
 }

@@ -28,11 +28,15 @@ class LogGrid : public QAbstractScrollArea {
     int TopRow() const;                                // the first row that is seen
     int VisibleRows() const;                           // rows that fit whole, 1 at least
 
+    int ColumnCount() const { return Model.columnCount(); }
+    QString CellText(int row, int column) const;
+
     // Where a cell is in the viewport; the header's cells stand above the top row's.
     QRect CellRect(int row, int column) const;
 
     int FirstSelected() const { return std::min(Anchor, Current); }
     int LastSelected() const { return std::max(Anchor, Current); }
+    bool IsSelected(int row) const { return row >= FirstSelected() && row <= LastSelected(); }
     // Selects one row and scrolls to it.
     void SelectRow(int row) { MoveTo(row, false); }
 
