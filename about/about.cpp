@@ -21,7 +21,7 @@ frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool,
                   QStringLiteral("버전 %1").arg(QCoreApplication::applicationVersion()));
     auto* licence = MakeLabel(
         QStringLiteral("lblLicense"),
-        QStringLiteral("RS-232 프로그래머블 직류 전원 제어 프로그램\n"
+        QStringLiteral("RS-232 프로그래머블 직류 전원 장치 제어 프로그램\n"
                        "이 프로그램은 GNU 일반 공중 사용 허가서(GPL) 제3판 또는 그 이후 판에 따라\n"
                        "배포되는 자유 소프트웨어이며, 어떠한 보증도 하지 않습니다."));
     auto* buttons = new QDialogButtonBox;

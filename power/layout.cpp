@@ -127,7 +127,7 @@ constexpr std::array SwitchRows{
               "과전류 보호 켜기/끄기"},
     SwitchRow{&PowerControls::cmdPREMOTE, "cmdPREMOTE", "LOCAL", "원격 제어",
               &PowerControls::Rem_Loc, "Rem_Loc", "LOCAL", &PowerControls::RemoteLED, "RemoteLED",
-              Colour::DarkRed, Qt::Key_F5, "원격 제어/패널 제어 전환"},
+              Colour::DarkRed, Qt::Key_F5, "원격 제어/본체 제어 전환"},
 };
 
 QWidget* MakeSwitches(PowerControls& controls) {
@@ -189,7 +189,7 @@ QWidget* MakeAutoSequence(PowerControls& controls) {
 QFrame* MakePowerDisplay(PowerControls& controls) {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("frmPOWERDISPLAY"));
-    frame->setAccessibleName(QStringLiteral("전원 제어"));
+    frame->setAccessibleName(QStringLiteral("전원 장치 제어"));
     auto* row = new QHBoxLayout(frame);
     row->setContentsMargins(0, 0, 0, 0);
     auto* steps = new QVBoxLayout;
@@ -223,9 +223,9 @@ QWidget* MakeLinkLine(PowerControls& controls) {
         new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
     controls.lblZPS_ERR = MakeCounter(QStringLiteral("lblZPS_ERR"), QStringLiteral("무응답 횟수"));
     controls.lblZPS_ERR1 =
-        MakeCounter(QStringLiteral("lblZPS_ERR1"), QStringLiteral("길이 에라 횟수"));
+        MakeCounter(QStringLiteral("lblZPS_ERR1"), QStringLiteral("길이 오류 횟수"));
     controls.lblZPS_ENQ =
-        MakeCounter(QStringLiteral("lblZPS_ENQ"), QStringLiteral("헤더 에라 횟수"));
+        MakeCounter(QStringLiteral("lblZPS_ENQ"), QStringLiteral("헤더 오류 횟수"));
     // Outside every frame that is ever disabled or hidden, so that it can always take the focus.
     controls.cmdFOCUS = MakeButton(QStringLiteral("cmdFOCUS"), {}, QStringLiteral("입력 대기"));
     controls.cmdFOCUS->setFocusPolicy(Qt::ClickFocus);
@@ -233,7 +233,7 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     controls.cmdFOCUS->setFixedSize(1, 1);
     row->addWidget(controls.cmdFOCUS);
     row->addWidget(controls.StatusBar_RXDATA, 1);
-    row->addWidget(MakeLabel({}, QStringLiteral("통신 에라")));
+    row->addWidget(MakeLabel({}, QStringLiteral("통신 오류")));
     for (QLabel* counter : {controls.lblZPS_ERR, controls.lblZPS_ERR1, controls.lblZPS_ENQ}) {
         row->addWidget(counter);
     }

@@ -20,8 +20,8 @@ void StepUpload::txPSTEP_Click(int row) {
     if (step == Parts.State.CurStep) return;
     if (!Parts.Source.RatingsKnown()) {
         Parts.Boxes.Show(&Parts.Window, {MessageIcon::Information, QStringLiteral("STEP 설정 오류"),
-                                         QStringLiteral("전원의 정격을 읽지 못했습니다.\n"
-                                                        "ZPS설정에서 DATA 확인을 먼저 하세요.")});
+                                         QStringLiteral("전원 장치의 정격을 읽지 못했습니다.\n"
+                                                        "ZPS설정에서 DATA 확인을 먼저 하십시오.")});
         return;
     }
     if (Parts.State.OutputOn) {

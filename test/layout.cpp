@@ -40,7 +40,7 @@ QWidget* MakeTarget(TestControls& controls) {
     auto* grid = new QGridLayout(box);
     controls.txtPADDR = new QLineEdit(QStringLiteral("1"));
     controls.txtPADDR->setObjectName(QStringLiteral("txtPADDR"));
-    controls.txtPADDR->setAccessibleName(QStringLiteral("전원 주소"));
+    controls.txtPADDR->setAccessibleName(QStringLiteral("전원 장치 주소"));
     controls.txtPADDR->setAttribute(Qt::WA_InputMethodEnabled, false);
     controls.txtPADDR->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     controls.txtPCOMMPORT = MakeReadOut(QStringLiteral("txtPCOMMPORT"), QStringLiteral("1"),
@@ -49,7 +49,7 @@ QWidget* MakeTarget(TestControls& controls) {
     PaintBackground(*controls.txtPCOMMPORT, Colour::LightGrey);
     controls.cmdENQ = MakeButton(QStringLiteral("cmdENQ"), QStringLiteral("ENQ"));
     controls.cmdDLE = MakeButton(QStringLiteral("cmdDLE"), QStringLiteral("DLE"));
-    GiveKey(*controls.cmdENQ, Qt::Key_F2, QStringLiteral("전원이 응답하는지 확인"));
+    GiveKey(*controls.cmdENQ, Qt::Key_F2, QStringLiteral("전원 장치가 응답하는지 확인"));
     GiveKey(*controls.cmdDLE, Qt::Key_F3, QStringLiteral("상태와 측정값 읽기"));
     PaintBackground(*controls.cmdDLE, Colour::LightCyan);
     grid->addWidget(MakeLabel(QStringLiteral("Label10_3"), QStringLiteral("ADDRESS")), 0, 0);
