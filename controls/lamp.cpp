@@ -10,8 +10,10 @@ Lamp::Lamp(QWidget* parent) : QWidget(parent) {
 }
 
 void Lamp::Light(Colour colour) {
-    if (colour == Shown) return;
+    if (Idle && colour == Shown) return;
+    if (!Idle) Idle = colour;
     Shown = colour;
+    setAccessibleDescription(colour == *Idle ? QStringLiteral("꺼짐") : QStringLiteral("켜짐"));
     update();
 }
 

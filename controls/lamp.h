@@ -1,9 +1,11 @@
-// A round lamp in one of the fixed colours.
+// A round lamp in one of the fixed colours. Assistive tools hear whether it is lit.
 #pragma once
 
 #include "controls/colours.h"
 
 #include <QWidget>
+
+#include <optional>
 
 namespace zps {
 
@@ -11,6 +13,7 @@ class Lamp : public QWidget {
   public:
     explicit Lamp(QWidget* parent = nullptr);
 
+    // The first colour that it is given is that of the idle lamp; any other means that it is lit.
     void Light(Colour colour);
     Colour Lit() const { return Shown; }
 
@@ -21,6 +24,7 @@ class Lamp : public QWidget {
 
   private:
     Colour Shown = Colour::White;
+    std::optional<Colour> Idle;
 };
 
 }  // namespace zps

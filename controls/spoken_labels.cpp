@@ -1,5 +1,7 @@
 #include "controls/spoken_labels.h"
 
+#include "controls/lamp.h"
+
 #include <QAccessibleWidget>
 #include <QLabel>
 
@@ -14,7 +16,8 @@ class SpokenLabel : public QAccessibleWidget {
 
     QString text(QAccessible::Text part) const override {
         if (part == QAccessible::Name && Shown.accessibleName().isEmpty()) return Shown.text();
-        if (part == QAccessible::Description) return Shown.text();
+        const bool described = !Shown.accessibleDescription().isEmpty();
+        if (part == QAccessible::Description && !described) return Shown.text();
         return QAccessibleWidget::text(part);
     }
 
@@ -22,15 +25,18 @@ class SpokenLabel : public QAccessibleWidget {
     QLabel& Shown;
 };
 
-QAccessibleInterface* MakeSpokenLabel(const QString& className, QObject* object) {
-    auto* label = className == QLatin1String("QLabel") ? qobject_cast<QLabel*>(object) : nullptr;
-    return label == nullptr ? nullptr : new SpokenLabel(*label);
+// Null for what the toolkit or another factory knows.
+QAccessibleInterface* MakeSpoken(const QString& className, QObject* object) {
+    if (className == QLatin1String("QLabel"))
+        return new SpokenLabel(*qobject_cast<QLabel*>(object));
+    auto* lamp = dynamic_cast<Lamp*>(object);
+    return lamp == nullptr ? nullptr : new QAccessibleWidget(lamp, QAccessible::Graphic);
 }
 
 }  // namespace
 
 void SpeakLabels() {
-    QAccessible::installFactory(&MakeSpokenLabel);
+    QAccessible::installFactory(&MakeSpoken);
 }
 
 }  // namespace zps

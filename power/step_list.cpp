@@ -24,32 +24,38 @@ constexpr std::array Columns{
     FieldTexts{&PowerControls::txPOVP, &StepTable::StepOvp},
 };
 
-struct RowColours {
+struct RowLook {
     QColor Button;
     QColor Fields;
+    QString Spoken;  // the colours in a word
 };
 
-RowColours ColoursOf(RowState state) {
+RowLook LookOf(RowState state) {
     switch (state) {
         case RowState::Selected:
-            return {ToQColor(Colour::PaleOrange), ToQColor(Colour::PaleOrange)};
+            return {ToQColor(Colour::PaleOrange), ToQColor(Colour::PaleOrange),
+                    QStringLiteral("선택됨")};
         case RowState::Held:
-            return {ToQColor(Colour::LightCyan), ToQColor(Colour::LightCyan)};
+            return {ToQColor(Colour::LightCyan), ToQColor(Colour::LightCyan),
+                    QStringLiteral("송신됨")};
         case RowState::Plain:
             break;
     }
     const QPalette system = QApplication::palette();
-    return {system.color(QPalette::Button), system.color(QPalette::HighlightedText)};
+    return {system.color(QPalette::Button), system.color(QPalette::HighlightedText),
+            QStringLiteral("미송신")};
 }
 
 }  // namespace
 
 void StepList::PaintRow(int row, RowState state) {
     const auto index = static_cast<std::size_t>(row);
-    const RowColours colours = ColoursOf(state);
-    PaintBackground(*Parts.Controls.txPSTEP.at(index), colours.Button);
+    const RowLook look = LookOf(state);
+    QPushButton& button = *Parts.Controls.txPSTEP.at(index);
+    PaintBackground(button, look.Button);
+    button.setAccessibleDescription(look.Spoken);
     for (const auto& column : Columns) {
-        PaintBackground(*(Parts.Controls.*column.Fields).at(index), colours.Fields);
+        PaintBackground(*(Parts.Controls.*column.Fields).at(index), look.Fields);
     }
 }
 

@@ -103,7 +103,9 @@ void TEST::ShowFields(const Bytes& reply) {
     Controls.lblSTEP->setText(QString::number(values.Step));
     for (std::size_t bit = 0; bit < Controls.ledSTATUS.size(); ++bit) {
         const bool set = (values.Status >> bit & 1U) != 0;
-        PaintBackground(*Controls.ledSTATUS.at(bit), set ? Colour::Red : Colour::White);
+        QLabel& lamp = *Controls.ledSTATUS.at(bit);
+        PaintBackground(lamp, set ? Colour::Red : Colour::White);
+        lamp.setAccessibleDescription(set ? QStringLiteral("켜짐") : QStringLiteral("꺼짐"));
     }
 }
 

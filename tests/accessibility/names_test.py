@@ -24,7 +24,9 @@ CONTROLS = {
     Atspi.Role.TABLE,
 }
 IN_SETTINGS = {"통신 포트 COM1", "전원 장치 주소", "모델 이름", "통신 확인", "DATA 확인"}
-IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동"}
+IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
+IN_TEST = {"ENQ", "DLE"}
+IN_ABOUT = {"확인(O)"}
 
 
 def fail(reason):
@@ -92,19 +94,50 @@ def press(name):
     find(name).do_action(0)  # the first action of a button is to press it
 
 
-def settings_closed():
-    subprocess.run(["xdotool", "key", "Escape"], check=True)
-    return find("ZPS설정") is None
+def choose(command):
+    for node in below(Atspi.get_desktop(0)):  # those of a closed menu don't show
+        if node.get_name() == command:
+            return node.do_action(0)
+    fail(f"there is no command {command}")
+
+
+def close(window_name):
+    def gone():
+        subprocess.run(["xdotool", "key", "Escape"], check=True)
+        return find(window_name) is None
+    wait_for(gone, f"the end of {window_name}")
+
+
+def check_log():
+    grid = find("측정 데이타 표")
+    press("출력")
+    wait_for(lambda: grid.get_n_rows() > 2, "rows in the log")
+    second = [grid.get_accessible_at(2, column) for column in range(grid.get_n_columns())]
+    texts = [cell.get_name() for cell in second]
+    if texts[0] != "2" or not all(texts) or second[3].get_role() != Atspi.Role.TABLE_CELL:
+        fail(f"the log says {texts}")
 
 
 def use_panel():
     check_names("ZPS설정", IN_SETTINGS)
     wait_for(lambda: says("DATA 확인 결과", "통신ok = DATA수신!!!"), "the spoken result")
-    wait_for(settings_closed, "the settings window's end")
+    close("ZPS설정")
     wait_for(lambda: says("제어 경로", "RS232"), "remote control")
     check_names("ZPS-RS232", IN_MAIN)
     press("과전류 보호")
     wait_for(lambda: says("과전류 보호 상태", "ON"), "the switch pressed from outside")
+    # What a person sees by colour alone.
+    wait_for(lambda: says("과전류 보호 표시등", "켜짐") and says("출력 표시등", "꺼짐"), "the lamps")
+    wait_for(lambda: says("단계 00", "선택됨") and says("단계 01", "미송신"), "the rows' states")
+    choose("프로그램 정보(A)")
+    check_names("ZPS-RS232 정보", IN_ABOUT)
+    close("ZPS-RS232 정보")
+    choose("TEST(T)")
+    check_names("통신 TEST", IN_TEST)
+    press("DLE")
+    wait_for(lambda: says("OCP", "켜짐") and says("OUTPUT", "꺼짐"), "the lamps of the bits")
+    close("통신 TEST")
+    check_log()
 
 
 def main():
