@@ -1,5 +1,10 @@
 #include "controls/widgets.h"
 
+#include <QFontDatabase>
+#include <QFontInfo>
+
+#include <algorithm>
+
 namespace zps {
 
 QLabel* MakeLabel(const QString& name, const QString& text, const QString& accessibleName) {
@@ -29,11 +34,28 @@ QLineEdit* MakeReadOut(const QString& name, const QString& text, const QString& 
     return field;
 }
 
+void Embolden(QFont& font) {
+    font.setBold(true);
+    const QString family = QFontInfo(font).family();
+    const QStringList styles = QFontDatabase::styles(family);
+    const bool hasBold = std::any_of(styles.begin(), styles.end(), [&](const QString& style) {
+        return QFontDatabase::bold(family, style);
+    });
+    if (!hasBold) font.setHintingPreference(QFont::PreferNoHinting);
+}
+
 void Enlarge(QWidget& widget, double factor) {
     QFont font = widget.font();
     font.setPointSizeF(font.pointSizeF() * factor);
-    font.setBold(true);
+    Embolden(font);
     widget.setFont(font);
+}
+
+void LetGrow(QWidget& widget) {
+    const int usual = widget.sizeHint().expandedTo(widget.minimumSize()).height();
+    widget.setMinimumHeight(usual);
+    widget.setMaximumHeight(usual * 3 / 2);
+    widget.setSizePolicy(widget.sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
 }
 
 int WidthFor(const QWidget& widget, const QString& text) {
