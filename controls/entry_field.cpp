@@ -43,7 +43,9 @@ void EntryField::focusInEvent(QFocusEvent* event) {
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (!LeavesTheWindow(event->reason())) Leave();
+    if (LeavesTheWindow(event->reason())) return;
+    deselect();  // before the handler: it may bring the focus back with the text selected
+    Leave();
 }
 
 void EntryField::Leave() {

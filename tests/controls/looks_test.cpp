@@ -53,7 +53,9 @@ TEST(AnEntryField, IsLeftOnlyWhenTheFocusMovesWithinTheWindow) {
     QTest::keyClick(&field, Qt::Key_Return);
     QTest::keyClick(&field, Qt::Key_Escape);
     field.setText("8");
+    field.selectAll();
     focus(QEvent::FocusOut, Qt::OtherFocusReason);
+    EXPECT_FALSE(field.hasSelectedText());
     EXPECT_EQ(log, "gcexcl");
 }
 
