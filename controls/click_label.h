@@ -1,8 +1,12 @@
-// A label that can be double-clicked, or reached with Tab and pressed with Enter or Space.
+// A link: a label that can be double-clicked, or reached with Tab and pressed with Enter or Space.
 #pragma once
+
+#include "controls/colours.h"
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
 
 #include <functional>
 
@@ -17,13 +21,25 @@ class ClickLabel : public QLabel {
         setTextFormat(Qt::PlainText);
         setCursor(Qt::PointingHandCursor);
         setFocusPolicy(Qt::TabFocus);
+        setMargin(3);
+        // The desktop's own colour of links is often too dark for a dark desktop.
+        QPalette colours = palette();
+        const bool onLight = ReadableOn(colours.color(QPalette::Window)) == Qt::black;
+        const QColor link = onLight ? QColor(0x00, 0x50, 0xB0) : QColor(0x7A, 0xB8, 0xFF);
+        colours.setColor(QPalette::Active, QPalette::WindowText, link);
+        colours.setColor(QPalette::Inactive, QPalette::WindowText, link);
+        setPalette(colours);
+        QFont underlined = font();
+        underlined.setUnderline(true);
+        setFont(underlined);
     }
 
     std::function<void()> OnDoubleClick;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override {
-        const bool press = event->key() == Qt::Key_Return || event->key() == Qt::Key_Space;
+        const int key = event->key();
+        const bool press = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
         if (press && OnDoubleClick) {
             OnDoubleClick();
         } else {
@@ -32,6 +48,15 @@ class ClickLabel : public QLabel {
     }
     void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {
         if (OnDoubleClick) OnDoubleClick();
+    }
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (!hasFocus()) return;
+        QPainter painter(this);
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.backgroundColor = palette().color(QPalette::Window);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
 };
 
