@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "about/about.h"
+#include "controls/panel_style.h"
 #include "controls/spoken_labels.h"
 #include "controls/window_stack.h"
 #include "test/test.h"
@@ -31,6 +32,7 @@ void Program::StartUp() {
     connect(Power.get(), &POWER::Closed, this, [this] { About.reset(); });
     Power->Form_Load();
     FitToScreen(*Power);
+    Centre(*Power);
     Power->show();
     Power->HandOver();
     ShowPortWindow<SET_MANUAL>();
@@ -99,11 +101,11 @@ void DressApplication() {
     for (const int size : {16, 32, 48, 128, 256})
         icon.addFile(QStringLiteral(":/icons/zps-rs232-%1.png").arg(size), {size, size});
     QApplication::setWindowIcon(icon);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(new PanelStyle);
     QFont face = QApplication::font();
     face.setFamilies({QStringLiteral("Gulim"), QStringLiteral("굴림"),
-                      QStringLiteral("NanumGothic"), QStringLiteral("Noto Sans CJK KR"),
-                      QStringLiteral("UnDotum")});
+                      QStringLiteral("Malgun Gothic"), QStringLiteral("NanumGothic"),
+                      QStringLiteral("Noto Sans CJK KR"), QStringLiteral("UnDotum")});
     QApplication::setFont(face);
     SpeakKorean();
     SpeakLabels();

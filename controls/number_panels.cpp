@@ -24,10 +24,11 @@ void NumberPanels::AddPanel() {
     auto* label = MakeLabel(QStringLiteral("%1_%2").arg(objectName()).arg(place + 1), {},
                             QStringLiteral("수신 바이트 %1").arg(place + 1));
     label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-    label->setAlignment(Qt::AlignCenter);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setIndent(4);
     // An empty panel is as large as a full one, so that no reply moves the others.
-    label->setText(QStringLiteral("0000"));
-    label->setMinimumSize(label->sizeHint());
+    label->setText(QStringLiteral("000"));
+    label->setMinimumSize(label->sizeHint() + QSize(label->indent() / 2, 0));
     label->clear();
     Lines->addWidget(label, place / PerLine, place % PerLine);
     Lines->setColumnStretch(place % PerLine, 1);

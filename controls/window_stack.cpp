@@ -4,6 +4,8 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStatusBar>
+#include <QStyle>
 #include <QWidget>
 #include <QWindow>
 
@@ -20,10 +22,21 @@ void FitToScreen(QWidget& window) {
     QSize wanted = window.sizeHint();
     if (auto* frame = qobject_cast<QMainWindow*>(&window)) {
         if (auto* view = qobject_cast<QScrollArea*>(frame->centralWidget())) {
-            wanted = view->widget()->sizeHint() + QSize(0, frame->menuBar()->sizeHint().height());
+            const int bars =
+                frame->menuBar()->sizeHint().height() + frame->statusBar()->sizeHint().height();
+            wanted = view->widget()->sizeHint() + QSize(0, bars);
         }
     }
     window.resize(wanted.boundedTo(window.screen()->availableSize() * 0.95));
+}
+
+void Centre(QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    // The desktop tells the true height of the title bar only once the window stands there.
+    const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QPoint spare((screen.width() - window.width()) / 2,
+                       (screen.height() - window.height() - titleBar) / 2);
+    window.move(screen.topLeft() + QPoint(qMax(0, spare.x()), qMax(0, spare.y())));
 }
 
 }  // namespace zps

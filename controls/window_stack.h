@@ -11,4 +11,8 @@ void StandAbove(QWidget& window, QWidget& owner);
 // Gives `window` the size of what stands in it, as far as its screen has room for that.
 void FitToScreen(QWidget& window);
 
+// Puts `window` in the middle of its screen. What is to stand above it can then be placed before
+// the desktop has shown either.
+void Centre(QWidget& window);
+
 }  // namespace zps

@@ -1,5 +1,7 @@
 // The lay-out of the main window: what the supply is, what it does, what it is told, and the link.
 
+#include "controls/big_read_out.h"
+#include "controls/flowing_row.h"
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "power/log/measurement_log.h"
@@ -12,6 +14,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 #include <array>
@@ -58,42 +61,52 @@ QWidget* MakeIdentity(PowerControls& controls) {
     row->addSpacing(24);
     row->addWidget(controls.lblSPEC_VA);
     row->addStretch(1);
+    controls.lblORV_URL =
+        new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
+                       QStringLiteral("제조사 웹 주소"));
+    row->addWidget(controls.lblORV_URL);
     return box;
 }
 
-void AddReadOut(QGridLayout& grid, int row, const QString& title, QWidget& value,
-                const QString& unit) {
+QLineEdit* AddReadOut(QGridLayout& grid, int row, const QString& title, const QString& unit,
+                      const QString& name, const QString& text, const QString& accessible) {
+    auto* value = new BigReadOut(name, text, accessible, QStringLiteral("600.0000"));
     auto* unitLabel = MakeLabel({}, unit);
     Enlarge(*unitLabel, 1.8);
     grid.addWidget(MakeLabel({}, title), row, 0);
-    grid.addWidget(&value, row, 1);
+    grid.addWidget(value, row, 1);
     grid.addWidget(unitLabel, row, 2);
+    grid.setRowStretch(row, 1);
+    return value;
+}
+
+QLabel* AddState(QHBoxLayout& row, const QString& title, const QString& name, const QString& text,
+                 const QString& accessible) {
+    auto* value = MakeLabel(name, text, accessible);
+    Enlarge(*value, 1.8);
+    value->setMinimumWidth(WidthFor(*value, QStringLiteral("00")));
+    row.addWidget(MakeLabel({}, title));
+    row.addWidget(value);
+    return value;
 }
 
 QWidget* MakeReadOuts(PowerControls& controls) {
     auto* box = new QGroupBox(QStringLiteral("표시"));
     auto* grid = new QGridLayout(box);
     controls.txtVOLT =
-        MakeReadOut(QStringLiteral("txtVOLT"), QStringLiteral("0.00"), QStringLiteral("전압 V"));
+        AddReadOut(*grid, 0, QStringLiteral("VOLTAGE"), QStringLiteral("V"),
+                   QStringLiteral("txtVOLT"), QStringLiteral("0.00"), QStringLiteral("전압 V"));
     controls.txtCURR =
-        MakeReadOut(QStringLiteral("txtCURR"), QStringLiteral("0.000"), QStringLiteral("전류 A"));
-    controls.txtSTEP =
-        MakeLabel(QStringLiteral("txtSTEP"), QStringLiteral("00"), QStringLiteral("단계 번호"));
-    controls.lblMODE =
-        MakeLabel(QStringLiteral("lblMODE"), QStringLiteral("CV"), QStringLiteral("동작 모드"));
-    for (QWidget* big : std::initializer_list<QWidget*>{controls.txtVOLT, controls.txtCURR}) {
-        Enlarge(*big, 4);
-        big->setMinimumWidth(WidthFor(*big, QStringLiteral("600.0000")));
-    }
-    for (QLabel* label : {controls.txtSTEP, controls.lblMODE}) {
-        Enlarge(*label, 1.8);
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    }
-    AddReadOut(*grid, 0, QStringLiteral("VOLTAGE"), *controls.txtVOLT, QStringLiteral("V"));
-    AddReadOut(*grid, 1, QStringLiteral("CURRENT"), *controls.txtCURR, QStringLiteral("A"));
-    AddReadOut(*grid, 2, QStringLiteral("STEP"), *controls.txtSTEP, {});
-    AddReadOut(*grid, 3, QStringLiteral("MODE"), *controls.lblMODE, {});
-    grid->setRowStretch(4, 1);
+        AddReadOut(*grid, 1, QStringLiteral("CURRENT"), QStringLiteral("A"),
+                   QStringLiteral("txtCURR"), QStringLiteral("0.000"), QStringLiteral("전류 A"));
+    auto* states = new QHBoxLayout;
+    controls.txtSTEP = AddState(*states, QStringLiteral("STEP"), QStringLiteral("txtSTEP"),
+                                QStringLiteral("00"), QStringLiteral("단계 번호"));
+    states->addSpacing(24);
+    controls.lblMODE = AddState(*states, QStringLiteral("MODE"), QStringLiteral("lblMODE"),
+                                QStringLiteral("CV"), QStringLiteral("동작 모드"));
+    states->addStretch(1);
+    grid->addLayout(states, 2, 0, 1, 3);
     return box;
 }
 
@@ -139,6 +152,7 @@ QWidget* MakeSwitches(PowerControls& controls) {
         auto* button = MakeButton(QString::fromUtf8(row.ButtonName), QString::fromUtf8(row.Caption),
                                   accessible);
         button->setMinimumHeight(button->fontMetrics().height() * 2);
+        LetGrow(*button);
         GiveKey(*button, row.Key, QString::fromUtf8(row.ToolTip));
         auto* state = MakeLabel(QString::fromUtf8(row.StateName), QString::fromUtf8(row.StateText),
                                 accessible + QStringLiteral(" 상태"));
@@ -186,20 +200,42 @@ QWidget* MakeAutoSequence(PowerControls& controls) {
     return box;
 }
 
+QWidget* MakeSteps(PowerControls& controls) {
+    auto* box = new QGroupBox(QStringLiteral("단계표"));
+    auto* column = new QVBoxLayout(box);
+    MakeStepList(controls);
+    column->addWidget(controls.fraSTEPLIST, 1);
+    column->addWidget(MakeAutoSequence(controls));
+    return box;
+}
+
+// Switches and read-outs stay side by side and in sight; in a narrow window the steps go below.
 QFrame* MakePowerDisplay(PowerControls& controls) {
-    auto* frame = new QFrame;
+    auto* frame = new FlowingRow(QBoxLayout::BottomToTop);
     frame->setObjectName(QStringLiteral("frmPOWERDISPLAY"));
     frame->setAccessibleName(QStringLiteral("전원 장치 제어"));
-    auto* row = new QHBoxLayout(frame);
+    frame->Add(*MakeSteps(controls), 3);
+    auto* watched = new QWidget;
+    auto* row = new QHBoxLayout(watched);
     row->setContentsMargins(0, 0, 0, 0);
-    auto* steps = new QVBoxLayout;
-    MakeStepList(controls);
-    steps->addWidget(controls.fraSTEPLIST, 1);
-    steps->addWidget(MakeAutoSequence(controls));
-    row->addLayout(steps, 3);
     row->addWidget(MakeSwitches(controls));
-    row->addWidget(MakeReadOuts(controls), 2);
+    row->addWidget(MakeReadOuts(controls), 1);
+    frame->Add(*watched, 3);
     controls.frmPOWERDISPLAY = frame;
+    return frame;
+}
+
+QFrame* MakeData(PowerControls& controls) {
+    auto* frame = new QFrame;
+    frame->setObjectName(QStringLiteral("fraDATA"));
+    frame->setAccessibleName(QStringLiteral("측정 데이타"));
+    auto* box = new QGroupBox(QStringLiteral("측정 데이타"));
+    controls.Log = new MeasurementLog(box);
+    for (auto [outer, inner] : {std::pair<QWidget*, QWidget*>{box, controls.Log}, {frame, box}}) {
+        (new QVBoxLayout(outer))->addWidget(inner);
+    }
+    frame->layout()->setContentsMargins(0, 0, 0, 0);
+    controls.fraDATA = frame;
     return frame;
 }
 
@@ -207,10 +243,14 @@ QLabel* MakeCounter(const QString& name, const QString& what) {
     auto* counter = MakeLabel(name, QStringLiteral("ZPS"), what);
     counter->setToolTip(what);
     counter->setAlignment(Qt::AlignCenter);
-    counter->setMinimumWidth(WidthFor(*counter, QStringLiteral("00000")));
-    PaintBackground(*counter, Colour::White);
+    counter->setMinimumWidth(WidthFor(*counter, QStringLiteral("0000")));
     QPalette palette = counter->palette();
-    palette.setColor(QPalette::WindowText, QColor(0xC0, 0, 0));
+    const QColor ground = palette.color(QPalette::Base);
+    PaintBackground(*counter, ground);
+    palette = counter->palette();
+    palette.setColor(QPalette::WindowText, ReadableOn(ground) == Qt::black
+                                               ? QColor(0xC0, 0, 0)
+                                               : QColor(0xFF, 0x80, 0x80));
     counter->setPalette(palette);
     return counter;
 }
@@ -218,7 +258,6 @@ QLabel* MakeCounter(const QString& name, const QString& what) {
 QWidget* MakeLinkLine(PowerControls& controls) {
     auto* box = new QWidget;
     auto* row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
     controls.StatusBar_RXDATA =
         new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
     controls.lblZPS_ERR = MakeCounter(QStringLiteral("lblZPS_ERR"), QStringLiteral("무응답 횟수"));
@@ -231,6 +270,8 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     controls.cmdFOCUS->setFocusPolicy(Qt::ClickFocus);
     controls.cmdFOCUS->setFlat(true);
     controls.cmdFOCUS->setFixedSize(1, 1);
+    row->setContentsMargins(3, 2, 2, 4);
+    row->setSpacing(4);
     row->addWidget(controls.cmdFOCUS);
     row->addWidget(controls.StatusBar_RXDATA, 1);
     row->addWidget(MakeLabel({}, QStringLiteral("통신 오류")));
@@ -249,19 +290,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     auto* column = new QVBoxLayout(centre);
     column->addWidget(MakeIdentity(controls));
     column->addWidget(MakePowerDisplay(controls));
-    controls.fraDATA = new QFrame;
-    controls.fraDATA->setObjectName(QStringLiteral("fraDATA"));
-    controls.fraDATA->setAccessibleName(QStringLiteral("측정 데이타"));
-    controls.Log = new MeasurementLog(controls.fraDATA);
-    auto* data = new QVBoxLayout(controls.fraDATA);
-    data->setContentsMargins(0, 0, 0, 0);
-    data->addWidget(controls.Log);
-    column->addWidget(controls.fraDATA, 1);
-    column->addWidget(MakeLinkLine(controls));
-    controls.lblORV_URL =
-        new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
-                       QStringLiteral("제조사 웹 주소"));
-    column->addWidget(controls.lblORV_URL);
+    column->addWidget(MakeData(controls), 1);
     // On a small or finely scaled screen the window may be smaller than what stands in it.
     auto* view = new QScrollArea(&window);
     view->setWidget(centre);
@@ -271,6 +300,10 @@ PowerControls MakePowerControls(QMainWindow& window) {
     view->verticalScrollBar()->setAccessibleName(QStringLiteral("창 위아래 이동"));
     view->horizontalScrollBar()->setAccessibleName(QStringLiteral("창 좌우 이동"));
     window.setCentralWidget(view);
+    window.statusBar()->addWidget(MakeLinkLine(controls), 1);
+    // Tab goes along the work; the address is last.
+    QWidget::setTabOrder(controls.Log->findChild<LogGrid*>(), controls.lblORV_URL);
+    QWidget::setTabOrder(controls.lblORV_URL, controls.cmdFOCUS);
     return controls;
 }
 

@@ -36,6 +36,7 @@ QPushButton* MakeStepButton(int row) {
     auto* button = MakeButton(QStringLiteral("txPSTEP_%1").arg(row), StepText(row),
                               QStringLiteral("단계 %1").arg(StepText(row)));
     button->setMinimumWidth(WidthFor(*button, QStringLiteral("0000")));
+    LetGrow(*button);
     return button;
 }
 
@@ -47,6 +48,7 @@ EntryField* MakeField(const Column& column, int row, QWidget* parent) {
     field->setText(QString::fromUtf8(column.Start));
     field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     field->setMinimumWidth(WidthFor(*field, QString::fromUtf8(column.Widest)));
+    LetGrow(*field);
     return field;
 }
 
@@ -79,10 +81,10 @@ void MakeStepList(PowerControls& controls) {
     auto* frame = new StepListFrame;
     frame->setObjectName(QStringLiteral("fraSTEPLIST"));
     frame->setAccessibleName(QStringLiteral("단계 목록"));
-    frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     controls.fraSTEPLIST = frame;
 
     auto* grid = new QGridLayout(frame);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(3);
     MakeHeadings(*grid);
     for (int row = 0; row < RowCount; ++row) MakeRow(controls, *grid, row);

@@ -1,5 +1,8 @@
 #include "power/log/measurement_log.h"
 
+#include "controls/flowing_row.h"
+#include "controls/widgets.h"
+
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -33,6 +36,9 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     MSChart1->setAccessibleName(QStringLiteral("측정 데이타 그래프"));
     Label6->setObjectName(QStringLiteral("Label6"));
     Label6->setAccessibleName(QStringLiteral("맨 위 행 번호"));
+    // Of one size, so that a growing number moves nothing and costs no lay-out.
+    Label6->setFixedSize(WidthFor(*Label6, QStringLiteral("00000000")),
+                         Label6->sizeHint().height());
     LayOut();
     connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
 }
@@ -42,13 +48,17 @@ void MeasurementLog::LayOut() {
     top->addWidget(new QLabel(QStringLiteral("맨 위 행")));
     top->addWidget(Label6);
     top->addStretch(1);
-    auto* table = new QVBoxLayout;
-    table->addLayout(top);
-    table->addWidget(MSFlexGrid1, 1);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addLayout(table, 1);
-    row->addWidget(MSChart1, 1);
+    auto* table = new QWidget;
+    auto* column = new QVBoxLayout(table);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(top);
+    column->addWidget(MSFlexGrid1, 1);
+    auto* parts = new FlowingRow(QBoxLayout::TopToBottom);
+    parts->Add(*table, 1);
+    parts->Add(*MSChart1, 1);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(parts);
 }
 
 void MeasurementLog::Restart(const QString& stepCaption) {

@@ -10,6 +10,9 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QPalette>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -99,7 +102,42 @@ class Looks : public testing::TestWithParam<Desktop> {
         QApplication::setPalette(Palette);
     }
 
-    void Look(QWidget& window, const char* state) {
+    // At the sizes of people's screens; the off-screen display is smaller. What is watched and
+    // switched is seen without scrolling, in digits that fill their boxes, and nothing is cut at
+    // the sides.
+    void LookAtScreens(Panel& panel, const QString& state) {
+        auto& main = panel.Main();
+        for (const QSize screen : {QSize(1366, 768), QSize(3840, 2160)}) {
+            SCOPED_TRACE(screen.width());
+            main.resize(screen / main.devicePixelRatio());
+            QApplication::processEvents();
+            EXPECT_FALSE(main.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
+            for (const char* name : {"txtVOLT", "txtCURR", "txtSTEP", "lblMODE", "cmdOUTPUT",
+                                     "cmdPREMOTE", "Rem_Loc", "StatusBar_RXDATA", "lblZPS_ENQ"}) {
+                const auto& shown = panel.Get<QWidget>(name);
+                EXPECT_EQ(shown.visibleRegion().boundingRect(), shown.rect()) << name;
+                EXPECT_GE(shown.width(), shown.minimumSizeHint().width()) << name;
+            }
+            for (const char* name : {"txtVOLT", "txtCURR"}) {
+                const QFontMetrics digits(panel.Get<QLineEdit>(name).font());
+                EXPECT_GT(panel.Get<QWidget>(name).width(), digits.horizontalAdvance("600.0000"));
+                EXPECT_GT(digits.height(), 2 * QFontMetrics(main.font()).height());
+            }
+            Look(main, state + QString::number(screen.width()));
+        }
+    }
+
+    void LookAtMessage() {
+        QTimer::singleShot(0, [this] {
+            Look(*QApplication::activeModalWidget(), "message");
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+        });
+        ToolkitMessageBoxes().Show(
+            nullptr, {MessageIcon::Question, QStringLiteral("측정 데이타 삭제"),
+                      QStringLiteral("현재 데이타를 모두 삭제합니다."), MessageButtons::YesNo});
+    }
+
+    void Look(QWidget& window, const QString& state) {
         EXPECT_TRUE(WaitFor(
             [&window] { return window.height() >= window.minimumSizeHint().height(); }, 1s));
         ExpectGoodLooks(window);
@@ -124,7 +162,6 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     ASSERT_TRUE(panel.Identify());
     Look(*panel.Run.Settings(), "settings");
     panel.Run.Settings()->close();
-    panel.Main().resize(1300, 660);  // the off-screen display is smaller than people's
     ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
     panel.Type("txPVOLT_0", "123.4");
     panel.Leave();
@@ -133,20 +170,29 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     ASSERT_TRUE(panel.Settle());
     panel.Click("txPSTEP_0");
     ASSERT_TRUE(panel.Settle());
-    Look(panel.Main(), "main");
+    LookAtScreens(panel, "main");
     panel.Click("cmdOUTPUT");
     const auto* log = panel.Main().findChild<MeasurementLog*>();
     ASSERT_TRUE(WaitFor([&] { return log->RowCount() >= 8; }));
-    Look(panel.Main(), "running");
+    LookAtScreens(panel, "running");
     panel.Click("cmdOUTPUT");
     ASSERT_TRUE(panel.Settle());
     panel.Choose("mnuTEST");
     auto& test = *panel.Run.Test();
-    QTest::mouseClick(test.findChild<QPushButton*>("cmdDLE"), Qt::LeftButton);
-    ASSERT_TRUE(
-        WaitFor([&] { return test.findChild<QLabel*>("lblRESULT")->text() == "GOOD  DLE"; }));
+    const auto probe = [&](const char* button, const char* verdict) {
+        QTest::mouseClick(test.findChild<QPushButton*>(button), Qt::LeftButton);
+        const auto* result = test.findChild<QLabel*>("lblRESULT");
+        EXPECT_TRUE(WaitFor([&] { return result->text() == verdict; })) << verdict;
+    };
+    constexpr int OverCurrentTrip = 7;
+    panel.Line().Trip(1, OverCurrentTrip);
+    probe("cmdDLE", "GOOD  DLE");
     Look(test, "test");
+    panel.Line().SetFaults({.Garble = 1});
+    probe("cmdENQ", "ERROR  ENQ");
+    Look(test, "test-error");
     test.close();
+    LookAtMessage();
     panel.Choose("mnuHELP");
     Look(*panel.Main().findChild<frmAbout*>(), "about");
 }
