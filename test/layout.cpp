@@ -25,13 +25,26 @@ QLabel* MakeBordered(const QString& name, const QString& text, const QString& ac
     return label;
 }
 
-// A titled value, one above the other.
-void AddTitled(QGridLayout& grid, int column, const QString& titleName, const QString& title,
-               QLabel& value) {
+// A number, or a text in its place, in a box with room for `widest`.
+QLabel* MakeNumber(const QString& name, const QString& text, const QString& accessible,
+                   const QString& widest) {
+    auto* number = MakeBordered(name, text, accessible);
+    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    number->setIndent(4);
+    number->setMinimumWidth(WidthFor(*number, widest));
+    return number;
+}
+
+// A titled number, one above the other.
+QLabel* AddTitled(QGridLayout& grid, int column, const QString& titleName, const QString& title,
+                  const QString& name, const QString& accessible) {
+    auto* number = MakeNumber(name, QStringLiteral("0"), accessible, QStringLiteral("000"));
     auto* heading = MakeLabel(titleName, title);
-    heading->setAlignment(Qt::AlignCenter);
+    heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    heading->setIndent(number->indent() + number->frameWidth());
     grid.addWidget(heading, 0, column);
-    grid.addWidget(&value, 1, column);
+    grid.addWidget(number, 1, column);
+    return number;
 }
 
 QWidget* MakeTarget(TestControls& controls) {
@@ -76,14 +89,13 @@ QWidget* MakeHeader(TestControls& controls) {
     for (std::size_t i = 0; i < headings.size(); ++i) {
         const QString heading = QString::fromUtf8(headings.at(i));
         controls.lblRXDATA.at(i) =
-            MakeBordered(QStringLiteral("lblRXDATA_%1").arg(i), QStringLiteral("0"), heading);
-        AddTitled(*grid, static_cast<int>(i), QStringLiteral("Label12_%1").arg(i + 1), heading,
-                  *controls.lblRXDATA.at(i));
+            AddTitled(*grid, static_cast<int>(i), QStringLiteral("Label12_%1").arg(i + 1), heading,
+                      QStringLiteral("lblRXDATA_%1").arg(i), heading);
     }
-    controls.lblRXBUFFER = MakeBordered(QStringLiteral("lblRXBUFFER"), QStringLiteral("0"),
-                                        QStringLiteral("수신 바이트 수"));
-    AddTitled(*grid, static_cast<int>(headings.size()), QStringLiteral("Label12_0"),
-              QStringLiteral("DATA(byte)"), *controls.lblRXBUFFER);
+    controls.lblRXBUFFER =
+        AddTitled(*grid, static_cast<int>(headings.size()), QStringLiteral("Label12_0"),
+                  QStringLiteral("DATA(byte)"), QStringLiteral("lblRXBUFFER"),
+                  QStringLiteral("수신 바이트 수"));
     column->addWidget(controls.lblRESULT);
     column->addLayout(grid);
     return controls.frmDATA;
@@ -99,24 +111,31 @@ struct DecodedField {
 constexpr std::array DecodedFields{
     DecodedField{&TestControls::lblSTATUS, "lblSTATUS", "STATUS", "Label11_9", "SUB STATUS"},
     DecodedField{&TestControls::lblERROR, "lblERROR", "ERROR", "Label11_8", "ERROR DATA"},
+    DecodedField{&TestControls::lblSTEP, "lblSTEP", "STEP", "Label11_5", "RX STEP"},
     DecodedField{&TestControls::lblVOLTAGE, "lblVOLTAGE", "VOLTAGE", "Label11_7", "POWER VOLT"},
     DecodedField{&TestControls::lblOVP, "lblOVP", "OVP", "Label11_0", "OVP SET"},
     DecodedField{&TestControls::lblCURRENT, "lblCURRENT", "CURRENT", "Label11_6", "POWER CURR"},
-    DecodedField{&TestControls::lblSTEP, "lblSTEP", "STEP", "Label11_5", "RX STEP"},
 };
+constexpr int DecodedPerLine = 2;
 
 QLayout* MakeDecoded(TestControls& controls) {
     auto* grid = new QGridLayout;
-    int column = 0;
+    grid->addWidget(MakeLabel(QStringLiteral("Label1"), QStringLiteral("DISPLAY")), 0, 0);
+    int place = 0;
     for (const auto& field : DecodedFields) {
         const QString title = QString::fromUtf8(field.Title);
+        const bool wide = field.Value == &TestControls::lblERROR;
         auto* value =
-            MakeBordered(QString::fromUtf8(field.Name), QString::fromUtf8(field.Text), title);
-        if (field.Value == &TestControls::lblERROR) {
-            value->setMinimumWidth(WidthFor(*value, QStringLiteral("OUT OFF ERROR CURRENT")));
-        }
+            MakeNumber(QString::fromUtf8(field.Name), QString::fromUtf8(field.Text), title,
+                       wide ? QStringLiteral("OUT OFF ERROR CURRENT") : QStringLiteral("VOLTAGE"));
         controls.*field.Value = value;
-        AddTitled(*grid, column++, QString::fromUtf8(field.TitleName), title, *value);
+        auto* heading = MakeLabel(QString::fromUtf8(field.TitleName), title);
+        heading->setContentsMargins(16, 0, 0, 0);
+        const int row = place / DecodedPerLine;
+        const int column = 1 + 2 * (place++ % DecodedPerLine);
+        grid->addWidget(heading, row, column);
+        grid->addWidget(value, row, column + 1);
+        grid->setColumnStretch(column + 1, 1);
     }
     return grid;
 }
@@ -126,6 +145,8 @@ QLayout* MakeLamps(TestControls& controls) {
     for (std::size_t bit = 0; bit < LampCaptions.size(); ++bit) {
         const QString caption = QString::fromUtf8(LampCaptions.at(bit));
         auto* lamp = MakeBordered(QStringLiteral("ledSTATUS_%1").arg(bit), caption, caption);
+        lamp->setMargin(3);
+        lamp->setMinimumWidth(WidthFor(*lamp, caption));
         PaintBackground(*lamp, Colour::White);
         controls.ledSTATUS.at(bit) = lamp;
         row->addWidget(lamp, 1);
@@ -140,7 +161,6 @@ QWidget* MakeMonitor(TestControls& controls) {
     controls.StatusBar_RXDATA =
         new NumberPanels(QStringLiteral("StatusBar_RXDATA"), PanelCount, PanelsPerLine);
     column->addWidget(controls.StatusBar_RXDATA);
-    column->addWidget(MakeLabel(QStringLiteral("Label1"), QStringLiteral("DISPLAY")));
     column->addLayout(MakeDecoded(controls));
     column->addLayout(MakeLamps(controls));
     return box;
