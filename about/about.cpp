@@ -4,8 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace zps {
 
@@ -19,10 +19,11 @@ frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool,
     auto* version =
         MakeLabel(QStringLiteral("lblVersion"),
                   QStringLiteral("버전 %1").arg(QCoreApplication::applicationVersion()));
+    auto* purpose = MakeLabel(QStringLiteral("lblDescription"),
+                              QStringLiteral("RS-232 프로그래머블 직류 전원 장치 제어 프로그램"));
     auto* licence = MakeLabel(
         QStringLiteral("lblLicense"),
-        QStringLiteral("RS-232 프로그래머블 직류 전원 장치 제어 프로그램\n"
-                       "이 프로그램은 GNU 일반 공중 사용 허가서(GPL) 제3판 또는 그 이후 판에 따라\n"
+        QStringLiteral("이 프로그램은 GNU 일반 공중 사용 허가서(GPL) 제3판 또는 그 이후 판에 따라\n"
                        "배포되는 자유 소프트웨어이며, 어떠한 보증도 하지 않습니다."));
     auto* buttons = new QDialogButtonBox;
     auto* cmdSysInfo =
@@ -41,10 +42,16 @@ frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool,
     });
     buttons->addButton(QStringLiteral("확인(&O)"), QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::close);
-    auto* column = new QVBoxLayout(this);
-    for (QWidget* part : std::initializer_list<QWidget*>{title, version, licence, buttons}) {
-        column->addWidget(part);
-    }
+    auto* icon = MakeLabel(QStringLiteral("picIcon"), {}, QStringLiteral("프로그램 아이콘"));
+    icon->setPixmap(windowIcon().pixmap(QSize(48, 48), devicePixelRatio()));
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(20, 20, 20, 16);
+    grid->setHorizontalSpacing(20);
+    grid->setVerticalSpacing(12);
+    grid->addWidget(icon, 0, 0, 2, 1, Qt::AlignTop);
+    int row = 0;
+    for (QWidget* part : {title, version, purpose, licence}) grid->addWidget(part, row++, 1);
+    grid->addWidget(buttons, row, 0, 1, 2);
 }
 
 }  // namespace zps
