@@ -36,6 +36,7 @@ constexpr std::array<Curve, ChartColumns> Curves{
     Curve{"전류", "전류 (A)", 0xFFB03A00, 0xFFFFB070, Qt::DashLine, QCPScatterStyle::ssSquare, 1.6},
 };
 
+constexpr int LegendWidth = 240;  // px, so that the two names stand together
 constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
 
 double PointOf(const QString& text) {
@@ -82,6 +83,7 @@ LogChart::Drawing::Drawing(LogChart& chart) : Canvas(*new QCustomPlot(&chart)) {
     Canvas.setFocusPolicy(Qt::NoFocus);
     Canvas.xAxis->setRange(0.5, ChartRows + 0.5);
     Canvas.xAxis->setSubTicks(false);
+    Canvas.xAxis->setLabel(QStringLiteral("측정 %1개").arg(ChartRows));
     Canvas.yAxis2->setVisible(true);
     SetUpCurve(0, *Canvas.yAxis);
     SetUpCurve(1, *Canvas.yAxis2);
@@ -106,6 +108,7 @@ void LogChart::Drawing::PutLegendAbove() {
     Canvas.plotLayout()->addElement(0, 0, Canvas.legend);
     Canvas.plotLayout()->setRowStretchFactor(0, 0.001);
     Canvas.legend->setFillOrder(QCPLegend::foColumnsFirst);
+    Canvas.legend->setMaximumSize(LegendWidth, QWIDGETSIZE_MAX);
     Canvas.legend->setBorderPen(Qt::NoPen);
     Canvas.legend->setBrush(Qt::NoBrush);
     Canvas.legend->setVisible(true);
@@ -131,7 +134,8 @@ void LogChart::Drawing::ApplyPalette(const QPalette& palette, const QFont& font)
     const std::array axes{Canvas.yAxis, Canvas.yAxis2};
     for (std::size_t column = 0; column < axes.size(); ++column) {
         const Curve& curve = Curves[column];
-        const QColor colour(dark ? curve.OnDark : curve.OnLight);
+        QColor colour(dark ? curve.OnDark : curve.OnLight);
+        if (palette.currentColorGroup() == QPalette::Disabled) colour.setAlphaF(0.4F);
         ColourAxis(*axes[column], text, colour, font);
         axes[column]->grid()->setPen(QPen(faint, 0));
         axes[column]->grid()->setZeroLinePen(QPen(faint, 0));
@@ -187,7 +191,8 @@ double LogChart::PlottedValue(int row, int column) const {
 void LogChart::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     const auto type = event->type();
-    if (type == QEvent::PaletteChange || type == QEvent::FontChange) {
+    if (type == QEvent::PaletteChange || type == QEvent::FontChange ||
+        type == QEvent::EnabledChange) {
         Plot->ApplyPalette(palette(), font());
     }
 }

@@ -21,6 +21,10 @@ constexpr int MinColumnWidth = 91;  // px
 constexpr int SuggestedRows = 12;
 constexpr int MinRows = 5;
 
+QRect TextRect(const QRect& cell) {
+    return cell.adjusted(CellMargin, 0, -CellMargin, 0);
+}
+
 }  // namespace
 
 LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
@@ -155,6 +159,7 @@ bool LogGrid::event(QEvent* event) {
 void LogGrid::SelectAll() {
     Anchor = 1;
     Current = RowCount();
+    Chosen = true;
     viewport()->update();
     DescribeSelection();
 }
@@ -162,6 +167,7 @@ void LogGrid::SelectAll() {
 void LogGrid::MoveTo(int row, bool extend) {
     Current = std::clamp(row, 1, RowCount());
     if (!extend) Anchor = Current;
+    Chosen = true;
     const int top = std::clamp(TopRow(), Current - VisibleRows() + 1, Current);
     verticalScrollBar()->setValue(top - 1);
     viewport()->update();
@@ -226,15 +232,18 @@ void LogGrid::PaintHeader(QPainter& painter) {
     for (int column = 0; column < Model.columnCount(); ++column) {
         option.rect = CellRect(0, column);
         option.section = column;
-        option.text = Model.headerData(column, Qt::Horizontal).toString();
-        option.textAlignment =
-            Qt::Alignment(Model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt());
-        style()->drawControl(QStyle::CE_Header, &option, &painter, this);
+        style()->drawControl(QStyle::CE_HeaderSection, &option, &painter, this);
+        // A style would leave other margins beside the text than the cells below have.
+        const int alignment =
+            Model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+        style()->drawItemText(&painter, TextRect(option.rect), alignment, palette(), isEnabled(),
+                              Model.headerData(column, Qt::Horizontal).toString(),
+                              QPalette::ButtonText);
     }
 }
 
 void LogGrid::PaintRow(QPainter& painter, int row) {
-    const bool selected = row >= FirstSelected() && row <= LastSelected();
+    const bool selected = Chosen && row >= FirstSelected() && row <= LastSelected();
     for (int column = 0; column < Model.columnCount(); ++column) {
         const QRect cell = CellRect(row, column);
         const QModelIndex index = Model.index(row - 1, column);
@@ -243,8 +252,8 @@ void LogGrid::PaintRow(QPainter& painter, int row) {
         painter.drawLine(cell.bottomLeft(), cell.bottomRight());
         painter.drawLine(cell.topRight(), cell.bottomRight());
         painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
-        painter.drawText(cell.adjusted(CellMargin, 0, -CellMargin, 0),
-                         index.data(Qt::TextAlignmentRole).toInt(), index.data().toString());
+        painter.drawText(TextRect(cell), index.data(Qt::TextAlignmentRole).toInt(),
+                         index.data().toString());
     }
     if (hasFocus() && row == Current) PaintFocus(painter, row);
 }

@@ -74,8 +74,9 @@ class LogGrid : public QAbstractScrollArea {
 
     QAbstractItemModel& Model;
     LogCopy Copy;
-    int Anchor = 1;   // where the selection began
-    int Current = 1;  // where it was moved to
+    int Anchor = 1;       // where the selection began
+    int Current = 1;      // where it was moved to
+    bool Chosen = false;  // not until somebody selects is the selection shown
 };
 
 }  // namespace zps
