@@ -34,10 +34,11 @@ class Opened {
         for (int i = 1; i <= panels.Count(); ++i) texts << panels.Text(i);
         return texts;
     }
-    // Presses a probe button and waits for the verdict on it.
+    // Presses a probe button by its key in the address field and waits for the verdict on it.
     QString Verdict(const char* button) {
         Get<QLabel>("lblRESULT").setText("?");
-        QTest::mouseClick(&Get<QPushButton>(button), Qt::LeftButton);
+        const auto key = button == QByteArray("cmdENQ") ? Qt::Key_F2 : Qt::Key_F3;
+        QTest::keyClick(&Get<QLineEdit>("txtPADDR"), key);
         WaitFor([this] { return Text("lblRESULT") != "?"; });
         return Text("lblRESULT");
     }
