@@ -37,6 +37,7 @@ class Opened {
     // Presses a probe button by its key in the address field and waits for the verdict on it.
     QString Verdict(const char* button) {
         Get<QLabel>("lblRESULT").setText("?");
+        EXPECT_TRUE(WaitFor([this] { return QApplication::activeWindow() == Window; }));
         const auto key = button == QByteArray("cmdENQ") ? Qt::Key_F2 : Qt::Key_F3;
         QTest::keyClick(&Get<QLineEdit>("txtPADDR"), key);
         WaitFor([this] { return Text("lblRESULT") != "?"; });
