@@ -43,12 +43,11 @@ void EntryField::focusInEvent(QFocusEvent* event) {
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (LeavesTheWindow(event->reason())) return;
-    deselect();  // before the handler: it may bring the focus back with the text selected
-    Leave();
+    if (!LeavesTheWindow(event->reason())) Leave();
 }
 
 void EntryField::Leave() {
+    deselect();  // before the handler: it may bring the focus back with the text selected
     if (!Inside) return;
     Inside = false;
     Call(On.LostFocus);
