@@ -36,7 +36,6 @@ constexpr std::array<Curve, ChartColumns> Curves{
     Curve{"전류", "전류 (A)", 0xFFB03A00, 0xFFFFB070, Qt::DashLine, QCPScatterStyle::ssSquare, 1.6},
 };
 
-constexpr int LegendWidth = 240;  // px, so that the two names stand together
 constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
 
 double PointOf(const QString& text) {
@@ -104,11 +103,14 @@ void LogChart::Drawing::SetUpCurve(int column, QCPAxis& axis) {
 
 // Beside the curves it would hide points.
 void LogChart::Drawing::PutLegendAbove() {
+    auto* line = new QCPLayoutGrid;  // what the names leave free of it stays empty
+    line->addElement(0, 0, Canvas.legend);
+    line->addElement(0, 1, new QCPLayoutElement(&Canvas));
+    line->setColumnStretchFactor(0, 0.001);
     Canvas.plotLayout()->insertRow(0);
-    Canvas.plotLayout()->addElement(0, 0, Canvas.legend);
+    Canvas.plotLayout()->addElement(0, 0, line);
     Canvas.plotLayout()->setRowStretchFactor(0, 0.001);
     Canvas.legend->setFillOrder(QCPLegend::foColumnsFirst);
-    Canvas.legend->setMaximumSize(LegendWidth, QWIDGETSIZE_MAX);
     Canvas.legend->setBorderPen(Qt::NoPen);
     Canvas.legend->setBrush(Qt::NoBrush);
     Canvas.legend->setVisible(true);
