@@ -1,7 +1,9 @@
 #include "tour/guide.h"
 
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyleOptionTitleBar>
 
 #include <chrono>
 #include <iostream>
@@ -9,6 +11,28 @@
 namespace zps::tour {
 
 using namespace std::chrono_literals;
+
+namespace {
+
+// An off-screen display puts no frame round a window, and messages are looked up by their titles.
+QPixmap WithTitleBar(QWidget& window) {
+    const QPixmap content = window.grab();
+    QStyleOptionTitleBar bar;
+    bar.initFrom(&window);
+    bar.text = window.windowTitle();
+    bar.icon = window.windowIcon();
+    bar.titleBarState = Qt::WindowActive;
+    bar.titleBarFlags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+    bar.rect = {0, 0, content.width(), window.fontMetrics().height() * 2};
+    QPixmap framed(content.width(), bar.rect.height() + content.height());
+    framed.fill(window.palette().color(QPalette::Window));
+    QPainter painter(&framed);
+    window.style()->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);
+    painter.drawPixmap(0, bar.rect.height(), content);
+    return framed;
+}
+
+}  // namespace
 
 Guide::Guide(Program& program, const QString& pictures) : Panel(program), Pictures(pictures) {
     Pictures.mkpath(QStringLiteral("."));
@@ -23,8 +47,9 @@ void Guide::Expect(const QString& what, const std::function<bool()>& seen) {
 }
 
 void Guide::Picture(QWidget& window, const QString& name) {
+    QApplication::processEvents();  // what has been seen is perhaps not laid out yet
     const QString file = Pictures.filePath(name + QStringLiteral(".png"));
-    if (!window.grab().save(file)) {
+    if (!WithTitleBar(window).save(file)) {
         ++Missed;
         std::cout << "MISSED  picture " << file.toStdString() << std::endl;
     }

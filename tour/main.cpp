@@ -23,7 +23,7 @@ constexpr int Address = 1;
 
 void Connect(zps::Program& program, Guide& guide) {
     program.StartUp();
-    program.Main().resize(1300, 640);  // an off-screen display is smaller than people's
+    program.Main().resize(1300, 720);  // an off-screen display is smaller than people's
     zps::SET_MANUAL& settings = *program.Settings();
     const auto caption = [&settings](const char* label) {
         return settings.findChild<QLabel*>(QLatin1String(label))->text();
@@ -82,6 +82,8 @@ void RunOutput(zps::Program& program, Guide& guide, Line& line) {
     guide.Expect("twenty samples are in the log", [&] { return log.RowCount() >= 22; });
     guide.Click("txPSTEP_1");
     guide.Expect("the step changes under load: 24 V", [&] { return volts.text() == "24.00"; });
+    const int samples = log.RowCount();
+    guide.Expect("samples of the new step follow", [&] { return log.RowCount() >= samples + 8; });
     guide.Picture(program.Main(), "6-running");
     guide.AnswerBox("7-over-voltage", Qt::Key_Return);
     constexpr int SetOverVoltage = 5;
