@@ -84,6 +84,8 @@ TEST_F(StepRows, TheFunctionKeysOfALockedRowOnlySwitchTheOutputOff) {
 }
 
 TEST_F(StepRows, TabGoesAlongTheRowAndTheNextAndRoundALockedOne) {
+    Get<QPushButton>("cmdFOCUS").setFocus();
+    EXPECT_EQ(FocusAfter(Qt::Key_Tab), "txPSTEP_0");
     Field("txPVOLT", 0).setFocus();
     for (const char* next : {"txPCURR_0", "txPTIME_0", "txPSLOPE_0", "txPOVP_0", "txPSTEP_1"})
         EXPECT_EQ(FocusAfter(Qt::Key_Tab), next);
@@ -135,6 +137,9 @@ TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
               "cmdAUTO cmdOCP cmdOUTPUT cmdPVsense fraSTEPLIST lblAutoStep lblCount mnuData_Clear "
               "mnuSET_MANU mnuTEST txtPAUTOCOUNT txtPAUTOSTEP");
     QTest::mouseDClick(&Get<QLabel>("lblORV_URL"), Qt::LeftButton);
+    EXPECT_EQ(Browser.Opened, Text("lblORV_URL"));
+    Browser.Opened.clear();
+    QTest::keyClick(&Get<QLabel>("lblORV_URL"), Qt::Key_Enter);
     EXPECT_EQ(Browser.Opened, Text("lblORV_URL"));
     EXPECT_TRUE(Boxes.Shown.empty());
     Browser.Works = false;
