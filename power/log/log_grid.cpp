@@ -243,7 +243,7 @@ void LogGrid::PaintHeader(QPainter& painter) {
 }
 
 void LogGrid::PaintRow(QPainter& painter, int row) {
-    const bool selected = Chosen && row >= FirstSelected() && row <= LastSelected();
+    const bool selected = IsSelected(row);
     for (int column = 0; column < Model.columnCount(); ++column) {
         const QRect cell = CellRect(row, column);
         const QModelIndex index = Model.index(row - 1, column);

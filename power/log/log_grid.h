@@ -36,7 +36,10 @@ class LogGrid : public QAbstractScrollArea {
 
     int FirstSelected() const { return std::min(Anchor, Current); }
     int LastSelected() const { return std::max(Anchor, Current); }
-    bool IsSelected(int row) const { return row >= FirstSelected() && row <= LastSelected(); }
+    // Not until somebody selects.
+    bool IsSelected(int row) const {
+        return Chosen && row >= FirstSelected() && row <= LastSelected();
+    }
     // Selects one row and scrolls to it.
     void SelectRow(int row) { MoveTo(row, false); }
 

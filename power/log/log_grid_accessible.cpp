@@ -108,7 +108,10 @@ class SpokenGrid : public QAccessibleWidget, public QAccessibleTableInterface {
 
     int selectedCellCount() const override { return selectedRowCount() * columnCount(); }
     int selectedColumnCount() const override { return 0; }
-    int selectedRowCount() const override { return Grid.LastSelected() - Grid.FirstSelected() + 1; }
+    int selectedRowCount() const override {
+        const int last = Grid.LastSelected();
+        return Grid.IsSelected(last) ? last - Grid.FirstSelected() + 1 : 0;
+    }
     QList<QAccessibleInterface*> selectedCells() const override { return {}; }
     QList<int> selectedColumns() const override { return {}; }
     QList<int> selectedRows() const override;

@@ -116,6 +116,8 @@ def check_log():
     texts = [cell.get_name() for cell in second]
     if texts[0] != "2" or not all(texts) or second[3].get_role() != Atspi.Role.TABLE_CELL:
         fail(f"the log says {texts}")
+    if grid.is_row_selected(1) or not grid.add_row_selection(1) or not grid.is_row_selected(1):
+        fail("a row of the log can't be selected")
 
 
 def use_panel():
