@@ -25,10 +25,10 @@ void NumberPanels::AddPanel() {
                             QStringLiteral("수신 바이트 %1").arg(place + 1));
     label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setIndent(4);
+    label->setIndent(3);
     // An empty panel is as large as a full one, so that no reply moves the others.
     label->setText(QStringLiteral("000"));
-    label->setMinimumSize(label->sizeHint() + QSize(label->indent() / 2, 0));
+    label->setMinimumSize(label->sizeHint() + QSize(1, 0));
     label->clear();
     Lines->addWidget(label, place / PerLine, place % PerLine);
     Lines->setColumnStretch(place % PerLine, 1);
