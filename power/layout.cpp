@@ -270,7 +270,7 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     controls.cmdFOCUS->setFocusPolicy(Qt::ClickFocus);
     controls.cmdFOCUS->setFlat(true);
     controls.cmdFOCUS->setFixedSize(1, 1);
-    row->setContentsMargins(3, 2, 2, 4);
+    row->setContentsMargins(3, 2, 8, 4);
     row->setSpacing(4);
     row->addWidget(controls.cmdFOCUS);
     row->addWidget(controls.StatusBar_RXDATA, 1);
