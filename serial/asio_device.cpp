@@ -12,8 +12,8 @@
 #include <asio.hpp>
 
 #include <array>
-#include <condition_variable>
-#include <mutex>
+#include <atomic>
+#include <future>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -34,16 +34,12 @@ struct AsioDevice::Inside {
     void Close();
 
     asio::io_context Context{1};
-    asio::serial_port Device{Context};  // after the constructor, the reader's thread only
+    asio::executor_work_guard<asio::io_context::executor_type> Present{Context.get_executor()};
+    asio::serial_port Device{Context};  // after the constructor, the device's thread only
     std::array<std::uint8_t, 256> Chunk{};
     const Received Pass;
-
-    std::mutex Mutex;
-    std::condition_variable Changed;
-    bool Writing = false;  // guarded by Mutex, as is Lost
-    bool Lost = false;
-
-    std::thread Reader;
+    std::atomic<bool> Lost = false;
+    std::thread Thread;
 };
 
 AsioDevice::Inside::Inside(const std::string& path, Received received) : Pass(std::move(received)) {
@@ -55,7 +51,7 @@ AsioDevice::Inside::Inside(const std::string& path, Received received) : Pass(st
         throw std::system_error(error.code().value(), std::system_category());
     }
     Read();
-    Reader = std::thread([this] { Context.run(); });
+    Thread = std::thread([this] { Context.run(); });
 }
 
 void AsioDevice::Inside::Open(const std::string& path) {
@@ -74,7 +70,8 @@ AsioDevice::Inside::~Inside() {
         if (Device.is_open()) LetWrittenBytesLeave();
         Close();
     });
-    Reader.join();
+    Present.reset();
+    Thread.join();
 }
 
 void AsioDevice::Inside::Read() {
@@ -85,21 +82,24 @@ void AsioDevice::Inside::Read() {
     });
 }
 
+// The block and the word that it is written outlive this call where the device doesn't take them.
 void AsioDevice::Inside::Write(std::span<const std::uint8_t> block) {
+    struct Writing {
+        std::vector<std::uint8_t> Block;
+        std::promise<void> Over;
+    };
     const auto deadline = Clock::now() + LongestWrite;
-    const auto data = std::make_shared<const std::vector<std::uint8_t>>(block.begin(), block.end());
-    std::unique_lock lock(Mutex);
-    if (Lost) return;
-    Writing = true;
-    asio::post(Context, [this, data] {
-        asio::async_write(Device, asio::buffer(*data), [this, data](std::error_code error, auto) {
-            if (error) Close();
-            const std::lock_guard done(Mutex);
-            Writing = false;
-            Changed.notify_all();
-        });
+    const auto writing = std::make_shared<Writing>();
+    writing->Block.assign(block.begin(), block.end());
+    const auto over = writing->Over.get_future();
+    asio::post(Context, [this, writing] {
+        asio::async_write(Device, asio::buffer(writing->Block),
+                          [this, writing](std::error_code error, auto) {
+                              if (error) Close();
+                              writing->Over.set_value();
+                          });
     });
-    if (Changed.wait_until(lock, deadline, [this] { return !Writing || Lost; })) return;
+    if (over.wait_until(deadline) == std::future_status::ready) return;
     Lost = true;
     asio::post(Context, [this] { Close(); });
 }
@@ -110,16 +110,14 @@ void AsioDevice::Inside::LetWrittenBytesLeave() {
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
 }
 
-// Nothing is under way after this, so the reader's thread ends.
+// Ends what is under way on the device.
 void AsioDevice::Inside::Close() {
     if (Device.is_open()) {
         Release(Device.native_handle());
         std::error_code ignored;
         Device.close(ignored);
     }
-    const std::lock_guard lock(Mutex);
     Lost = true;
-    Changed.notify_all();
 }
 
 AsioDevice::AsioDevice(const std::string& path,
@@ -129,7 +127,6 @@ AsioDevice::AsioDevice(const std::string& path,
 AsioDevice::~AsioDevice() = default;
 
 bool AsioDevice::IsLost() const {
-    const std::lock_guard lock(Self->Mutex);
     return Self->Lost;
 }
 

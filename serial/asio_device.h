@@ -1,9 +1,13 @@
-// One open serial device, read by a thread of its own. Lives from opening to closing or loss; what
-// a port is beyond that (numbers, events, coming back) is asio_port.cpp's affair.
+// One open serial device with a thread of its own, which does all that is done on the device: it
+// reads, writes, lets written bytes leave and closes. What a port is beyond that (numbers, events,
+// coming back) is asio_port.cpp's affair.
 //
 // Loss: any error in reading or writing, and a write that the device doesn't take in time. The
-// device is closed at once then (a pulled adapter gets its name back only when nobody holds it any
-// more) and its thread ends.
+// device is closed at once then: a pulled adapter gets its name back only when nobody holds it any
+// more.
+//
+// Threading: one thread makes, uses and destroys the object; `received` alone is called on the
+// device's thread.
 #pragma once
 
 #include <chrono>
@@ -22,7 +26,7 @@ class AsioDevice {
 
     // Opens and claims the device at 9600 baud, 8N1, raw. Throws std::system_error with a
     // code that compares with std::errc. `received` is called with what has been read, on the
-    // reader's thread.
+    // device's thread; the device waits meanwhile.
     AsioDevice(const std::string& path,
                std::function<void(std::span<const std::uint8_t>)> received);
     // Lets written bytes leave, for LongestWrite at most, closes, and ends the thread.
@@ -30,9 +34,11 @@ class AsioDevice {
     AsioDevice(const AsioDevice&) = delete;
     AsioDevice& operator=(const AsioDevice&) = delete;
 
+    // Stays so once it is true.
     bool IsLost() const;
 
-    // Writes the block whole; returns when the system has taken it or the device is lost.
+    // Writes the block whole; returns when the system has taken it or the device is lost, after
+    // LongestWrite at most.
     void Write(std::span<const std::uint8_t> block);
 
   private:

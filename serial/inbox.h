@@ -1,4 +1,4 @@
-// The bytes that have arrived and were not read. Filled on the reader's thread, read on the
+// The bytes that have arrived and were not read. Filled on the device's thread, read on the
 // owner's; every call may be made on any thread.
 #pragma once
 

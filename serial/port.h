@@ -1,8 +1,9 @@
 // One serial port at 9600 baud, 8 data bits, no parity, 1 stop bit.
 //
 // Threading: a port belongs to the thread of its EventLoop; every call here is made on that thread,
-// and the receive event is raised on it. An implementation may fill its buffer on a thread of its
-// own, and does nothing else there.
+// and the receive event is raised on it. An implementation may run its device on a thread of its
+// own: that thread reads and writes what Output and SetPortOpen hand it, and touches nothing of the
+// owner's but the locked buffer of what has arrived and the EventLoop's Post.
 //
 // Errors: PortError, from SetPortOpen(true) (no such device, in use, no permission) and from Output
 // (the port is closed); it carries a code and no words for people. A device that is lost while the
