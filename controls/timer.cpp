@@ -4,24 +4,24 @@ namespace zps {
 
 Timer::Timer(const QString& name, std::chrono::milliseconds interval, Handlers& handlers,
              TickMode mode)
-    : Window(handlers), Mode(mode) {
+    : Events(handlers), Mode(mode) {
     setObjectName(name);
-    Clock.setTimerType(Qt::PreciseTimer);
-    Clock.setInterval(interval);
-    connect(&Clock, &QTimer::timeout, this, [this] { Elapse(); });
+    Countdown.setTimerType(Qt::PreciseTimer);
+    Countdown.setInterval(interval);
+    connect(&Countdown, &QTimer::timeout, this, [this] { Elapse(); });
 }
 
 void Timer::SetEnabled(bool enabled) {
     if (enabled == Enabled()) return;
     if (enabled) {
-        Clock.start();
+        Countdown.start();
     } else {
-        Clock.stop();
+        Countdown.stop();
     }
 }
 
 void Timer::SetInterval(std::chrono::milliseconds interval) {
-    Clock.setInterval(interval);
+    Countdown.setInterval(interval);
 }
 
 void Timer::Elapse() {
@@ -29,9 +29,9 @@ void Timer::Elapse() {
         if (Enabled() && Tick) Tick();
     };
     if (Mode == TickMode::AtOnce) {
-        Window.Run(tick, this);
+        Events.Run(tick, this);
     } else {
-        Window.RunWhenFree(this, Origin::Timer, tick);
+        Events.RunWhenFree(this, Origin::Timer, tick);
     }
 }
 

@@ -24,14 +24,14 @@ class Timer : public QObject {
 
     // Enabling a timer that runs already does not restart it.
     void SetEnabled(bool enabled);
-    bool Enabled() const { return Clock.isActive(); }
+    bool Enabled() const { return Countdown.isActive(); }
     void SetInterval(std::chrono::milliseconds interval);
 
   private:
     void Elapse();
 
-    QTimer Clock;
-    Handlers& Window;
+    QTimer Countdown;
+    Handlers& Events;
     TickMode Mode;
     std::function<void()> Tick;
 };

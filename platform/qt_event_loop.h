@@ -18,7 +18,8 @@ class QtEventLoop : public serial::EventLoop, private QObject {
     void Post(std::function<void()> call) override;
 
     // Qt hands its events out in batches (those that are due together); `done` is asked after each
-    // batch. What a handler throws is the affair of the application's notify().
+    // batch. A posted call must not throw, nor any other event: Qt can't carry an exception, and
+    // the process ends.
     void RunUntil(const std::function<bool()>& done, serial::Clock::time_point deadline) override;
 
   private:

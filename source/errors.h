@@ -1,6 +1,6 @@
 // The error of a value that has no place where it was to go: a byte outside 0..255, a text that is
-// no number, a sum that does not fit. It abandons the handler in which it is thrown; the window
-// loop reports it.
+// no number, a sum that does not fit. It abandons the handler in which it is thrown;
+// whoever runs the window's handlers reports it.
 #pragma once
 
 #include <cstdint>
