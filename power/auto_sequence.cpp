@@ -3,6 +3,8 @@
 #include "source/numbers.h"
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace zps {
 
@@ -22,8 +24,8 @@ bool IsDigit(QChar c) {
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
-}  // namespace
-
+// The step numbers of a text such as "03>07>"; none where it is not made of two digits and a ">"
+// each.
 std::optional<std::vector<int>> ReadSequence(const QString& text) {
     std::vector<int> steps;
     for (int at = 0; at + EntryLength <= text.size(); at += EntryLength) {
@@ -34,6 +36,8 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
     }
     return steps;
 }
+
+}  // namespace
 
 AutoSequence::AutoSequence(PowerParts& parts, StepEntry& entry) : Parts(parts), Entry(entry) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
@@ -101,9 +105,8 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
         return;
     }
     FrameBuilder builder(Parts.Source.PowerAddr);
-    builder.Command('B');
-    for (const int step : *steps) builder.Append({step});
-    Parts.Line.Send(builder.Append({EndOfSequence}).Finish(), ExpectAck);
+    builder.Command('B').Append(*steps).Append({EndOfSequence});
+    Parts.Line.Send(builder.Finish(), ExpectAck);
 }
 
 // No error of the entry: the click on a step that took the focus away goes on, since it is what
@@ -134,9 +137,9 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     const std::string text = FormatFixed(count, 0);
     field.setText(QString::fromStdString(text));
     if (field.hasFocus()) Parts.Source.OldText = text;
-    const Word word = SplitWord(RoundHalfEven(LeadingNumber(text)));
-    Parts.Line.Send(FrameBuilder(CountAddress).Command('F', {word.High, word.Low}).Finish(),
-                    ExpectAck);
+    FrameBuilder builder(CountAddress);
+    builder.Command('F').AppendWord(RoundHalfEven(LeadingNumber(text)));
+    Parts.Line.Send(builder.Finish(), ExpectAck);
 }
 
 }  // namespace zps

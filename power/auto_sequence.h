@@ -4,9 +4,6 @@
 #include "power/power_parts.h"
 #include "power/step_entry.h"
 
-#include <optional>
-#include <vector>
-
 namespace zps {
 
 class AutoSequence {
@@ -24,9 +21,5 @@ class AutoSequence {
     PowerParts& Parts;
     StepEntry& Entry;
 };
-
-// The step numbers of a sequence text such as "03>07>"; none where it is not made of two digits and
-// a ">" each.
-std::optional<std::vector<int>> ReadSequence(const QString& text);
 
 }  // namespace zps

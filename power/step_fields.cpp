@@ -33,7 +33,7 @@ std::string Seconds(SOURCE& /*source*/, double value) {
 
 void SendSetPoint(Transmitter& line, char letter, std::int32_t counts) {
     const Word word = SplitWord(counts);
-    line.SendCommand(letter, ToByte(word.High), ToByte(word.Low));
+    line.SendCommand(letter, word.High, word.Low);
 }
 
 void SendVolt(SOURCE& source, Transmitter& line, const std::string& text) {

@@ -5,7 +5,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <numeric>
+#include <string_view>
+#include <utility>
 
 namespace zps {
 
@@ -52,8 +55,17 @@ FrameBuilder& FrameBuilder::Command(char letter, std::initializer_list<int> data
 }
 
 FrameBuilder& FrameBuilder::Append(std::initializer_list<int> data) {
+    return Append(std::span(data.begin(), data.size()));
+}
+
+FrameBuilder& FrameBuilder::Append(std::span<const int> data) {
     for (const int value : data) Data.push_back(ToByte(value));
     return *this;
+}
+
+FrameBuilder& FrameBuilder::AppendWord(std::int32_t value) {
+    const Word word = SplitWord(value);
+    return Append({word.High, word.Low});
 }
 
 Frame FrameBuilder::Finish() {

@@ -6,10 +6,9 @@
 // The sum of a framed command is the low byte of the sum of everything before it.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <string_view>
+#include <span>
 #include <vector>
 
 namespace zps {
@@ -40,7 +39,10 @@ class FrameBuilder {
   public:
     explicit FrameBuilder(int address);
     FrameBuilder& Command(char letter, std::initializer_list<int> data = {});
+    // Data of the command begun last.
     FrameBuilder& Append(std::initializer_list<int> data);
+    FrameBuilder& Append(std::span<const int> data);
+    FrameBuilder& AppendWord(std::int32_t value);  // as SplitWord has it
     Frame Finish();
 
   private:

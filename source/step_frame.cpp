@@ -31,21 +31,20 @@ CutSeconds Cut(std::string_view text) {
             text.substr(0, rest)};
 }
 
-FrameBuilder& AppendWord(FrameBuilder& builder, std::int32_t value) {
-    const Word word = SplitWord(value);
-    return builder.Append({word.High, word.Low});
+// A slope time: milliseconds as 16 bits, hundredths of a millisecond.
+std::array<int, 3> SlopeBytes(std::string_view text) {
+    constexpr int MillisecondsPerSecond = 1000;
+    const CutSeconds cut = Cut(text);
+    const Word milliseconds = SplitWord(SetPointCounts(cut.ToMillisecond, MillisecondsPerSecond));
+    return {milliseconds.High, milliseconds.Low, StrictInteger(cut.Rest, 0, ByteLimit)};
 }
 
 FrameBuilder& AppendTime(FrameBuilder& builder, std::string_view text) {
-    builder.Command('T');
-    for (const int value : TimeBytes(text)) builder.Append({value});
-    return builder;
+    return builder.Command('T').Append(TimeBytes(text));
 }
 
 FrameBuilder& AppendSlope(FrameBuilder& builder, std::string_view text) {
-    builder.Command('D');
-    for (const int value : SlopeBytes(text)) builder.Append({value});
-    return builder;
+    return builder.Command('D').Append(SlopeBytes(text));
 }
 
 }  // namespace
@@ -62,16 +61,9 @@ std::array<int, 5> TimeBytes(std::string_view text) {
             StrictInteger(cut.Rest, 0, ByteLimit)};
 }
 
-std::array<int, 3> SlopeBytes(std::string_view text) {
-    constexpr int MillisecondsPerSecond = 1000;
-    const CutSeconds cut = Cut(text);
-    const Word milliseconds = SplitWord(SetPointCounts(cut.ToMillisecond, MillisecondsPerSecond));
-    return {milliseconds.High, milliseconds.Low, StrictInteger(cut.Rest, 0, ByteLimit)};
-}
-
 Frame OvpFrame(int address, std::string_view text, std::int32_t voltScale) {
     FrameBuilder builder(address);
-    return AppendWord(builder.Command('O'), SetPointCounts(text, voltScale)).Finish();
+    return builder.Command('O').AppendWord(SetPointCounts(text, voltScale)).Finish();
 }
 
 Frame SlopeFrame(int address, std::string_view text) {
@@ -92,11 +84,11 @@ Frame UploadFrame(int address, int step, const StepTexts& texts, std::int32_t vo
                   std::int32_t currScale) {
     FrameBuilder builder(address);
     builder.Command('S', {step});
-    AppendWord(builder.Command('V'), SetPointCounts(texts.Volt, voltScale));
-    AppendWord(builder.Command('C'), SetPointCounts(texts.Curr, currScale));
+    builder.Command('V').AppendWord(SetPointCounts(texts.Volt, voltScale));
+    builder.Command('C').AppendWord(SetPointCounts(texts.Curr, currScale));
     AppendTime(builder, texts.Time);
     AppendSlope(builder, texts.Slope);
-    AppendWord(builder.Command('O'), SetPointCounts(texts.Ovp, voltScale));
+    builder.Command('O').AppendWord(SetPointCounts(texts.Ovp, voltScale));
     return builder.Finish();
 }
 

@@ -20,9 +20,6 @@ std::int32_t SetPointCounts(std::string_view text, std::int32_t scale);
 // point throws OverflowError.
 std::array<int, 5> TimeBytes(std::string_view text);
 
-// A slope time in seconds: milliseconds as 16 bits, hundredths of a millisecond. As TimeBytes.
-std::array<int, 3> SlopeBytes(std::string_view text);
-
 // The single commands of the fields that are sent without padding.
 Frame OvpFrame(int address, std::string_view text, std::int32_t voltScale);
 Frame SlopeFrame(int address, std::string_view text);
