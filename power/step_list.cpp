@@ -1,6 +1,7 @@
 #include "power/step_list.h"
 
 #include "controls/colours.h"
+#include "power/step_list_layout.h"
 #include "source/numbers.h"
 
 #include <QApplication>
@@ -72,13 +73,11 @@ void StepList::ShowSteps(int top) {
 
 void StepList::FillFields(int first) {
     for (std::size_t row = 0; row < RowCount; ++row) {
-        const QString number = QString::fromStdString(FormatStep(Top + static_cast<int>(row)));
         for (const auto& column : Columns) {
             EntryField& field = *(Parts.Controls.*column.Fields)[row];
             const auto& texts = Parts.Source.*column.Texts;
             WriteField(field, texts.at(static_cast<std::size_t>(first) + row));
-            QString name = field.accessibleName();
-            field.setAccessibleName(name.replace(3, number.size(), number));
+            field.setAccessibleName(SpokenName(column.Fields, Top + static_cast<int>(row)));
         }
     }
     KeepOldTextOfFocus();

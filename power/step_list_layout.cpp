@@ -5,6 +5,7 @@
 
 #include <QGridLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace zps {
@@ -28,8 +29,8 @@ constexpr std::array Columns{
     Column{&PowerControls::txPOVP, "txPOVP", "O.V.P(V)", "과전압 보호 V", "218.0", "654.000"},
 };
 
-QString StepText(int row) {
-    return QString::fromStdString(FormatStep(row));
+QString StepText(int step) {
+    return QString::fromStdString(FormatStep(step));
 }
 
 QPushButton* MakeStepButton(int row) {
@@ -41,10 +42,8 @@ QPushButton* MakeStepButton(int row) {
 }
 
 EntryField* MakeField(const Column& column, int row, QWidget* parent) {
-    auto* field = new EntryField(
-        QStringLiteral("%1_%2").arg(QLatin1String(column.Name)).arg(row),
-        QStringLiteral("단계 %1 %2").arg(StepText(row), QString::fromUtf8(column.Quantity)),
-        parent);
+    auto* field = new EntryField(QStringLiteral("%1_%2").arg(QLatin1String(column.Name)).arg(row),
+                                 SpokenName(column.Fields, row), parent);
     field->setText(QString::fromUtf8(column.Start));
     field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     field->setMinimumWidth(WidthFor(*field, QString::fromUtf8(column.Widest)));
@@ -76,6 +75,12 @@ void MakeRow(PowerControls& controls, QGridLayout& grid, int row) {
 }
 
 }  // namespace
+
+QString SpokenName(std::array<EntryField*, RowCount> PowerControls::*column, int step) {
+    const auto* found = std::find_if(Columns.begin(), Columns.end(),
+                                     [column](const Column& one) { return one.Fields == column; });
+    return QStringLiteral("단계 %1 %2").arg(StepText(step), QString::fromUtf8(found->Quantity));
+}
 
 void MakeStepList(PowerControls& controls) {
     auto* frame = new StepListFrame;
