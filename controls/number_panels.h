@@ -24,7 +24,7 @@ class NumberPanels : public QFrame {
     // Bytes beyond the last panel are not shown; Grow makes room for them first.
     void ShowBytes(std::span<const std::uint8_t> bytes);
     void Grow(std::size_t count);
-    // Blanks the panels `first` to `last`.
+    // Blanks the panels `first` to `last`; std::out_of_range where there is none of that number.
     void Blank(int first, int last);
 
   private:

@@ -37,7 +37,9 @@ class ProbeChain {
     ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& loop, Handlers& handlers,
                ProbeEvents events);
 
-    std::int16_t FormAddr = 0;  // goes into the probes
+    std::int16_t FormAddr = 0;  // the window's address, which goes into the probes
+    // The window itself sets Loading and Idle, around the filling of its controls; the chain sets
+    // the others.
     std::int16_t ProbeStage = Loading;
 
     // Starts the chain after `delay`, whatever is in progress.
@@ -45,7 +47,8 @@ class ProbeChain {
     // The same as the window opens, when no stage has been entered yet.
     void StartLater(std::chrono::milliseconds delay);
 
-    // Single probes. Each ends the exchange in progress; a chain goes on after it.
+    // Single probes. Each ends the exchange in progress; a chain goes on after it. Both throw
+    // serial::PortError where the port is closed and OverflowError where FormAddr has no place.
     void ProbeEnq();
     void ProbeDle();
 
