@@ -16,54 +16,47 @@ bool Polled(SimulatedPanel& panel) {
     return WaitFor([&] { return !panel.Line().TakeReceived().empty(); }, 500ms);
 }
 
-void ExpectLocal(SimulatedPanel& panel) {
-    std::vector<Bytes> last;
-    ASSERT_TRUE(WaitFor([&] { return !(last = panel.Frames()).empty(); }));
-    EXPECT_EQ(last, (std::vector<Bytes>{{1, 17, 18}}));
-}
+class WayOut : public testing::TestWithParam<const char*> {};
 
-void ExpectEndQuestion(const ScriptedBoxes& boxes, std::size_t asked, MessageIcon icon) {
-    ASSERT_EQ(boxes.Shown.size(), asked);
-    EXPECT_EQ(boxes.Shown.back().Icon, icon);
-    EXPECT_EQ(boxes.LastText(), "프로그램을 종료합니다.");
-}
-
-TEST(ClosingTheMainWindow, AsksOnceAndReturnsTheSupplyToLocal) {
+TEST_P(WayOut, AsksOnceAndReturnsTheSupplyToLocal) {
+    const bool byMenu = GetParam() == std::string("Menu");
     SimulatedPanel panel;
     ASSERT_TRUE(panel.Open());
     panel.Choose("mnuHELP");
     panel.Click("cmdOUTPUT");
     ASSERT_TRUE(panel.Settle());
     panel.Frames();
-    EXPECT_FALSE(panel.Main().close());
-    ExpectEndQuestion(panel.Boxes, 1, MessageIcon::Question);
+    const auto leave = [&] {
+        byMenu ? panel.Choose("mnuPROGRAM_END") : void(panel.Main().close());
+    };
+    const auto expectAsked = [&](std::size_t times) {
+        ASSERT_EQ(panel.Boxes.Shown.size(), times);
+        EXPECT_EQ(panel.Boxes.Shown.back().Icon,
+                  byMenu ? MessageIcon::Information : MessageIcon::Question);
+        EXPECT_EQ(panel.Boxes.LastText(), "프로그램을 종료합니다.");
+    };
+    leave();
+    expectAsked(1);
     EXPECT_TRUE(panel.Main().isVisible() && panel.Main().isEnabled() && About());
     EXPECT_TRUE(panel.Frames().empty());
-    EXPECT_TRUE(Polled(panel));
+    EXPECT_EQ(Polled(panel), !byMenu);
     panel.Boxes.Answers = {Answer::Yes};
-    EXPECT_TRUE(panel.Main().close());
-    ExpectEndQuestion(panel.Boxes, 2, MessageIcon::Question);
-    EXPECT_EQ(About(), nullptr);
-    ExpectLocal(panel);
-    EXPECT_FALSE(Polled(panel));
+    if (byMenu) {
+        QTimer::singleShot(0, leave);
+        QTimer::singleShot(5s, [] { QApplication::exit(9); });
+        EXPECT_EQ(QApplication::exec(), 0);
+    } else {
+        leave();
+        EXPECT_FALSE(panel.Main().isVisible() || About());
+    }
+    expectAsked(2);
+    std::vector<Bytes> last;
+    ASSERT_TRUE(WaitFor([&] { return !(last = panel.Frames()).empty(); }));
+    EXPECT_EQ(last, (std::vector<Bytes>{{1, 17, 18}}));
+    EXPECT_TRUE(byMenu || !Polled(panel));
 }
 
-TEST(TheEndOfTheMenu, AsksOnceAndEndsTheProgram) {
-    SimulatedPanel panel;
-    ASSERT_TRUE(panel.Open());
-    panel.Click("cmdOUTPUT");
-    ASSERT_TRUE(panel.Settle());
-    panel.Choose("mnuPROGRAM_END");
-    ExpectEndQuestion(panel.Boxes, 1, MessageIcon::Information);
-    EXPECT_FALSE(Polled(panel));
-    panel.Frames();
-    panel.Boxes.Answers = {Answer::Yes};
-    QTimer::singleShot(0, [&] { panel.Choose("mnuPROGRAM_END"); });
-    QTimer::singleShot(5s, [] { QApplication::exit(9); });
-    EXPECT_EQ(QApplication::exec(), 0);
-    ExpectEndQuestion(panel.Boxes, 2, MessageIcon::Information);
-    ExpectLocal(panel);
-}
+INSTANTIATE_TEST_SUITE_P(By, WayOut, testing::Values("Menu", "Window"));
 
 }  // namespace
 }  // namespace zps::tests

@@ -49,23 +49,5 @@ TEST_F(Transmitting, WaitsWithItsEventsHeldForAnOutstandingReplyAndThenSweepsItA
     EXPECT_EQ(Line->WrittenData(), (std::vector<Bytes>{AutoOn, {1, 16, 17}}));
 }
 
-TEST_F(Transmitting, IsAnsweredByAllThatIsThereOnceEnoughHasComeOrTimeIsUp) {
-    Line->AnswerInPieces({{{1, 6}}, {{7}, 60ms}, {{9}, 80ms}, {{8}, 161ms}});
-    Sender.SendCommand('G', 1);
-    EXPECT_EQ(GatherReply(*Port, AckLength, serial::WaitMode::HoldEvents), (Bytes{1, 6, 7}));
-    EXPECT_EQ(Line->Waited(), 60ms);
-    EXPECT_EQ(GatherReply(*Port, AckLength, serial::WaitMode::RunEvents), Bytes{9});
-    EXPECT_EQ(Line->Waited(), 160ms);
-}
-
-TEST_F(Transmitting, FailsOnAClosedPortAsAFrameWithoutAReplyAndGoesOnAfterwards) {
-    Port->SetPortOpen(false);
-    EXPECT_THROW(Sender.SendCommand('G', 1), serial::PortError);
-    Port->SetPortOpen(true);
-    Sender.TransmitFrame();
-    EXPECT_EQ(Line->Waited(), 100ms);
-    EXPECT_EQ(Line->WrittenData(), std::vector<Bytes>{AutoOn});
-}
-
 }  // namespace
 }  // namespace zps
