@@ -92,6 +92,15 @@ TEST(RealPointer, IsFreeAfterThePanelWasKilled) {
     EXPECT_TRUE(WaitFor([] { return Reach() == Screen; }));
 }
 
+TEST(RealWindows, StartWithTheSettingsInTheMiddleOfTheMainWindow) {
+    RealPanel panel;
+    ASSERT_TRUE(panel.Identify());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(panel.Run.Settings()));
+    const auto centre = [](const QWidget& window) { return window.frameGeometry().center(); };
+    const QPoint apart = centre(*panel.Run.Settings()) - centre(panel.Main());
+    EXPECT_LE(apart.manhattanLength(), 40);
+}
+
 // A panel with a locked row, for the test to kill: tells where its frame is.
 int Hold() {
     RealPanel panel;
