@@ -1,7 +1,6 @@
 #include "app/program.h"
+#include "app/real_surroundings.h"
 #include "controls/error_texts.h"
-#include "platform/qt_event_loop.h"
-#include "serial/asio_port.h"
 
 #include <QApplication>
 
@@ -9,16 +8,12 @@ int main(int /*argc*/, char** argv) {
     int wordsTaken = 1;  // the panel takes no command line
     QApplication application(wordsTaken, argv);
     zps::DressApplication();
-    zps::platform::QtEventLoop loop;
-    zps::serial::AsioPortMaker ports(loop);
-    zps::ToolkitMessageBoxes boxes;
-    const auto pointer = zps::platform::MakePointerConfinement();
-    zps::platform::SystemWebBrowser browser;
-    zps::Program program({ports, loop, boxes, *pointer, browser});
+    zps::RealSurroundings machine;
+    zps::Program program(machine.All());
     try {
         program.StartUp();
     } catch (const zps::serial::PortError& error) {
-        boxes.Show(nullptr, zps::MessageOf(error));
+        machine.Boxes.Show(nullptr, zps::MessageOf(error));
         return 1;
     }
     return QApplication::exec();

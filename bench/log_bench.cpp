@@ -1,7 +1,7 @@
 // How long the measurement log takes for a sample, for a jump and for a picture, and what it holds.
+#include "bench/application.h"
 #include "power/log/measurement_log.h"
 
-#include <QApplication>
 #include <QScrollBar>
 
 #include <benchmark/benchmark.h>
@@ -13,16 +13,6 @@ namespace zps::bench {
 namespace {
 
 constexpr int Most = 10'000'000;
-
-// Widgets need an application, also where the benchmarks are started without a display.
-void NeedApplication() {
-    static int count = 1;
-    static char name[] = "zps_bench";
-    static char* names[] = {name, nullptr};
-    if (QCoreApplication::instance() != nullptr) return;
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const QApplication application(count, names);
-}
 
 Sample SampleAt(std::uint32_t k) {
     return {12.0F + static_cast<float>(k % 100) / 1000, 0.1F, k * 16, 3, 3, 4};
@@ -55,7 +45,7 @@ struct FilledLog {
 
 // Each log is filled once: ten million samples take seconds to come.
 FilledLog& LogWith(std::int64_t rows) {
-    NeedApplication();
+    Application();
     static std::map<std::int64_t, std::unique_ptr<FilledLog>> logs;
     auto& log = logs[rows];
     if (!log) log = std::make_unique<FilledLog>(rows);
@@ -102,7 +92,7 @@ BENCHMARK(AppendAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
 
 // A jump from one end of the grid to the other, and its picture.
 void JumpAndPaint(benchmark::State& state) {
-    NeedApplication();
+    Application();
     FilledLog filled(state.range(0));
     while (state.KeepRunning()) {
         filled.JumpToTheOtherEnd();

@@ -1,14 +1,11 @@
 // What the panel costs while it polls: its share of a core, and the longest time for which the
 // window thread was not free for the operator.
 #include "app/program.h"
-#include "platform/pointer_confinement.h"
-#include "platform/qt_event_loop.h"
-#include "platform/web_browser.h"
+#include "app/real_surroundings.h"
+#include "bench/application.h"
 #include "power/log/measurement_log.h"
-#include "serial/asio_port.h"
 #include "simulator/line.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -16,12 +13,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <chrono>
 #include <ctime>
 
-namespace zps {
-
+namespace zps::bench {
 namespace {
 
 using namespace std::chrono_literals;
@@ -34,44 +29,21 @@ double ThreadSeconds() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-// Notes the longest time that one event has kept the window thread.
-class TimedApplication : public QApplication {
-  public:
-    using QApplication::QApplication;
-
-    bool notify(QObject* receiver, QEvent* event) override {
-        if (Depth++ == 0) Began = Clock::now();
-        const bool done = QApplication::notify(receiver, event);
-        if (--Depth == 0) Longest = std::max(Longest, Clock::now() - Began);
-        return done;
-    }
-    Clock::duration Longest{0};
-
-  private:
-    int Depth = 0;
-    Clock::time_point Began;
-};
-
 template <class Done>
 void RunUntil(serial::EventLoop& loop, std::chrono::seconds limit, Done done) {
     loop.RunUntil(done, Clock::now() + limit);
 }
 
 void PollingForTenSeconds(benchmark::State& state) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir links;
     qputenv("XDG_RUNTIME_DIR", links.path().toUtf8());
-    int words = 0;
-    TimedApplication application(words, nullptr);
+    TimedApplication& application = Application();
     QApplication::setQuitOnLastWindowClosed(false);
     simulator::Line line(std::vector<simulator::SupplyOptions>(1));
     const simulator::PortLink link(1, line.DeviceName());
-    platform::QtEventLoop loop;
-    serial::AsioPortMaker ports(loop);
-    ToolkitMessageBoxes boxes;
-    const auto pointer = platform::MakePointerConfinement();
-    platform::SystemWebBrowser browser;
-    Program program({ports, loop, boxes, *pointer, browser});
+    RealSurroundings machine;
+    serial::EventLoop& loop = machine.Loop;
+    Program program(machine.All());
     program.StartUp();
     RunUntil(loop, 10s, [&] { return program.Shared().RatingsKnown(); });
     program.Settings()->close();
@@ -101,5 +73,4 @@ void PollingForTenSeconds(benchmark::State& state) {
 BENCHMARK(PollingForTenSeconds)->Iterations(1)->Unit(benchmark::kSecond);
 
 }  // namespace
-
-}  // namespace zps
+}  // namespace zps::bench

@@ -1,7 +1,6 @@
 // The guided session: a day's work with the panel, on a supply of 150 V and 10 A that is simulated
 // on a real serial line. Exit code 0 only if everything came out.
-#include "platform/qt_event_loop.h"
-#include "serial/asio_port.h"
+#include "app/real_surroundings.h"
 #include "test/test.h"
 #include "tour/guide.h"
 
@@ -147,12 +146,8 @@ int main(int argc, char** argv) {
     const zps::simulator::PortLink link(1, line.DeviceName());
     std::cout << "a simulated supply of 150 V and 10 A answers on " << line.DeviceName()
               << std::endl;
-    zps::platform::QtEventLoop loop;
-    zps::serial::AsioPortMaker ports(loop);
-    zps::ToolkitMessageBoxes boxes;
-    const auto pointer = zps::platform::MakePointerConfinement();
-    zps::platform::SystemWebBrowser browser;
-    zps::Program program({ports, loop, boxes, *pointer, browser});
+    zps::RealSurroundings machine;
+    zps::Program program(machine.All());
     Guide guide(program, QStringLiteral("out/tour"));
     Connect(program, guide);
     ProgramSteps(program, guide, line);
