@@ -2,7 +2,6 @@
 
 #include <QPalette>
 
-#include <array>
 #include <cmath>
 
 namespace zps {

@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QFrame>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>

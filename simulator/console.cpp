@@ -3,7 +3,6 @@
 #include "simulator/options.h"
 
 #include <array>
-#include <iomanip>
 #include <sstream>
 #include <vector>
 

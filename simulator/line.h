@@ -6,7 +6,6 @@
 #include "simulator/faults.h"
 #include "simulator/supply.h"
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>

@@ -31,14 +31,15 @@ bool IsRating(double value) {
     return value > 0 && value <= MaxRating;
 }
 
-}  // namespace
-
+// Wire counts per volt or ampere of a supply whose rating is `rated`.
 int ScaleOf(double rated) {
     if (rated <= 2) return 10000;
     if (rated <= 20) return 1000;
     if (rated <= 200) return 100;
     return 10;
 }
+
+}  // namespace
 
 Supply::Supply(const SupplyOptions& options) {
     CheckRange(options.Address >= 0 && options.Address <= 255, "an address is 0 to 255");

@@ -21,9 +21,6 @@ inline constexpr int AutoRunEnded = 16;
 // The share of its rating up to which a supply can be driven, and its over-voltage limit at start.
 inline constexpr double HeadroomShare = 1.09;
 
-// Wire counts per volt or ampere of a supply whose rating is `rated`.
-int ScaleOf(double rated);
-
 struct SupplyOptions {
     int Address = 1;     // 0 to 255
     double Volts = 150;  // ratings, above 0 and up to 6000
