@@ -3,6 +3,7 @@
 #include "tests/power/step_panel.h"
 
 #include <QProcess>
+#include <QScrollArea>
 
 #include <cstdio>
 
@@ -22,12 +23,15 @@ QPoint MoveTo(const QPoint& place) {
     return {lines.value(0).section('=', 1).toInt(), lines.value(1).section('=', 1).toInt()};
 }
 
+// The display's pixels for one of the toolkit's.
+const int Scale = std::max(1, qEnvironmentVariableIntValue("QT_SCALE_FACTOR"));
+const QRect Screen({3, 3}, QPoint(1200, 1000) * Scale);
+
 // The corners that the pointer reaches.
 QRect Reach() {
-    const QPoint first = MoveTo({3, 3});
-    return {first, MoveTo({1200, 1000})};
+    const QPoint first = MoveTo(Screen.topLeft());
+    return {first, MoveTo(Screen.bottomRight())};
 }
-const QRect Screen({3, 3}, QPoint(1200, 1000));
 
 struct RealPanel : StepPanel {
     RealPanel() {
@@ -41,12 +45,20 @@ struct RealPanel : StepPanel {
             ToolkitMessageBoxes().Show(&Main(), message);
         };
     }
+    // At a place that is a whole one also in the toolkit's pixels, and smaller than its contents.
+    bool Open() {
+        const QRect place(20, 40, 900, 700);
+        if (!StepPanel::Open()) return false;
+        Main().setGeometry(place);
+        return WaitFor([&] { return Main().geometry() == place; });
+    }
     QRect Frame() {
         const auto& frame = Get<QFrame>("fraSTEPLIST");
-        return {frame.mapToGlobal(QPoint(0, 0)), frame.size()};
+        return {(frame.mapToGlobal(QPointF(0, 0)) * Scale).toPoint(), frame.size() * Scale};
     }
     void Press(int row) {
-        MoveTo(Button(row).mapToGlobal(Button(row).rect().center()));
+        MoveTo(Button(row).mapToGlobal(Button(row).rect().center()) * Scale);
+        EXPECT_TRUE(WaitFor([&] { return Button(row).underMouse(); }));
         Xdotool({"mousedown", "1"});
         EXPECT_TRUE(WaitFor([&] { return Button(row).isDown(); }));
         Xdotool({"mouseup", "1"});
@@ -61,6 +73,21 @@ TEST(RealPointer, StaysWithTheEditedRowAndLeavesNoButtonDownBehindABox) {
     EXPECT_EQ(Reach(), Screen);
     panel.Type("txPVOLT_0", "151");
     EXPECT_EQ(Reach(), panel.Frame());
+    auto& bar = *panel.Main().findChild<QScrollArea*>()->verticalScrollBar();
+    const std::function<void()> shifts[]{[&] { panel.Main().move(60, 70); },
+                                         [&] { bar.setValue(bar.value() == 0 ? 20 : 0); }};
+    for (const auto& shift : shifts) {
+        const QRect before = panel.Frame();
+        shift();
+        EXPECT_TRUE(WaitFor([&] { return panel.Frame() != before && Reach() == panel.Frame(); }));
+    }
+    Xdotool({"key", "alt+d"});
+    ASSERT_TRUE(WaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    EXPECT_EQ(Reach(), Screen);
+    Xdotool({"key", "Escape"});
+    EXPECT_TRUE(WaitFor([&] { return Reach() == panel.Frame(); }));
+    Xdotool({"key", "Escape"});  // out of the menu bar
+    ASSERT_TRUE(WaitFor([&] { return field.hasFocus(); }));
     panel.Press(0);
     ASSERT_TRUE(WaitFor([&] { return field.hasFocus(); }));
     EXPECT_EQ(panel.Boxes.Shown.size(), 1U);

@@ -54,8 +54,10 @@ TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
     panel.Run.Settings()->close();
     EXPECT_FALSE(panel.Source().RatingsKnown());
     EXPECT_TRUE(StaysQuiet(panel.Line()));
+    panel.Source().StepFlag.fill(true);
     panel.Choose("mnuSET_MANU");
     EXPECT_TRUE(WaitFor([&] { return panel.Source().RatingsKnown(); }));
+    EXPECT_FALSE(panel.Source().StepFlag[0]);
 }
 
 TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {
