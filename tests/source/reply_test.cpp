@@ -16,7 +16,7 @@ TEST(Acknowledgement, HasItsOutcomeWhichDependsOnTheCheckByteForHighAddressesOnl
     EXPECT_EQ(judge(1, {}), std::pair(None, None));
     EXPECT_EQ(judge(1, {1, 6, 7}), std::pair(Ack, Ack));
     EXPECT_EQ(judge(1, {1, 0x15, 0x16}), std::pair(Nak, Nak));
-    for (const Bytes& bad : {Bytes{1, 6, 8}, {1, 7, 8}, {2, 6, 8}, {1, 6}, {1, 6, 7, 1}})
+    for (const Bytes& bad : {Bytes{1, 6, 8}, {1, 7, 8}, {2, 6, 7}, {1, 6}, {1, 6, 7, 1}})
         EXPECT_EQ(judge(1, bad), std::pair(BadAck, BadAck)) << testing::PrintToString(bad);
     EXPECT_EQ(judge(250, {250, 6, 0}), std::pair(BadAck, Ack));
     EXPECT_EQ(judge(235, {235, 21, 0}), std::pair(BadAck, Nak));
