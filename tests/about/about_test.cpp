@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
 #include <utility>
 
 namespace zps::tests {
@@ -79,17 +78,8 @@ struct StepPanel : SimulatedPanel {
     static QString Name(int row) { return QString("txPSTEP_%1").arg(row); }
 };
 
-// A frame for address 1 with this between its length and its end.
-inline Bytes Framed(Bytes commands) {
-    Bytes frame{1, 2, static_cast<std::uint8_t>(commands.size())};
-    frame.insert(frame.end(), commands.begin(), commands.end());
-    frame.push_back(3);
-    frame.push_back(static_cast<std::uint8_t>(std::accumulate(frame.begin(), frame.end(), 0)));
-    return frame;
-}
-
 inline std::vector<Bytes> Only(const Bytes& commands) {
-    return {Framed(commands)};
+    return {Framed(1, commands)};
 }
 
 class StepTest : public testing::Test, public StepPanel {

@@ -3,6 +3,7 @@
 
 #include "tests/serial/pseudo_terminal.h"
 #include "tests/support/plain_event_loop.h"
+#include "tests/support/runtime_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +29,6 @@ using serial::WaitMode;
 class AsioPort : public testing::Test {
   protected:
     AsioPort() {
-        setenv("XDG_RUNTIME_DIR", Folder.Name.c_str(), 1);
         fs::create_directory(Link.parent_path());
         fs::permissions(Link.parent_path(), fs::perms::owner_all);
         PointTo(Far->Name());
@@ -53,7 +53,7 @@ class AsioPort : public testing::Test {
         return all;
     }
 
-    const TemporaryFolder Folder;
+    const RuntimeFolder Folder;
     const fs::path Link = Folder.Path() / "zps-rs232" / "COM1";
     std::unique_ptr<PseudoTerminal> Far = std::make_unique<PseudoTerminal>();
     PlainEventLoop Loop;

@@ -1,5 +1,5 @@
 #include "serial/device_linux.h"
-#include "tests/serial/pseudo_terminal.h"
+#include "tests/support/runtime_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ class DeviceMapping : public testing::Test {
     std::string DeviceOf(int number) const { return serial::DevicePath(number, Roots); }
     std::string Named(const std::string& name) const { return Roots.Devices / name; }
 
-    TemporaryFolder Folder;
+    RuntimeFolder Folder;
     serial::DeviceRoots Roots{Folder.Path() / "dev", Folder.Path() / "tty",
                               Folder.Path() / "links"};
 };

@@ -1,12 +1,11 @@
-// The far end of a serial line, and a folder of the test's own.
+// The far end of a serial line.
 #pragma once
 
-#include "tests/support/scripted_port.h"
+#include "tests/support/frames.h"
 
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-#include <filesystem>
 #include <poll.h>
 #include <stdlib.h>
 #include <string>
@@ -42,16 +41,6 @@ class PseudoTerminal {
 
   private:
     int Master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-};
-
-struct TemporaryFolder {
-    TemporaryFolder() { EXPECT_NE(mkdtemp(Name.data()), nullptr); }
-    ~TemporaryFolder() { std::filesystem::remove_all(Name); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    std::filesystem::path Path() const { return Name; }
-
-    std::string Name = std::filesystem::temp_directory_path() / "zps-test-XXXXXX";
 };
 
 }  // namespace zps::tests

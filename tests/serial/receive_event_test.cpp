@@ -94,17 +94,5 @@ TEST_F(ReceiveEventRule, ClosingInsideTheHandlerForgetsWhatWasKept) {
     EXPECT_EQ(Raised, 2);
 }
 
-TEST_F(ReceiveEventRule, APortMayBeDestroyedInItsHandlersOwnWait) {
-    Port->OnReceive(EventKind::Input, [this] {
-        ++Raised;
-        Loop.Post([this] { Port.reset(); });
-        EXPECT_FALSE(Port->WaitForInput(3, 100ms, WaitMode::RunEvents));
-        EXPECT_EQ(Port, nullptr);
-    });
-    Line->Arrive({1});
-    Loop.RunPosted();
-    EXPECT_EQ(Raised, 1);
-}
-
 }  // namespace
 }  // namespace zps::tests

@@ -22,15 +22,10 @@ inline const Bytes Nak{1, 21, 22};
 inline std::uint8_t Low(int value) {
     return static_cast<std::uint8_t>(value & 0xFF);
 }
-inline Bytes Control(int address, int code) {
-    return {Low(address), Low(code), Low(address + code)};
-}
 // The four frames that identify and initialise the supply at `address`.
 inline std::vector<Bytes> ChainOf(int address) {
-    Bytes init{0,  2,   19, 27, 'A', 0,   27, 'W', 0, 27, 'G', 0,
-               27, 'X', 0,  27, 'B', 255, 27, 'F', 0, 0,  3,   Low(120 + address)};
-    init[0] = Low(address);
-    return {Control(address, 5), Control(address, 19), std::move(init), Control(address, 16)};
+    const Bytes init{27, 'A', 0, 27, 'W', 0, 27, 'G', 0, 27, 'X', 0, 27, 'B', 255, 27, 'F', 0, 0};
+    return {Control(address, 5), Control(address, 19), Framed(address, init), Control(address, 16)};
 }
 
 inline Bytes RatingsReply(int tenthsOfVolt, int tenthsOfAmpere) {

@@ -1,36 +1,17 @@
-// Frames as the panel sends them, and a supply on a bench with a clock of the test's own.
+// A supply on a bench with a clock of the test's own.
 #pragma once
 
 #include "simulator/supply.h"
-
-#include <initializer_list>
+#include "tests/support/frames.h"
 
 namespace zps::simulator::tests {
 
 using namespace std::chrono_literals;
 
-inline Bytes Summed(Bytes bytes) {
-    bytes.push_back(SumOf(bytes));
-    return bytes;
-}
-
-inline Bytes Control(std::uint8_t address, std::uint8_t code) {
-    return Summed({address, code});
-}
-
-// A frame around `payload`, which begins with the first ESC.
-inline Bytes Framed(std::uint8_t address, const Bytes& payload) {
-    Bytes frame{address, Stx, static_cast<std::uint8_t>(payload.size())};
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    frame.push_back(Etx);
-    return Summed(frame);
-}
-
-inline Bytes Joined(std::initializer_list<Bytes> parts) {
-    Bytes all;
-    for (const Bytes& part : parts) all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
+using zps::tests::Control;
+using zps::tests::Framed;
+using zps::tests::Joined;
+using zps::tests::Summed;
 
 class Bench {
   public:

@@ -3,11 +3,11 @@
 #include "simulator/console.h"
 #include "simulator/options.h"
 #include "tests/simulator/bench.h"
+#include "tests/support/runtime_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
@@ -68,9 +68,11 @@ TEST(Line, CarriesEveryByteBothWaysUnchangedInLineTime) {
     EXPECT_EQ(panel.Ask(Joined({Probe, Control(1, Dc3)}), 6), Joined({Acknowledged, Acknowledged}));
     EXPECT_GE(Clock::now() - sent, LineTime(9));
     // Ten, thirteen, seventeen, nineteen and 127 mean something to a terminal that is not raw.
-    const Bytes step = Framed(1, {Esc, 'S', 10, Esc, 'T', 0, 17, 0, 19, 13, Esc, 'V', 127, 3});
+    const Bytes step =
+        Framed(1, {Esc, 'S', 10, Esc, 'T', 0, 17, 0, 19, 13, Esc, 'V', 127, 3, Esc, 'C', 27, 27});
     EXPECT_EQ(panel.Ask(step), Acknowledged);
     EXPECT_EQ(line.StateOf(1).Steps[10].TimeRaw, (std::array<std::uint8_t, 5>{0, 17, 0, 19, 13}));
+    EXPECT_EQ(line.StateOf(1).Steps[10].CurrRaw, 0x1B1B);
     EXPECT_EQ(panel.Ask(Control(1, Dle), 14),
               Summed({1, 2, 9, 0xC0, 0, 0x05, 0xDC, 0x06, 0x63, 0x00, 0x64, 10, 3}));
     panel.Send(Control(9, Enq));
@@ -137,20 +139,12 @@ TEST(ReplyFaults, LoseChangeDivideDoubleAndDelayAReply) {
     EXPECT_EQ(pieces[1].LeavesAt, due + 80ms);
 }
 
-// The link folder is made in a runtime directory of the test's own.
 struct Links : testing::Test {
-    Links() {
-        Runtime += std::to_string(getpid());
-        fs::create_directory(Runtime);
-        setenv("XDG_RUNTIME_DIR", Runtime.c_str(), 1);
-    }
-    ~Links() override { fs::remove_all(Runtime); }
-
-    fs::path Runtime = fs::temp_directory_path() / "zps-links-";
+    zps::tests::RuntimeFolder Runtime;
 };
 
 TEST_F(Links, PointToTheirDeviceAndGoAtTheEndInAFolderForTheUserAlone) {
-    const fs::path folder = Runtime / "zps-rs232";
+    const fs::path folder = Runtime.Path() / "zps-rs232";
     const fs::path com2 = folder / "COM2";
     {
         PortLink link(2, "/dev/pts/77");

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 namespace zps::simulator::tests {
 namespace {
 
@@ -46,31 +44,6 @@ TEST(Supply, RefusesFramesWithABadCommandAndSetCommandsInLocalAndChangesNothing)
         EXPECT_FALSE(bench.Accepts(command));
     EXPECT_EQ(bench.Ask(Dle).at(StatusAt), 0);
     EXPECT_EQ(bench.After(0s).SelectedStep, 0);
-}
-
-TEST(Supply, ReadsCommandsByTheirCountsWhateverTheirDataLooksLike) {
-    Bench bench;
-    EXPECT_TRUE(bench.Accepts({'S', 3, Esc, 'V', 27,  27, Esc, 'C', 27,  65,  Esc, 'T', 0, 27,
-                               0,   3, 27,  Esc, 'D', 27, 3,   3,   Esc, 'O', 3,   27,  0, 0}));
-    const StepValues& step = bench.After(0s).Steps[3];
-    EXPECT_EQ(std::tuple(step.VoltRaw, step.CurrRaw, step.OvpRaw), std::tuple(6939, 6977, 795));
-    EXPECT_EQ(step.StepTime, 27'003'270us);
-    EXPECT_EQ(step.Slope, 6'915'030us);
-    EXPECT_TRUE(bench.Accepts({'B', 27, 66, 3, 255}));
-    EXPECT_EQ(bench.After(0s).Sequence, (Bytes{27, 66, 3}));
-}
-
-TEST(Supply, TellsItsRatingsWhileTheOutputIsOffAndItsReadingsWhileItIsOn) {
-    Bench small({.Address = 7, .Volts = 20, .Amps = 5});
-    EXPECT_TRUE(small.Accepts({'S', 4, Esc, 'O', 0x27, 0x10}));
-    EXPECT_EQ(small.Ask(Dle), Summed({7, 2, 9, 0xC0, 0, 0, 200, 0, 100, 0, 50, 4, 3}));
-    Bench bench({.LoadOhms = 121});
-    EXPECT_TRUE(bench.Accepts({'S', 3, Esc, 'V', 0x04, 0xBA, Esc, 'A', 1}));  // 12.1 V
-    EXPECT_EQ(bench.Ask(Dle), Summed({1, 2, 9, 0xC4, 0, 0x00, 0x2F, 0x44, 0x00, 0x03, 0xE8, 3, 3}));
-    EXPECT_TRUE(bench.Accepts({'C', 0x01, 0xF4}));  // 0.5 A
-    bench.Tested.SetLoad(10, bench.Now);
-    EXPECT_EQ(bench.Ask(Dle).at(StatusAt), 0xC4 | 16);
-    EXPECT_DOUBLE_EQ(bench.After(0s).Out.Volts, 5);
 }
 
 struct TripCase {

@@ -43,14 +43,6 @@ bool Panel::WaitForDataResult(const QString& caption, std::chrono::milliseconds 
     return WaitFor([&] { return label.text() == caption; }, limit);
 }
 
-OwnRuntimeFolder::OwnRuntimeFolder() : Before(qgetenv("XDG_RUNTIME_DIR")) {
-    qputenv("XDG_RUNTIME_DIR", Folder.path().toUtf8());
-}
-
-OwnRuntimeFolder::~OwnRuntimeFolder() {
-    qputenv("XDG_RUNTIME_DIR", Before);
-}
-
 SimulatedParts::SimulatedParts(std::vector<simulator::SupplyOptions> supplies)
     : Line(std::move(supplies)), Link(1, Line.DeviceName()), Ports(Loop) {}
 

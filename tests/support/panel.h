@@ -7,10 +7,10 @@
 #include "platform/web_browser.h"
 #include "serial/asio_port.h"
 #include "simulator/line.h"
+#include "tests/support/runtime_folder.h"
 #include "tests/support/scripted_port.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <deque>
@@ -129,20 +129,9 @@ class Panel {
     }
 };
 
-// A folder of its own for the links COMn, so that tests don't meet each other's or a person's.
-class OwnRuntimeFolder {
-  public:
-    OwnRuntimeFolder();
-    ~OwnRuntimeFolder();
-
-  private:
-    QTemporaryDir Folder;
-    QByteArray Before;
-};
-
 struct SimulatedParts {
     explicit SimulatedParts(std::vector<simulator::SupplyOptions> supplies);
-    OwnRuntimeFolder Folder;
+    RuntimeFolder Folder;
     simulator::Line Line;
     simulator::PortLink Link;
     platform::QtEventLoop Loop;

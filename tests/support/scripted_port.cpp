@@ -86,7 +86,6 @@ void ScriptedPort::SetPortOpen(bool open) {
     OpenNumber = Number;
     Line->Open = this;
     Line->OnTheWay.clear();
-    ++Line->OpenCount;
     Event.Start();
 }
 
@@ -155,14 +154,6 @@ void ScriptedLine::Arrive(const Bytes& bytes) {
     if (Open && !bytes.empty()) Open->Receive(bytes);
 }
 
-void ScriptedLine::Refuse(int number, std::errc reason) {
-    Refused[number] = reason;
-}
-
-void ScriptedLine::Allow(int number) {
-    Refused.erase(number);
-}
-
 std::vector<Bytes> ScriptedLine::WrittenData() const {
     std::vector<Bytes> data;
     std::ranges::transform(Blocks, std::back_inserter(data), &WrittenBlock::Data);
@@ -182,28 +173,21 @@ void ScriptedLine::Take(const ScriptedPort& from, Bytes block) {
         pieces.push_back({Script(block)});
     }
     Blocks.push_back({from.Maker, from.OpenNumber, std::move(block)});
-    for (auto& piece : pieces) {
-        const auto due = Now + piece.After;
-        const auto later = std::ranges::upper_bound(OnTheWay, due, {}, &Arrival::Due);
-        OnTheWay.insert(later, {due, std::move(piece.Data)});
-    }
+    for (auto& piece : pieces) OnTheWay.emplace(Now + piece.After, std::move(piece.Data));
     DeliverDue();
 }
 
 void ScriptedLine::DeliverDue() {
-    while (!OnTheWay.empty() && OnTheWay.front().Due <= Now) {
-        const auto arrival = std::move(OnTheWay.front());
-        OnTheWay.pop_front();
-        Arrive(arrival.Data);
-    }
+    while (!OnTheWay.empty() && OnTheWay.begin()->first <= Now)
+        Arrive(OnTheWay.extract(OnTheWay.begin()).mapped());
 }
 
 bool ScriptedLine::Advance(milliseconds limit) {
-    if (OnTheWay.empty() || OnTheWay.front().Due > limit) {
+    if (OnTheWay.empty() || OnTheWay.begin()->first > limit) {
         Now = std::max(Now, limit);
         return false;
     }
-    Now = std::max(Now, OnTheWay.front().Due);
+    Now = std::max(Now, OnTheWay.begin()->first);
     DeliverDue();
     return true;
 }

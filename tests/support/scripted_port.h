@@ -13,6 +13,7 @@
 
 #include "serial/event_loop.h"
 #include "serial/port.h"
+#include "tests/support/frames.h"
 
 #include <chrono>
 #include <cstddef>
@@ -26,8 +27,6 @@
 #include <vector>
 
 namespace zps::tests {
-
-using Bytes = std::vector<std::uint8_t>;
 
 // A piece of an answer, and how long after the block it arrives (in the line's own time). A piece
 // with a delay of 0 is in the buffer when Output returns.
@@ -57,9 +56,8 @@ class ScriptedLine {
     // Bytes nobody asked for. Lost while no port is open.
     void Arrive(const Bytes& bytes);
 
-    // Opening port `number` throws PortError with `reason` from now on, or no longer does.
-    void Refuse(int number, std::errc reason);
-    void Allow(int number);
+    // Opening port `number` throws PortError with `reason` from now on.
+    void Refuse(int number, std::errc reason) { Refused[number] = reason; }
 
     const std::vector<WrittenBlock>& Written() const { return Blocks; }
     // The same without who wrote them.
@@ -68,7 +66,6 @@ class ScriptedLine {
 
     // The port that is open: 1 for the first one made, 0 if none is.
     int OpenMaker() const;
-    int Openings() const { return OpenCount; }
     // What stands before the number in the name of a device.
     std::string Folder = "scripted/COM";
     // The time that waits and pauses have taken since the line was made.
@@ -77,10 +74,6 @@ class ScriptedLine {
   private:
     friend class ScriptedPort;
     friend class ScriptedPortMaker;
-    struct Arrival {
-        std::chrono::milliseconds Due;
-        Bytes Data;
-    };
 
     void Take(const ScriptedPort& from, Bytes block);
     void DeliverDue();
@@ -92,11 +85,10 @@ class ScriptedLine {
     std::function<Bytes(const Bytes&)> Script;
     std::map<int, std::errc> Refused;
     std::vector<WrittenBlock> Blocks;
-    std::deque<Arrival> OnTheWay;
+    std::multimap<std::chrono::milliseconds, Bytes> OnTheWay;  // by when they are due
     std::chrono::milliseconds Now{0};
     ScriptedPort* Open = nullptr;
     int Made = 0;
-    int OpenCount = 0;
 };
 
 // Hands out ports on `line`. DeviceOf(n) is `Folder`n, or empty where n is refused.
