@@ -1,9 +1,9 @@
 // The real port, over a pseudo-terminal.
 #include "serial/asio_port.h"
 
-#include "tests/serial/pseudo_terminal.h"
 #include "tests/support/plain_event_loop.h"
 #include "tests/support/runtime_folder.h"
+#include "tests/support/terminal.h"
 
 #include <gtest/gtest.h>
 

@@ -4,13 +4,13 @@
 #include "simulator/options.h"
 #include "tests/simulator/bench.h"
 #include "tests/support/runtime_folder.h"
+#include "tests/support/terminal.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
-#include <poll.h>
 #include <stdexcept>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -21,40 +21,22 @@ namespace {
 namespace fs = std::filesystem;
 
 // The panel's side of a line.
-class Opened {
-  public:
-    // The line ends the exclusive use of a panel that has gone on a thread of its own.
-    explicit Opened(const std::string& device) {
-        const Time limit = Clock::now() + 5s;
-        do Handle = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
-        while (Handle < 0 && errno == EBUSY && Clock::now() < limit);
-        EXPECT_GE(Handle, 0) << device;
-    }
-    ~Opened() { close(Handle); }
-    Opened(const Opened&) = delete;
-    Opened& operator=(const Opened&) = delete;
-
-    void Send(const Bytes& bytes) const {
-        EXPECT_EQ(write(Handle, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    }
-    // What comes until there are `count` bytes, for 5 s at most.
-    Bytes Receive(std::size_t count) const {
-        Bytes bytes;
-        std::uint8_t byte = 0;
-        while (bytes.size() < count && HasInput(5000) && read(Handle, &byte, 1) == 1)
-            bytes.push_back(byte);
-        return bytes;
-    }
-    bool HasInput(int limit) const {
-        pollfd state{Handle, POLLIN, 0};
-        return poll(&state, 1, limit) > 0;
-    }
+struct Opened : zps::tests::Terminal {
+    explicit Opened(const std::string& device) : Terminal(Open(device)) {}
     Bytes Ask(const Bytes& frame, std::size_t count = 3) const {
-        Send(frame);
-        return Receive(count);
+        Write(frame);
+        return Read(count);
     }
 
-    int Handle = -1;
+  private:
+    // The line ends the exclusive use of a panel that has gone on a thread of its own.
+    static int Open(const std::string& device) {
+        const Time limit = Clock::now() + 5s;
+        int handle = -1;
+        do handle = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+        while (handle < 0 && errno == EBUSY && Clock::now() < limit);
+        return handle;
+    }
 };
 
 const Bytes Probe = Control(1, Enq);
@@ -75,7 +57,7 @@ TEST(Line, CarriesEveryByteBothWaysUnchangedInLineTime) {
     EXPECT_EQ(line.StateOf(1).Steps[10].CurrRaw, 0x1B1B);
     EXPECT_EQ(panel.Ask(Control(1, Dle), 14),
               Summed({1, 2, 9, 0xC0, 0, 0x05, 0xDC, 0x06, 0x63, 0x00, 0x64, 10, 3}));
-    panel.Send(Control(9, Enq));
+    panel.Write(Control(9, Enq));
     EXPECT_EQ(panel.Ask(Control(7, Enq)), (Bytes{7, Ack, 13}));
     EXPECT_EQ(line.TakeReceived(),
               (std::vector<Bytes>{Probe, Control(1, Dc3), step, Control(1, Dle), Control(9, Enq),
@@ -88,9 +70,9 @@ TEST(Line, OutlivesAPanelThatComesAndGoesAndKeepsNothingForTheNextOne) {
     for (int round = 0; round < 3; ++round) {
         const Opened panel(line.DeviceName());
         EXPECT_EQ(panel.Ask(Control(1, Dle), 14).size(), 14U);
-        panel.Send(Probe);
+        panel.Write(Probe);
         EXPECT_TRUE(panel.HasInput(5000));
-        EXPECT_EQ(ioctl(panel.Handle, TIOCEXCL), 0);
+        EXPECT_EQ(ioctl(panel.Handle(), TIOCEXCL), 0);
     }
     // The line notices on its own thread that the panel has gone.
     const Time limit = Clock::now() + 5s;
@@ -106,8 +88,8 @@ TEST(Line, UnpluggedIsAnErrorToReadersAndPluggedIsADeviceAgain) {
         line.Unplug();
         EXPECT_EQ(line.DeviceName(), "");
         EXPECT_TRUE(panel.HasInput(5000));
-        EXPECT_TRUE(panel.Receive(1).empty());
-        EXPECT_EQ(write(panel.Handle, "x", 1), -1);
+        EXPECT_TRUE(panel.Read(1).empty());
+        EXPECT_EQ(write(panel.Handle(), "x", 1), -1);
         line.Plug();
     }
     const Opened panel(line.DeviceName());
