@@ -37,6 +37,10 @@ void HeldSteps::Mark(int step) {
 }
 
 void HeldSteps::Answered(Reply result) {
+    if (result != Reply::None) Judge(result);  // one that is late may still come
+}
+
+void HeldSteps::Judge(Reply result) {
     if (!Open) return;
     const Bytes& frame = Source.TxFrame;
     bool& doubt = Doubtful.at(static_cast<std::size_t>(*Open));
@@ -51,7 +55,7 @@ void HeldSteps::Answered(Reply result) {
 bool HeldSteps::HearAnswer() {
     if (!Open) return false;
     const Bytes reply = GatherReply(Port, AckLength, serial::WaitMode::HoldEvents);
-    Answered(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
+    Judge(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
     return true;
 }
 

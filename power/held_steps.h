@@ -23,13 +23,16 @@ class HeldSteps {
     void Mark(int step);
     // Values of `step` have changed that can't go out.
     void Unsent(int step);
-    // The reply to the last frame has been judged.
+    // The reply to the last frame has been judged. Without a reply the answer is still awaited.
     void Answered(Reply result);
+    bool Awaits() const { return Open.has_value(); }
     // `now` is the time: an answer that has not come within `limit` of the frame will not come.
     void Expire(serial::Clock::time_point now, serial::Clock::duration limit);
 
   private:
+    // Waits for the answer that is outstanding; false if none is.
     bool HearAnswer();
+    void Judge(Reply result);
     void TakeBack();
 
     SOURCE& Source;

@@ -27,13 +27,16 @@ constexpr std::array FaultTexts{
     FaultText{OutputCurrentFault, "OUT OFF ERROR CURRENT!!!"},
 };
 
-// The mark that a frame is out is taken off on every way out of the receive event.
+// The mark that a frame is out is taken off on every way out of the receive event, unless its
+// answer is still awaited.
 class BusyUntilEnd {
   public:
     explicit BusyUntilEnd(SOURCE& source) : Source(source) {}
-    ~BusyUntilEnd() { Source.RxBusy = false; }
+    ~BusyUntilEnd() { Source.RxBusy = Awaited; }
     BusyUntilEnd(const BusyUntilEnd&) = delete;
     BusyUntilEnd& operator=(const BusyUntilEnd&) = delete;
+
+    bool Awaited = false;
 
   private:
     SOURCE& Source;
@@ -42,7 +45,7 @@ class BusyUntilEnd {
 }  // namespace
 
 void ReplyHandler::comPOWER_OnComm() {
-    const BusyUntilEnd busy(Parts.Source);
+    BusyUntilEnd busy(Parts.Source);
     const bool wantsData = Parts.Source.ReplyFlag == ExpectData;
     const Bytes reply =
         GatherReply(Port, wantsData ? DataLength : AckLength, serial::WaitMode::HoldEvents);
@@ -52,6 +55,7 @@ void ReplyHandler::comPOWER_OnComm() {
         JudgeReply(reply, Parts.Source.ReplyFlag, Parts.Source.PowerAddr, CheckByte::Whole);
     Parts.Source.RxResult = result;
     Parts.Held.Answered(result);
+    busy.Awaited = result == Reply::None && Parts.Held.Awaits();
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
     if (wantsData && result != Reply::Data) CountBadData(reply);

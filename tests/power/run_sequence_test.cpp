@@ -131,6 +131,16 @@ TEST_F(RunSequence, AStepIsHeldOnlyIfTheSupplyHasAcknowledgedIt) {
         Click("txPSTEP_0");
         ASSERT_TRUE(Quiet());
     }
+    // A late answer counts, also behind an event that found nothing.
+    Line().Answer({});
+    Line().Arrive({9});  // swept away by the frame
+    Source().RxResult = Reply::Ack;
+    Click("txPSTEP_1");
+    EXPECT_TRUE(WaitFor([&] { return Source().RxResult == Reply::None; }));
+    Line().Arrive(Acknowledged);
+    EXPECT_FALSE(WaitFor([&] { return !Source().StepFlag[1]; }, 1300ms));
+    Click("txPSTEP_0");
+    ASSERT_TRUE(Quiet());
     // The answer to another frame says nothing about a step whose own answer was lost.
     Line().Answer({});
     Click("txPSTEP_1");
