@@ -50,8 +50,8 @@ void StepUpload::tmrSTART_Timer() {
     Parts.State.OutputOn = false;
     Parts.State.RefocusPending = false;
     SelectRow(TopRow);
-    Parts.Source.PaintStepRows(0);  // step 0 is highlighted, not the one that starts
     SendRow(TopRow, std::move(frame));
+    Parts.Source.PaintStepRows(0);  // step 0 is highlighted; one that starts further down is held
 }
 
 int StepUpload::ButtonStep(int row) const {

@@ -129,9 +129,11 @@ TEST_F(StepRows, WithTheOutputOnOnlySetPointsOfTheSelectedAndHeldStepsCanBeUsed)
 }
 
 TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
+    Bar().setValue(10);
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(), "");
-    ASSERT_TRUE(WaitFor([&] { return Source().RxResult == Reply::Data; }));
+    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag[10] && !Source().RxBusy; }));
+    EXPECT_EQ(Button(0).accessibleDescription(), "송신됨");  // step 10, which has been started
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(),
               "cmdAUTO cmdOCP cmdOUTPUT cmdPVsense fraSTEPLIST lblAutoStep lblCount mnuData_Clear "
