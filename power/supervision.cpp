@@ -43,7 +43,9 @@ void Supervision::tmrWatch_Timer() {
     Parts.Held.Expire(now, AnswerLimit);
     if (!Parts.Line.Open()) return;  // another window has the port
     const bool silent = now - Replies.LastReply() >= AnswerLimit;
-    if (Parts.State.OutputOn && silent) Parts.Timers.tmrDLE.SetEnabled(true);
+    if (!Parts.State.OutputOn || !silent || Parts.Timers.tmrDLE.Enabled()) return;
+    Parts.Timers.tmrDLE.SetEnabled(true);
+    PollSupply();
 }
 
 }  // namespace zps
