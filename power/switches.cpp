@@ -46,9 +46,14 @@ Switches::Switches(PowerParts& parts, EditLock& lock, StepEntry& entry, Measurem
 }
 
 void Switches::Connect(QPushButton& button, std::function<void()> click) {
-    QObject::connect(&button, &QPushButton::clicked, &button, [this, click = std::move(click)] {
-        if (!Parts.State.Switching) Parts.Events.Run(click);
-    });
+    const auto clicked = [this, &button, click = std::move(click)] {
+        if (Parts.State.Switching) return;
+        const bool byKey = button.hasFocus();  // the mouse does not give it
+        Parts.Events.Run(click);
+        // The click has taken it away; the next key is for the same switch.
+        if (byKey && Parts.Controls.cmdFOCUS->hasFocus()) button.setFocus();
+    };
+    QObject::connect(&button, &QPushButton::clicked, &button, clicked);
 }
 
 void Switches::ResetFunctions() {
@@ -164,6 +169,10 @@ void Switches::GoLocal() {
 
 void Switches::GoRemote() {
     Parts.State.RemoteOn = true;
+    if (!Parts.State.OutputOn) {  // an output that was on when it went to local has left locks
+        SetOutputControls(Parts, true);
+        Lock.ReleaseEditLock();
+    }
     SetRemoteControls(Parts, true);
     Parts.Controls.lblPREMOTE->setText(QStringLiteral("RS232"));
     Parts.Controls.Rem_Loc->setText(QStringLiteral("REMOTE"));

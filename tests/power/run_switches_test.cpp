@@ -77,6 +77,31 @@ TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndPollsOnce) {
     EXPECT_EQ(Sent(), "rU?");
 }
 
+TEST_F(RunSwitches, AStepStartBehindARangeErrorOrAFaultInTheWaitStartsNothing) {
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(Quiet());
+    Type("txPVOLT_0", "151");
+    EXPECT_FALSE(AreSent(2, 500ms));
+    EXPECT_EQ(Boxes.LastTitle(), "VOLTAGE 설정 오류");
+    QTest::keyClick(&Get<QLineEdit>("txPVOLT_0"), Qt::Key_Escape);
+    Source().ReplyFlag = ExpectData;  // a poll is out, and its answer tells of a fault
+    Source().RxBusy = true;
+    QTimer::singleShot(100, &Main(), [&] { Line().Arrive(Reading(1, 5)); });
+    Sent();
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Boxes.LastText(), "SET OVER VOLTAGE!!!");
+    EXPECT_EQ(Sent() + Texts(*this, {"Output_ONOFF"}), "OFF");
+}
+
+TEST_F(RunSwitches, ASwitchThatIsPressedByKeyKeepsTheFocus) {
+    Get<QWidget>("cmdOCP").setFocus();
+    for (int press = 0; press < 2; ++press) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        ASSERT_TRUE(Quiet());
+    }
+    EXPECT_EQ(Sent(), "X1X0");
+}
+
 TEST_F(RunSwitches, GoingLocalShowsTheOutputOffAndEndsPollsAndStepStart) {
     Click("cmdPREMOTE");
     ASSERT_TRUE(AreSent(3) && SwitchOn());
