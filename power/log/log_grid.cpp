@@ -46,8 +46,9 @@ void LogGrid::AddCopyActions() {
     setContextMenuPolicy(Qt::ActionsContextMenu);
     auto* copy = new QAction(QStringLiteral("복사(&C)"), this);
     copy->setShortcut(QKeySequence::Copy);
-    connect(copy, &QAction::triggered, this,
-            [this] { Copy.Start(FirstSelected() - 1, LastSelected() - 1); });
+    connect(copy, &QAction::triggered, this, [this] {
+        if (Chosen) Copy.Start(FirstSelected() - 1, LastSelected() - 1);
+    });
     auto* all = new QAction(QStringLiteral("모두 선택(&A)"), this);
     all->setShortcut(QKeySequence::SelectAll);
     connect(all, &QAction::triggered, this, &LogGrid::SelectAll);
