@@ -118,7 +118,7 @@ void StepEntry::Store(const StepField& kind, EntryField& field, int row, double 
 
 void StepEntry::SendToSelectedStep(const StepField& kind, const EntryField& field) {
     const bool rated = Parts.Source.RatingsKnown();
-    if (rated && Parts.Line.Open())
+    if (rated && Parts.Line.PortOpen())
         Parts.Held.Mark(Parts.State.CurStep);
     else
         Parts.Held.Unsent(Parts.State.CurStep);

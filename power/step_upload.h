@@ -13,15 +13,14 @@ class StepUpload {
   public:
     StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, StepEntry& entry);
 
-    // Makes the row's step the selected one: with the output off the supply gets all its values,
-    // with the output on it is told to go to it.
-    void txPSTEP_Click(int row);
-
     // One-shot: sends the step in the top row to a supply that has just gone under remote control.
     // Called off by an entry in error, and where no ratings are known.
     void tmrSTART_Timer();
 
   private:
+    // Makes the row's step the selected one: with the output off the supply gets all its values,
+    // with the output on it is told to go to it.
+    void txPSTEP_Click(int row);
     int ButtonStep(int row) const;
     // The row's step with all its values. Throws OverflowError where a text can't be sent.
     Frame RowFrame(int row) const;

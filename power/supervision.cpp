@@ -1,6 +1,5 @@
 #include "power/supervision.h"
 
-#include <algorithm>
 #include <chrono>
 
 namespace zps {
@@ -41,7 +40,7 @@ void Supervision::PollSupply() {
 void Supervision::tmrWatch_Timer() {
     const auto now = serial::Clock::now();
     Parts.Held.Expire(now, AnswerLimit);
-    if (!Parts.Line.Open()) return;  // another window has the port
+    if (!Parts.Line.PortOpen()) return;  // another window has the port
     const bool silent = now - Replies.LastReply() >= AnswerLimit;
     if (!Parts.State.OutputOn || !silent || Parts.Timers.tmrDLE.Enabled()) return;
     Parts.Timers.tmrDLE.SetEnabled(true);

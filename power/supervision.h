@@ -10,10 +10,9 @@ class Supervision {
   public:
     Supervision(PowerParts& parts, const ReplyHandler& replies);
 
+  private:
     void tmrDLE_Timer();
     void tmrStatus_Timer();
-
-  private:
     void PollSupply();
     void tmrWatch_Timer();
 

@@ -3,7 +3,6 @@
 #include "power/panel_enabling.h"
 #include "power/status_display.h"
 
-#include <array>
 #include <chrono>
 
 namespace zps {
@@ -68,12 +67,12 @@ void Switches::ResetFunctions() {
 
 // A sequence of steps that the supply does not hold lets a click on a step go on, but no switch: it
 // has not been sent.
-bool Switches::EntriesAreDone() {
+bool Switches::CommitEntries() {
     return Entry.CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
 }
 
 void Switches::Toggle(const PlainSwitch& plain) {
-    if (!EntriesAreDone()) return;
+    if (!CommitEntries()) return;
     bool& on = Parts.State.*plain.On;
     on = !on;
     Show(plain, on);
@@ -90,7 +89,7 @@ void Switches::cmdOUTPUT_Click() {
     const bool shownOn = Parts.Controls.Output_ONOFF->text() == QStringLiteral("ON");
     const bool switchOn = !Parts.State.OutputOn && !shownOn;
     // Switching off must not depend on what stands in an entry field.
-    if (switchOn && !EntriesAreDone()) return;
+    if (switchOn && !CommitEntries()) return;
     Parts.Timers.tmrDLE.SetEnabled(false);
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
     if (switchOn && !SwitchOutputOn()) return;
@@ -147,7 +146,7 @@ void Switches::CallOffStepStart() {
 }
 
 void Switches::cmdPREMOTE_Click() {
-    if (!EntriesAreDone()) return;
+    if (!CommitEntries()) return;
     const std::uint8_t direction = Parts.State.RemoteOn ? code::Dc1 : code::Dc3;
     Frame frame = ControlFrame(Parts.Source.PowerAddr, direction);
     Parts.Timers.tmrDLE.SetEnabled(false);

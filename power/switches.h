@@ -24,16 +24,15 @@ class Switches {
   public:
     Switches(PowerParts& parts, EditLock& lock, StepEntry& entry, MeasurementLog& log);
 
-    void cmdOUTPUT_Click();
-    void cmdPREMOTE_Click();
-
     // The supply has its functions switched off: auto mode, protection and sensing show it.
     void ResetFunctions();
 
   private:
     void Connect(QPushButton& button, std::function<void()> click);
     // Commits an open entry. False if the focus is back in it: the click must come to nothing.
-    bool EntriesAreDone();
+    bool CommitEntries();
+    void cmdOUTPUT_Click();
+    void cmdPREMOTE_Click();
     void Toggle(const PlainSwitch& plain);
     void Show(const PlainSwitch& plain, bool on);
     // False if a fault came up before it was on.

@@ -10,13 +10,14 @@
 namespace zps {
 
 // Sends for the window that holds `port`. Throws PortError where the port is closed and
-// OverflowError where a value does not fit its byte; then nothing has gone out.
+// OverflowError where a value does not fit its byte; then nothing has gone out. A frame that met a
+// closed port counts as one without a reply: the next waits for it once.
 class Transmitter {
   public:
     Transmitter(SOURCE& source, serial::Port& port) : Source(source), Line(port) {}
 
     // Whether this window has the port now.
-    bool Open() const { return Line.PortOpen(); }
+    bool PortOpen() const { return Line.PortOpen(); }
 
     // Sends TxFrame as it stands, after AwaitOutstanding.
     void TransmitFrame();
