@@ -39,35 +39,16 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
 
 }  // namespace
 
-AutoSequence::AutoSequence(PowerParts& parts, StepEntry& entry) : Parts(parts), Entry(entry) {
+AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), Fields(fields) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
-    Connect(*Parts.Controls.txtPAUTOSTEP, &AutoSequence::txtPAUTOSTEP_LostFocus);
-    Connect(*Parts.Controls.txtPAUTOCOUNT, &AutoSequence::txtPAUTOCOUNT_LostFocus);
-}
-
-void AutoSequence::Connect(EntryField& field, void (AutoSequence::*lostFocus)()) {
-    const auto run = [this](auto handler) {
-        return [this, handler] { Parts.Events.Run(handler); };
-    };
-    EntryField::Events events;
-    events.GotFocus = run([this, &field] { Entry.Field_GotFocus(field); });
-    events.LostFocus = run([this, lostFocus] { (this->*lostFocus)(); });
-    events.Committed = run([this, lostFocus, &field] {
-        (this->*lostFocus)();
-        field.selectAll();
-    });
-    events.Cancelled = run([this, &field] {
-        field.setText(QString::fromStdString(Parts.Source.OldText));
-        field.selectAll();
-    });
-    events.Refocusing = [this] { return Entry.Refocusing(); };
-    if (&field == Parts.Controls.txtPAUTOSTEP) {
-        events.Change = run([this] { txtPAUTOSTEP_Change(); });
-        events.KeyPress = [this](QChar key) {
-            Parts.Events.Run([this, key] { txtPAUTOSTEP_KeyPress(key); });
-        };
-    }
-    field.SetEvents(std::move(events));
+    EntryField::Events sequence;
+    sequence.Change = [this] { txtPAUTOSTEP_Change(); };
+    sequence.KeyPress = [this](QChar key) { txtPAUTOSTEP_KeyPress(key); };
+    sequence.LostFocus = sequence.Committed = [this] { txtPAUTOSTEP_LostFocus(); };
+    Fields.Connect(*Parts.Controls.txtPAUTOSTEP, sequence);
+    EntryField::Events count;
+    count.LostFocus = count.Committed = [this] { txtPAUTOCOUNT_LostFocus(); };
+    Fields.Connect(*Parts.Controls.txtPAUTOCOUNT, count);
 }
 
 void AutoSequence::txtPAUTOSTEP_Change() {
@@ -80,19 +61,19 @@ void AutoSequence::txtPAUTOSTEP_Change() {
 void AutoSequence::txtPAUTOSTEP_KeyPress(QChar key) {
     constexpr QChar deleteKey(0x7F);  // the toolkit gives it a character, though it types none
     if (IsDigit(key) || key == deleteKey) return;
-    Entry.Refuse(*Parts.Controls.txtPAUTOSTEP, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
+    Fields.Refuse(*Parts.Controls.txtPAUTOSTEP, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
 }
 
 void AutoSequence::txtPAUTOSTEP_LostFocus() {
     EntryField& field = *Parts.Controls.txtPAUTOSTEP;
     const QString text = field.text();
     if (text.size() % EntryLength != 0) {
-        Entry.Refuse(field, StepMessage(QStringLiteral("STEP NO 설정 오류!!!")));
+        Fields.Refuse(field, StepMessage(QStringLiteral("STEP NO 설정 오류!!!")));
         return;
     }
     const auto steps = ReadSequence(text);
     if (!steps) {
-        Entry.Refuse(field, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
+        Fields.Refuse(field, StepMessage(QStringLiteral("STEP 설정 오류!!!")));
         return;
     }
     // A supply of unknown ratings is not the one that has got the steps.
@@ -129,9 +110,10 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     if (field.text().isEmpty()) field.setText(QStringLiteral("0"));
     const double count = LeadingNumber(field.text().toStdString());
     if (count < 0 || count > LargestCount) {
-        Entry.Refuse(field, {MessageIcon::Information, QStringLiteral("COUNT 설정오류"),
-                             QStringLiteral("COUNT SETTING값 범위 초과\r\n설정값 범위=0~%1cycle")
-                                 .arg(QString::fromStdString(ShortestText(Parts.Source.MaxVolt)))});
+        Fields.Refuse(field,
+                      {MessageIcon::Information, QStringLiteral("COUNT 설정오류"),
+                       QStringLiteral("COUNT SETTING값 범위 초과\r\n설정값 범위=0~%1cycle")
+                           .arg(QString::fromStdString(ShortestText(Parts.Source.MaxVolt)))});
         return;
     }
     const std::string text = FormatFixed(count, 0);

@@ -1,17 +1,16 @@
 // The order in which the supply runs its steps by itself, and how often.
 #pragma once
 
+#include "power/entries.h"
 #include "power/power_parts.h"
-#include "power/step_entry.h"
 
 namespace zps {
 
 class AutoSequence {
   public:
-    AutoSequence(PowerParts& parts, StepEntry& entry);
+    AutoSequence(PowerParts& parts, Entries& fields);
 
   private:
-    void Connect(EntryField& field, void (AutoSequence::*lostFocus)());
     void txtPAUTOSTEP_Change();
     void txtPAUTOSTEP_KeyPress(QChar key);
     void txtPAUTOSTEP_LostFocus();
@@ -19,7 +18,7 @@ class AutoSequence {
     void ShowUnsentSteps();
 
     PowerParts& Parts;
-    StepEntry& Entry;
+    Entries& Fields;
 };
 
 }  // namespace zps

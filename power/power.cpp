@@ -2,6 +2,7 @@
 
 #include "power/auto_sequence.h"
 #include "power/edit_lock.h"
+#include "power/entries.h"
 #include "power/freeing_message_boxes.h"
 #include "power/log/measurement_log.h"
 #include "power/panel_enabling.h"
@@ -9,6 +10,7 @@
 #include "power/reply_handler.h"
 #include "power/step_entry.h"
 #include "power/step_list.h"
+#include "power/step_scrolling.h"
 #include "power/step_upload.h"
 #include "power/supervision.h"
 #include "power/switches.h"
@@ -33,13 +35,15 @@ struct POWER::Inside {
           Parts{source, State, Controls, Timers, Line, Held, Events, Boxes, around.Loop, window},
           Rows(Parts),
           Lock(Parts, around.Pointer),
-          Entry(Parts, Rows, Lock),
-          Upload(Parts, Rows, Lock, Entry),
+          Fields(Parts),
+          Entry(Parts, Rows, Lock, Fields),
+          Scrolling(Parts, Rows, Lock, Fields),
+          Upload(Parts, Rows, Lock, Fields),
           Log(*Controls.Log),
           Replies(Parts, Lock, Log, *comPOWER),
           Polls(Parts, Replies),
-          Buttons(Parts, Lock, Entry, Log),
-          Sequence(Parts, Entry) {
+          Buttons(Parts, Lock, Fields, Log),
+          Sequence(Parts, Fields) {
         source.Rows = &Rows;
         Boxes.Free(Lock);
         Log.SetRunning([this] { return State.OutputOn; });
@@ -64,7 +68,9 @@ struct POWER::Inside {
     PowerParts Parts;
     StepList Rows;
     EditLock Lock;
+    Entries Fields;
     StepEntry Entry;
+    StepScrolling Scrolling;
     StepUpload Upload;
     MeasurementLog& Log;
     ReplyHandler Replies;
@@ -79,13 +85,6 @@ POWER::POWER(SOURCE& source, const Surroundings& around)
     setWindowTitle(QStringLiteral("ZPS-RS232"));
     ConnectMenus();
     PowerControls& c = Self->Controls;
-    c.vscAUTOSTEP->MayScroll = [this] {
-        bool may = false;
-        Self->Events.Run([&] { may = Self->Entry.CommitOpenEntry(); });
-        return may;
-    };
-    connect(c.vscAUTOSTEP, &QScrollBar::valueChanged, this,
-            [this] { Self->Events.Run([this] { vscAUTOSTEP_Change(); }); });
     c.lblORV_URL->OnDoubleClick = [this, &browser = around.Browser] {
         if (!Self->State.Switching) Self->Events.Run([&] { lblORV_URL_DblClick(browser); });
     };
@@ -134,7 +133,7 @@ void POWER::OpenOther(void (POWER::*wanted)()) {
 }
 
 bool POWER::HandOver() {
-    if (!Self->Entry.CommitOpenEntry()) return false;
+    if (!Self->Fields.CommitOpenEntry()) return false;
     Self->Timers.StopAll();
     Self->Line.AwaitOutstanding();
     Self->Parts.Source.MenuDialogFlag = true;
@@ -193,19 +192,6 @@ void POWER::comPOWER_Event() {
         if (waits && Self->comPOWER->InBufferCount() == 0) return;
         Self->Replies.comPOWER_OnComm();
     });
-}
-
-void POWER::vscAUTOSTEP_Change() {
-    const int top = Self->Controls.vscAUTOSTEP->value();
-    if (top == Self->Rows.TopStep()) return;
-    const bool byKey = Self->Controls.vscAUTOSTEP->hasFocus();
-    if (!byKey && !Self->Entry.CommitOpenEntry()) {
-        Self->Controls.vscAUTOSTEP->setValue(Self->Rows.TopStep());
-        return;
-    }
-    Self->Rows.ShowSteps(top);
-    Self->Parts.Source.PaintStepRows(Self->State.CurStep);
-    Self->Lock.ScrolledTo();
 }
 
 void POWER::lblORV_URL_DblClick(platform::WebBrowser& browser) {

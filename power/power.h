@@ -66,7 +66,6 @@ class POWER : public QMainWindow {
     void OpenOther(void (POWER::*wanted)());
     void mnuData_Clear_Click();
     void mnuPROGRAM_END_Click();
-    void vscAUTOSTEP_Change();
     void lblORV_URL_DblClick(platform::WebBrowser& browser);
     void comPOWER_Event();
     bool MayUnload();

@@ -21,8 +21,8 @@ Message RangeMessage(const StepField& kind, const SOURCE& source) {
 
 }  // namespace
 
-StepEntry::StepEntry(PowerParts& parts, StepList& rows, EditLock& lock)
-    : Parts(parts), Rows(rows), Lock(lock) {
+StepEntry::StepEntry(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields)
+    : Parts(parts), Rows(rows), Lock(lock), Fields(fields) {
     for (const StepField& kind : StepFields()) {
         for (int row = 0; row < RowCount; ++row) Connect(kind, row);
     }
@@ -30,47 +30,11 @@ StepEntry::StepEntry(PowerParts& parts, StepList& rows, EditLock& lock)
 
 void StepEntry::Connect(const StepField& kind, int row) {
     EntryField& field = *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
-    const auto run = [this](auto handler) {
-        return [this, handler] { Parts.Events.Run(handler); };
-    };
     EntryField::Events events;
-    events.GotFocus = run([this, &field] { Field_GotFocus(field); });
-    events.Change = run([this, &field, row] { Field_Change(field, row); });
-    events.LostFocus = run([this, &kind, row] { Field_LostFocus(kind, row); });
-    events.Committed = run([this, &kind, row] { Field_Committed(kind, row); });
-    events.Cancelled = run([this, &field] {
-        field.setText(QString::fromStdString(Parts.Source.OldText));
-        field.selectAll();
-    });
-    events.Refocusing = [this] { return Refocusing(); };
-    field.SetEvents(std::move(events));
-}
-
-bool StepEntry::CommitOpenEntry() {
-    const int refusals = Refusals;
-    auto* field = dynamic_cast<EntryField*>(Parts.Window.focusWidget());
-    Parts.Controls.cmdFOCUS->setFocus();
-    if (field != nullptr && field != Parts.Window.focusWidget()) field->Leave();
-    return refusals == Refusals;
-}
-
-void StepEntry::Refuse(EntryField& field, const Message& message) {
-    ++Refusals;
-    Refusing = true;
-    Parts.Boxes.Show(&Parts.Window, message);
-    Refusing = false;
-    Refused = &field;
-    Parts.State.RefocusPending = true;
-    field.setFocus();
-    field.selectAll();
-    // Where the field has not been left no event will come to use the mark up.
-    if (field.Entered()) Parts.State.RefocusPending = false;
-}
-
-void StepEntry::Field_GotFocus(const EntryField& field) {
-    const bool back = Parts.State.RefocusPending && &field == Refused;
-    if (!back) Parts.Source.OldText = field.text().toStdString();
-    Parts.State.RefocusPending = false;
+    events.Change = [this, &field, row] { Field_Change(field, row); };
+    events.LostFocus = [this, &kind, row] { Field_LostFocus(kind, row); };
+    events.Committed = [this, &kind, row] { Field_Committed(kind, row); };
+    Fields.Connect(field, events);
 }
 
 void StepEntry::Field_Change(const EntryField& field, int row) {
@@ -89,7 +53,7 @@ void StepEntry::Field_LostFocus(const StepField& kind, int row) {
     if (field.text().isEmpty()) field.setText(QStringLiteral("0"));
     const double value = LeadingNumber(field.text().toStdString());
     if (OutOfRange(kind, Parts.Source, value)) {
-        Refuse(field, RangeMessage(kind, Parts.Source));
+        Fields.Refuse(field, RangeMessage(kind, Parts.Source));
     } else {
         Store(kind, field, row, value);
     }
@@ -101,7 +65,6 @@ void StepEntry::Field_Committed(const StepField& kind, int row) {
     if (!OutOfRange(kind, Parts.Source, LeadingNumber(field.text().toStdString()))) {
         Parts.Source.OldText = field.text().toStdString();
     }
-    field.selectAll();
 }
 
 void StepEntry::Store(const StepField& kind, EntryField& field, int row, double value) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/edit_lock.h"
+#include "power/entries.h"
 #include "power/power_parts.h"
 #include "power/step_fields.h"
 #include "power/step_list.h"
@@ -10,19 +11,7 @@ namespace zps {
 
 class StepEntry {
   public:
-    StepEntry(PowerParts& parts, StepList& rows, EditLock& lock);
-
-    // Gives the focus to cmdFOCUS, which commits an open entry. False if the entry was refused: the
-    // focus is back in its field then, and what the operator wanted to do must not be done.
-    bool CommitOpenEntry();
-
-    // An entry was out of range: shows `message`, and gives `field` the focus with its text
-    // selected.
-    void Refuse(EntryField& field, const Message& message);
-
-    // The handlers that every entry field of the window shares.
-    void Field_GotFocus(const EntryField& field);
-    bool Refocusing() const { return Refusing; }
+    StepEntry(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields);
 
   private:
     void Connect(const StepField& kind, int row);
@@ -35,9 +24,7 @@ class StepEntry {
     PowerParts& Parts;
     StepList& Rows;
     EditLock& Lock;
-    int Refusals = 0;
-    bool Refusing = false;                // the message about an entry in error is up
-    const EntryField* Refused = nullptr;  // the field that RefocusPending is about
+    Entries& Fields;
 };
 
 }  // namespace zps

@@ -5,8 +5,8 @@
 
 namespace zps {
 
-StepUpload::StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, StepEntry& entry)
-    : Parts(parts), Rows(rows), Lock(lock), Entry(entry) {
+StepUpload::StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields)
+    : Parts(parts), Rows(rows), Lock(lock), Fields(fields) {
     for (int row = 0; row < RowCount; ++row) {
         QPushButton* button = Parts.Controls.txPSTEP.at(static_cast<std::size_t>(row));
         QObject::connect(button, &QPushButton::clicked, button,
@@ -15,7 +15,7 @@ StepUpload::StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, StepEn
 }
 
 void StepUpload::txPSTEP_Click(int row) {
-    if (!Entry.CommitOpenEntry()) return;
+    if (!Fields.CommitOpenEntry()) return;
     const int step = Rows.TopStep() + row;
     if (step == Parts.State.CurStep) return;
     if (!Parts.Source.RatingsKnown()) {
@@ -43,7 +43,7 @@ void StepUpload::txPSTEP_Click(int row) {
 void StepUpload::tmrSTART_Timer() {
     Parts.Timers.tmrSTART.SetEnabled(false);
     Parts.State.RunPhase = PowerState::PhaseIdle;
-    if (!Entry.CommitOpenEntry() || !Parts.Source.RatingsKnown()) return;
+    if (!Fields.CommitOpenEntry() || !Parts.Source.RatingsKnown()) return;
     constexpr int TopRow = 0;
     Frame frame = RowFrame(TopRow);
     Parts.State.RunPhase = PowerState::PhaseStatusPoll;

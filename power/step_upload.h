@@ -2,8 +2,8 @@
 #pragma once
 
 #include "power/edit_lock.h"
+#include "power/entries.h"
 #include "power/power_parts.h"
-#include "power/step_entry.h"
 #include "power/step_list.h"
 #include "source/step_frame.h"
 
@@ -11,7 +11,7 @@ namespace zps {
 
 class StepUpload {
   public:
-    StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, StepEntry& entry);
+    StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields);
 
     // One-shot: sends the step in the top row to a supply that has just gone under remote control.
     // Called off by an entry in error, and where no ratings are known.
@@ -30,7 +30,7 @@ class StepUpload {
     PowerParts& Parts;
     StepList& Rows;
     EditLock& Lock;
-    StepEntry& Entry;
+    Entries& Fields;
 };
 
 }  // namespace zps

@@ -34,8 +34,8 @@ constexpr PlainSwitch OverCurrent{'X',
 
 }  // namespace
 
-Switches::Switches(PowerParts& parts, EditLock& lock, StepEntry& entry, MeasurementLog& log)
-    : Parts(parts), Lock(lock), Entry(entry), Log(log) {
+Switches::Switches(PowerParts& parts, EditLock& lock, Entries& fields, MeasurementLog& log)
+    : Parts(parts), Lock(lock), Fields(fields), Log(log) {
     PowerControls& c = Parts.Controls;
     Connect(*c.cmdOUTPUT, [this] { cmdOUTPUT_Click(); });
     Connect(*c.cmdAUTO, [this] { Toggle(Auto); });
@@ -68,7 +68,7 @@ void Switches::ResetFunctions() {
 // A sequence of steps that the supply does not hold lets a click on a step go on, but no switch: it
 // has not been sent.
 bool Switches::CommitEntries() {
-    return Entry.CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
+    return Fields.CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
 }
 
 void Switches::Toggle(const PlainSwitch& plain) {

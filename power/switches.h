@@ -2,9 +2,9 @@
 #pragma once
 
 #include "power/edit_lock.h"
+#include "power/entries.h"
 #include "power/log/measurement_log.h"
 #include "power/power_parts.h"
-#include "power/step_entry.h"
 
 #include <functional>
 
@@ -22,7 +22,7 @@ struct PlainSwitch {
 
 class Switches {
   public:
-    Switches(PowerParts& parts, EditLock& lock, StepEntry& entry, MeasurementLog& log);
+    Switches(PowerParts& parts, EditLock& lock, Entries& fields, MeasurementLog& log);
 
     // The supply has its functions switched off: auto mode, protection and sensing show it.
     void ResetFunctions();
@@ -46,7 +46,7 @@ class Switches {
 
     PowerParts& Parts;
     EditLock& Lock;
-    StepEntry& Entry;
+    Entries& Fields;
     MeasurementLog& Log;
 };
 
