@@ -32,7 +32,7 @@ HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line,
 void HeldSteps::Mark(int step) {
     Line.AwaitOutstanding();
     Source.StepFlag.at(static_cast<std::size_t>(step)) = true;
-    Open = step;
+    Awaited = step;
     Sent = serial::Clock::now();
 }
 
@@ -41,19 +41,19 @@ void HeldSteps::Answered(Reply result) {
 }
 
 void HeldSteps::Judge(Reply result) {
-    if (!Open) return;
+    if (!Awaited) return;
     const Bytes& frame = Source.TxFrame;
-    bool& doubt = Doubtful.at(static_cast<std::size_t>(*Open));
+    bool& doubt = Doubtful.at(static_cast<std::size_t>(*Awaited));
     if (SetsAllValues(frame)) doubt = false;
     if (result == Reply::Ack && !doubt && (SetsAllValues(frame) || SetsOneValue(frame))) {
-        Open.reset();
+        Awaited.reset();
     } else {
         TakeBack();
     }
 }
 
 bool HeldSteps::HearAnswer() {
-    if (!Open) return false;
+    if (!Awaited) return false;
     const Bytes reply = GatherReply(Port, AckLength, serial::WaitMode::HoldEvents);
     Judge(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
     return true;
@@ -66,12 +66,12 @@ void HeldSteps::Unsent(int step) {
 }
 
 void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration limit) {
-    if (Open && now - Sent >= limit) TakeBack();
+    if (Awaited && now - Sent >= limit) TakeBack();
 }
 
 void HeldSteps::TakeBack() {
-    Unsent(*Open);
-    Open.reset();
+    Unsent(*Awaited);
+    Awaited.reset();
     Source.PaintStepRows(CurStep);
 }
 

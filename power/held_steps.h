@@ -25,7 +25,7 @@ class HeldSteps {
     void Unsent(int step);
     // The reply to the last frame has been judged. Without a reply the answer is still awaited.
     void Answered(Reply result);
-    bool Awaits() const { return Open.has_value(); }
+    bool Awaits() const { return Awaited.has_value(); }
     // `now` is the time: an answer that has not come within `limit` of the frame will not come.
     void Expire(serial::Clock::time_point now, serial::Clock::duration limit);
 
@@ -39,7 +39,7 @@ class HeldSteps {
     serial::Port& Port;
     Transmitter& Line;
     const std::int16_t& CurStep;
-    std::optional<int> Open;  // the step whose answer is outstanding
+    std::optional<int> Awaited;  // the step whose answer is outstanding
     // Some value of the step may not have arrived; until all have been acknowledged at once.
     std::array<bool, StepCount> Doubtful{};
     serial::Clock::time_point Sent;
