@@ -11,8 +11,8 @@
 namespace zps {
 
 // A table with a header row and columns of equal width. Besides the model it holds no memory that
-// grows with the rows, and no operation's cost does. The toolkit's own table view keeps an entry for
-// each row in its header, which millions of samples make both slow and large.
+// grows with the rows, and no operation's cost does. The toolkit's own table view keeps an entry
+// for each row in its header, which millions of samples make both slow and large.
 //
 // Rows count as the operator sees them: row 0 is the header, row 1 the first row of the model,
 // which has one at least. The grid follows the newest row while it stands at the end; elsewhere it
