@@ -169,6 +169,24 @@ TEST_F(StepRows, AScrolledListShowsItsStepsAndAnOpenEntryKeepsItsOwn) {
     EXPECT_EQ(Bar().value(), 93);
 }
 
+TEST_F(StepRows, EachRowTellsWhatItsStepIsWhateverChangesIt) {
+    const auto states = [this] {
+        QString all;
+        for (int row = 0; row < RowCount; ++row) all += Button(row).accessibleDescription()[0];
+        return all;
+    };
+    ClickStep(1);
+    ASSERT_TRUE(Settle());
+    EXPECT_EQ(states(), "송선미미미미미");
+    Bar().setValue(1);
+    EXPECT_EQ(states(), "선미미미미미미");
+    Bar().setValue(0);
+    Line().SetFaults({.Silent = true});
+    ClickStep(2);
+    ClickStep(3);  // step 2 was not answered
+    EXPECT_EQ(states(), "송송미선미미미");
+}
+
 TEST_F(StepRows, AClickSendsTheWholeRowOnceAndShowsItsValues) {
     const std::size_t s = 5;
     Source().StepVolt[s] = "12.50";
