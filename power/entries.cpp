@@ -37,6 +37,10 @@ bool Entries::CommitOpenEntry() {
     return refusals == Refusals;
 }
 
+bool Entries::CommitAll() {
+    return CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
+}
+
 void Entries::Refuse(EntryField& field, const Message& message) {
     ++Refusals;
     Refusing = true;

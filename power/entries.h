@@ -18,6 +18,9 @@ class Entries {
     // Gives the focus to cmdFOCUS, which commits an open entry. False if the entry was refused: the
     // focus is back in its field then, and what the operator wanted to do must not be done.
     bool CommitOpenEntry();
+    // For all but a click on a step: false also where the sequence box has the focus back, because
+    // it names steps that the supply does not hold.
+    bool CommitAll();
 
     // An entry was out of range: shows `message`, and gives `field` the focus with its text
     // selected.

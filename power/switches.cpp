@@ -65,14 +65,8 @@ void Switches::ResetFunctions() {
     ShowFunctions(Parts.Controls, 0);
 }
 
-// A sequence of steps that the supply does not hold lets a click on a step go on, but no switch: it
-// has not been sent.
-bool Switches::CommitEntries() {
-    return Fields.CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
-}
-
 void Switches::Toggle(const PlainSwitch& plain) {
-    if (!CommitEntries()) return;
+    if (!Fields.CommitAll()) return;
     bool& on = Parts.State.*plain.On;
     on = !on;
     Show(plain, on);
@@ -89,7 +83,7 @@ void Switches::cmdOUTPUT_Click() {
     const bool shownOn = Parts.Controls.Output_ONOFF->text() == QStringLiteral("ON");
     const bool switchOn = !Parts.State.OutputOn && !shownOn;
     // Switching off must not depend on what stands in an entry field.
-    if (switchOn && !CommitEntries()) return;
+    if (switchOn && !Fields.CommitAll()) return;
     Parts.Timers.tmrDLE.SetEnabled(false);
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
     if (switchOn && !SwitchOutputOn()) return;
@@ -146,7 +140,7 @@ void Switches::CallOffStepStart() {
 }
 
 void Switches::cmdPREMOTE_Click() {
-    if (!CommitEntries()) return;
+    if (!Fields.CommitAll()) return;
     const std::uint8_t direction = Parts.State.RemoteOn ? code::Dc1 : code::Dc3;
     Frame frame = ControlFrame(Parts.Source.PowerAddr, direction);
     Parts.Timers.tmrDLE.SetEnabled(false);

@@ -29,8 +29,6 @@ class Switches {
 
   private:
     void Connect(QPushButton& button, std::function<void()> click);
-    // Commits an open entry. False if the focus is back in it: the click must come to nothing.
-    bool CommitEntries();
     void cmdOUTPUT_Click();
     void cmdPREMOTE_Click();
     void Toggle(const PlainSwitch& plain);
