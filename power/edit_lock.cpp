@@ -63,6 +63,10 @@ void EditLock::ReleaseEditLockOutputOn() {
     Confine(false);
 }
 
+void EditLock::StepTakenBack() {
+    if (Parts.State.OutputOn && !Parts.State.AutoOn && !Confined) ReleaseEditLockOutputOn();
+}
+
 void EditLock::ScrolledTo() {
     if (!Parts.State.OutputOn) {
         ReleaseEditLock();

@@ -21,6 +21,9 @@ class EditLock {
     // edited.
     void ReleaseEditLockOutputOn();
 
+    // A step is held no longer: with the output on its button can't be used any more.
+    void StepTakenBack();
+
     // The rows show other steps: what may be used in them follows the steps.
     void ScrolledTo();
 

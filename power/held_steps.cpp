@@ -13,12 +13,15 @@ char LetterOf(const Bytes& frame) {
     return frame.size() > letterPlace ? static_cast<char>(frame[letterPlace]) : '\0';
 }
 
-bool SetsAllValues(const Bytes& frame) {
-    return LetterOf(frame) == 'S' && frame.size() == UploadSize;
-}
+constexpr std::string_view ValueLetters = "VCTDO";
+constexpr unsigned AllValues = (1U << ValueLetters.size()) - 1;
 
-bool SetsOneValue(const Bytes& frame) {
-    return std::string_view("VCTDO").find(LetterOf(frame)) != std::string_view::npos;
+// Which values of a step `frame` sets, a bit for each letter.
+unsigned ValuesIn(const Bytes& frame) {
+    const char letter = LetterOf(frame);
+    if (letter == 'S' && frame.size() == UploadSize) return AllValues;
+    const auto place = ValueLetters.find(letter);
+    return place == std::string_view::npos ? 0 : 1U << place;
 }
 
 }  // namespace
@@ -26,7 +29,7 @@ bool SetsOneValue(const Bytes& frame) {
 HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line,
                      const std::int16_t& curStep)
     : Source(source), Port(port), Line(line), CurStep(curStep) {
-    Line.OnOutstanding([this] { return HearAnswer(); });
+    Line.OnOutstanding([this] { HearAnswer(); });
 }
 
 void HeldSteps::Mark(int step) {
@@ -42,37 +45,39 @@ void HeldSteps::Answered(Reply result) {
 
 void HeldSteps::Judge(Reply result) {
     if (!Awaited) return;
-    const Bytes& frame = Source.TxFrame;
-    bool& doubt = Doubtful.at(static_cast<std::size_t>(*Awaited));
-    if (SetsAllValues(frame)) doubt = false;
-    if (result == Reply::Ack && !doubt && (SetsAllValues(frame) || SetsOneValue(frame))) {
+    unsigned& doubt = Doubtful.at(static_cast<std::size_t>(*Awaited));
+    if (result == Reply::Ack) doubt &= ~ValuesIn(Source.TxFrame);
+    if (result == Reply::Ack && doubt == 0)
         Awaited.reset();
-    } else {
-        TakeBack();
-    }
+    else
+        TakeBack(result == Reply::Ack ? 0 : ValuesIn(Source.TxFrame));
 }
 
-bool HeldSteps::HearAnswer() {
-    if (!Awaited) return false;
-    const Bytes reply = GatherReply(Port, AckLength, serial::WaitMode::HoldEvents);
+void HeldSteps::HearAnswer() {
+    if (!Awaited) return;
+    const Bytes reply = GatherReply(Port, 0, serial::WaitMode::HoldEvents);
     Judge(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
-    return true;
 }
 
 void HeldSteps::Unsent(int step) {
+    Doubt(step, AllValues);
+}
+
+void HeldSteps::Doubt(int step, unsigned values) {
     const auto index = static_cast<std::size_t>(step);
     Source.StepFlag.at(index) = false;
-    Doubtful.at(index) = true;
+    Doubtful.at(index) |= values;
 }
 
 void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration limit) {
-    if (Awaited && now - Sent >= limit) TakeBack();
+    if (Awaited && now - Sent >= limit) TakeBack(ValuesIn(Source.TxFrame));
 }
 
-void HeldSteps::TakeBack() {
-    Unsent(*Awaited);
+void HeldSteps::TakeBack(unsigned values) {
+    Doubt(*Awaited, values);
     Awaited.reset();
     Source.PaintStepRows(CurStep);
+    if (TakenBack) TakenBack();
 }
 
 }  // namespace zps

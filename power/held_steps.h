@@ -7,7 +7,9 @@
 #include "source/transmitter.h"
 
 #include <array>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace zps {
 
@@ -25,24 +27,29 @@ class HeldSteps {
     void Unsent(int step);
     // The reply to the last frame has been judged. Without a reply the answer is still awaited.
     void Answered(Reply result);
+    // Called whenever a step has lost its mark.
+    void OnTakenBack(std::function<void()> told) { TakenBack = std::move(told); }
     bool Awaits() const { return Awaited.has_value(); }
     // `now` is the time: an answer that has not come within `limit` of the frame will not come.
     void Expire(serial::Clock::time_point now, serial::Clock::duration limit);
 
   private:
-    // Waits for the answer that is outstanding; false if none is.
-    bool HearAnswer();
+    // Reads the answer that is outstanding, if it has come by now.
+    void HearAnswer();
     void Judge(Reply result);
-    void TakeBack();
+    // `values`: a bit for each, as its frame has them.
+    void Doubt(int step, unsigned values);
+    void TakeBack(unsigned values);
 
     SOURCE& Source;
     serial::Port& Port;
     Transmitter& Line;
     const std::int16_t& CurStep;
     std::optional<int> Awaited;  // the step whose answer is outstanding
-    // Some value of the step may not have arrived; until all have been acknowledged at once.
-    std::array<bool, StepCount> Doubtful{};
+    // The values of each step that may not have arrived; until they have been acknowledged.
+    std::array<unsigned, StepCount> Doubtful{};
     serial::Clock::time_point Sent;
+    std::function<void()> TakenBack;
 };
 
 }  // namespace zps

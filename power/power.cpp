@@ -46,6 +46,7 @@ struct POWER::Inside {
           Sequence(Parts, Fields) {
         source.Rows = &Rows;
         Boxes.Free(Lock);
+        Held.OnTakenBack([this] { Lock.StepTakenBack(); });
         Log.SetRunning([this] { return State.OutputOn; });
         Timers.tmrSTART.OnTick([this] { Upload.tmrSTART_Timer(); });
     }
@@ -133,7 +134,7 @@ void POWER::OpenOther(void (POWER::*wanted)()) {
 }
 
 bool POWER::HandOver() {
-    if (!Self->Fields.CommitOpenEntry()) return false;
+    if (!Self->Fields.CommitAll()) return false;
     Self->Timers.StopAll();
     Self->Line.AwaitOutstanding();
     Self->Parts.Source.MenuDialogFlag = true;

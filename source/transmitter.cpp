@@ -19,7 +19,8 @@ void Transmitter::TransmitFrame() {
 void Transmitter::AwaitOutstanding() {
     if (!Source.RxBusy) return;
     // No reply can be handled during this wait, so nothing can end it early.
-    if (!Hear || !Hear()) Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
+    Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
+    if (Hear) Hear();
     Source.RxBusy = false;
 }
 

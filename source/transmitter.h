@@ -25,9 +25,8 @@ class Transmitter {
     // While the reply to the last frame is outstanding, waits for 0.1 s without letting events run.
     // What has come by then is swept away by the next frame.
     void AwaitOutstanding();
-    // Who would rather hear such a reply: waits for it in place of the above and reads it, or
-    // returns false at once.
-    void OnOutstanding(std::function<bool()> hear) { Hear = std::move(hear); }
+    // Called at the end of that wait: the last chance to read such a reply.
+    void OnOutstanding(std::function<void()> hear) { Hear = std::move(hear); }
 
     // Lays `frame`, notes the kind of reply it asks for, and sends it.
     void Send(Frame frame, std::int16_t replyFlag);
@@ -39,7 +38,7 @@ class Transmitter {
   private:
     SOURCE& Source;
     serial::Port& Line;
-    std::function<bool()> Hear;
+    std::function<void()> Hear;
 };
 
 }  // namespace zps

@@ -86,6 +86,9 @@ TEST_F(RunSequence, AStepThatIsMissingIsSentByTheClickOnItButNoSwitchGoesOn) {
     Click("cmdOUTPUT");
     EXPECT_EQ(Refusal(Steps), Unsent);
     EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+    Choose("mnuTEST");
+    EXPECT_EQ(Refusal(Steps), Unsent);
+    EXPECT_EQ(ScriptedPanel::Run.Test(), nullptr);
     Click("txPSTEP_1");
     EXPECT_EQ(Boxes.Shown.size(), 1U);
     ASSERT_TRUE(Quiet());
@@ -147,10 +150,17 @@ TEST_F(RunSequence, AStepIsHeldOnlyIfTheSupplyHasAcknowledgedIt) {
     Click("cmdOCP");
     ASSERT_TRUE(Quiet());
     EXPECT_FALSE(Source().StepFlag[1]);
+    for (const char* step : {"txPSTEP_0", "txPSTEP_1"}) {
+        Click(step);
+        ASSERT_TRUE(Quiet());
+    }
     Line().Answer({});
     for (const char* field : {"txPVOLT_1", "txPCURR_1"}) Enter(*this, field, "1.5");
     ASSERT_TRUE(Quiet());
     EXPECT_FALSE(Source().StepFlag[1]);
+    Enter(*this, "txPVOLT_1", "1.6");  // now it has both
+    ASSERT_TRUE(Quiet());
+    EXPECT_TRUE(Source().StepFlag[1]);
 }
 
 TEST_F(RunSequence, TheAnswerToAValueIsHeardAlsoBehindAFrameOrWindowThatFollowsAtOnce) {
@@ -162,7 +172,9 @@ TEST_F(RunSequence, TheAnswerToAValueIsHeardAlsoBehindAFrameOrWindowThatFollowsA
             }
             Type("txPVOLT_1", byWindow ? "2" : "1");
             Line().Answer(answer);
+            const auto begun = Line().Waited();
             byWindow ? Choose("mnuTEST") : Click("cmdAUTO");
+            EXPECT_GE(Line().Waited() - begun, 100ms);
             EXPECT_EQ(Source().StepFlag[1], answer == Acknowledged);
             ASSERT_TRUE(Quiet());
             if (byWindow) ScriptedPanel::Run.Test()->close();
