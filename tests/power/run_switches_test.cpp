@@ -73,6 +73,12 @@ TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndPollsOnce) {
     EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));
     EXPECT_EQ(Texts(*this, {"Rem_Loc", "lblPREMOTE"}), "REMOTE RS232");
     EXPECT_EQ(Lit("RemoteLED"), PaleOrange);
+    for (const auto& [frames, least] : {std::pair(2U, 170), std::pair(3U, 140)}) {
+        QElapsedTimer timer;
+        timer.start();
+        ASSERT_TRUE(AreSent(frames));
+        EXPECT_GE(timer.elapsed(), least) << frames;
+    }
     EXPECT_FALSE(AreSent(4, 1s));
     EXPECT_EQ(Sent(), "rU?");
 }
@@ -118,6 +124,19 @@ TEST_F(RunSwitches, GoingLocalShowsTheOutputOffAndEndsPollsAndStepStart) {
     }
     EXPECT_FALSE(AreSent(4, 500ms));
     EXPECT_EQ(Sent(), "lrl");
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(AreSent(2) && Quiet());
+    Click("cmdPREMOTE");  // before the poll behind the step start
+    EXPECT_FALSE(AreSent(4, 500ms));
+    EXPECT_EQ(Sent(), "rUl");
+}
+
+TEST_F(RunSwitches, OutputOnWaitsForTheStepStartBehindTheSettingsWindow) {
+    Choose("mnuSET_MANU");
+    ScriptedPanel::Run.Settings()->close();
+    Sent();
+    TimeToSwitchOn();
+    EXPECT_EQ(Sent(), "UA1");
 }
 
 TEST_F(RunSwitches, OutputOnWaitsForAReplyInProgressAndIgnoresEveryOtherClick) {
