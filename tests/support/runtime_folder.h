@@ -25,7 +25,8 @@ class RuntimeFolder {
 
   private:
     const std::string Before = std::getenv("XDG_RUNTIME_DIR") ? std::getenv("XDG_RUNTIME_DIR") : "";
-    std::string Name = std::filesystem::temp_directory_path() / "zps-test-XXXXXX";
+    // mkdtemp puts characters of its choice in place of the last six.
+    std::string Name = std::filesystem::temp_directory_path() / ("zps-test-" + std::string(6, 'X'));
 };
 
 }  // namespace zps::tests
