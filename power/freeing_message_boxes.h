@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/message_boxes.h"
-#include "power/edit_lock.h"
+#include "power/steps/edit_lock.h"
 
 namespace zps {
 

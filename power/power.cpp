@@ -1,19 +1,19 @@
 #include "power/power.h"
 
-#include "power/auto_sequence.h"
-#include "power/edit_lock.h"
-#include "power/entries.h"
 #include "power/freeing_message_boxes.h"
+#include "power/link/polling.h"
 #include "power/log/measurement_log.h"
-#include "power/panel_enabling.h"
-#include "power/power_parts.h"
-#include "power/reply_handler.h"
-#include "power/step_entry.h"
-#include "power/step_list.h"
-#include "power/step_scrolling.h"
-#include "power/step_upload.h"
-#include "power/supervision.h"
-#include "power/switches.h"
+#include "power/panel/panel_enabling.h"
+#include "power/panel/power_parts.h"
+#include "power/run/auto_sequence.h"
+#include "power/run/reply_handler.h"
+#include "power/run/switches.h"
+#include "power/steps/edit_lock.h"
+#include "power/steps/entries.h"
+#include "power/steps/step_entry.h"
+#include "power/steps/step_list.h"
+#include "power/steps/step_scrolling.h"
+#include "power/steps/step_upload.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -75,7 +75,7 @@ struct POWER::Inside {
     StepUpload Upload;
     MeasurementLog& Log;
     ReplyHandler Replies;
-    Supervision Polls;
+    Polling Polls;
     Switches Buttons;
     AutoSequence Sequence;
 };

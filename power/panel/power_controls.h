@@ -1,0 +1,94 @@
+// The controls of the main window, under their given names. The window owns them all.
+#pragma once
+
+#include "controls/click_label.h"
+#include "controls/entry_field.h"
+#include "controls/lamp.h"
+#include "controls/number_panels.h"
+#include "power/panel/step_list_frame.h"
+#include "power/panel/step_scroll_bar.h"
+#include "source/step_table.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <array>
+
+class QMainWindow;
+
+namespace zps {
+
+class MeasurementLog;
+
+struct PowerControls {
+    // Menus
+    QAction* mnuSET_MANU = nullptr;
+    QAction* mnuTEST = nullptr;
+    QAction* mnuData_Clear = nullptr;
+    QAction* mnuPROGRAM_END = nullptr;
+    QAction* mnuHELP = nullptr;
+
+    // Model and read-outs
+    QLabel* lblZPS_MODEL = nullptr;
+    QLabel* lblSPEC_VA = nullptr;
+    QLineEdit* txtVOLT = nullptr;
+    QLineEdit* txtCURR = nullptr;
+    QLabel* txtSTEP = nullptr;
+    QLabel* lblMODE = nullptr;
+
+    // Switches, their labels and lamps
+    QPushButton* cmdOUTPUT = nullptr;
+    QPushButton* cmdAUTO = nullptr;
+    QPushButton* cmdPVsense = nullptr;
+    QPushButton* cmdOCP = nullptr;
+    QPushButton* cmdPREMOTE = nullptr;
+    QLabel* Output_ONOFF = nullptr;
+    QLabel* Auto_ONOFF = nullptr;
+    QLabel* Vsense_ONOFF = nullptr;
+    QLabel* OCP_ONOFF = nullptr;
+    QLabel* Rem_Loc = nullptr;
+    QLabel* lblPREMOTE = nullptr;
+    Lamp* OutputLED = nullptr;
+    Lamp* AutoLED = nullptr;
+    Lamp* VsenseLED = nullptr;
+    Lamp* OCPLED = nullptr;
+    Lamp* RemoteLED = nullptr;
+
+    // Step list
+    StepListFrame* fraSTEPLIST = nullptr;
+    StepScrollBar* vscAUTOSTEP = nullptr;
+    std::array<QPushButton*, RowCount> txPSTEP{};
+    std::array<EntryField*, RowCount> txPVOLT{};
+    std::array<EntryField*, RowCount> txPCURR{};
+    std::array<EntryField*, RowCount> txPTIME{};
+    std::array<EntryField*, RowCount> txPSLOPE{};
+    std::array<EntryField*, RowCount> txPOVP{};
+    QPushButton* cmdFOCUS = nullptr;  // takes the focus that no field should have
+
+    // Auto sequence
+    QLabel* lblAutoStep = nullptr;
+    EntryField* txtPAUTOSTEP = nullptr;
+    QLabel* lblCount = nullptr;
+    EntryField* txtPAUTOCOUNT = nullptr;
+
+    // Frames that are there only with an identified supply
+    QFrame* frmPOWERDISPLAY = nullptr;
+    QFrame* fraDATA = nullptr;
+
+    // Link
+    NumberPanels* StatusBar_RXDATA = nullptr;
+    QLabel* lblZPS_ERR = nullptr;   // polls without any byte
+    QLabel* lblZPS_ERR1 = nullptr;  // data replies of the wrong length
+    QLabel* lblZPS_ENQ = nullptr;   // data replies with a wrong header
+    ClickLabel* lblORV_URL = nullptr;
+
+    MeasurementLog* Log = nullptr;
+};
+
+// Makes the controls and lays them out in `window`.
+PowerControls MakePowerControls(QMainWindow& window);
+
+}  // namespace zps
