@@ -11,10 +11,12 @@
 namespace zps::bench {
 namespace {
 
-// The frame of 32 bytes that uploads a step, from the texts of its row.
+// The frame of 32 bytes that uploads a step, from its values.
 void BuildStepFrame(benchmark::State& state) {
-    const StepTexts texts{"12.50", "1.000", "1.50000", "0.10000", "218.0"};
-    for (auto _ : state) benchmark::DoNotOptimize(UploadFrame(1, 5, texts, 100, 1000));
+    const StepBytes values{SetPointBytes("12.50", 100), SetPointBytes("1.000", 1000),
+                           TimeBytes("1.50000"), SlopeBytes("0.10000"),
+                           SetPointBytes("218.0", 100)};
+    for (auto _ : state) benchmark::DoNotOptimize(UploadFrame(1, 5, values));
 }
 BENCHMARK(BuildStepFrame);
 

@@ -2,15 +2,18 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPainter>
+
+#include <utility>
 
 namespace zps {
 
 namespace {
 
-// The focus comes and goes with the whole window, or behind a menu or pop-up.
-bool LeavesTheWindow(Qt::FocusReason reason) {
-    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
-           reason == Qt::MenuBarFocusReason;
+EntryField::Way WayOf(Qt::FocusReason reason) {
+    const bool withWindow = reason == Qt::ActiveWindowFocusReason ||
+                            reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+    return withWindow ? EntryField::Way::WithWindow : EntryField::Way::ByControl;
 }
 
 void Call(const std::function<void()>& event) {
@@ -24,37 +27,42 @@ EntryField::EntryField(const QString& name, const QString& accessibleName, QWidg
     setObjectName(name);
     setAccessibleName(accessibleName);
     setAttribute(Qt::WA_InputMethodEnabled, false);
-    setAcceptDrops(false);  // a dropped text would come without the focus, and so unchecked
+    setAcceptDrops(false);
     setContextMenuPolicy(Qt::NoContextMenu);
-    connect(this, &QLineEdit::textChanged, this, [this] { Call(On.Change); });
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& now) {
+        const QString before = std::exchange(Known, now);
+        if (!Writing && On.Change) On.Change(before);
+    });
 }
 
-void EntryField::SetEvents(Events events) {
-    On = std::move(events);
+void EntryField::Write(const QString& text) {
+    const bool nested = std::exchange(Writing, true);
+    setText(text);
+    Writing = nested;
+}
+
+void EntryField::MarkRefused(bool refused) {
+    if (refused == Marked) return;
+    Marked = refused;
+    const QString words =
+        refused
+            ? QStringLiteral("전원 장치가 이 값을 받지 않았습니다. Enter를 누르면 다시 보냅니다.")
+            : QString();
+    setToolTip(words);
+    setAccessibleDescription(words);
+    update();
 }
 
 void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    const bool elsewhere = Inside || (On.Refocusing && On.Refocusing());
-    if (LeavesTheWindow(event->reason()) && elsewhere) return;
-    Inside = true;
-    Call(On.GotFocus);
+    FocusByMouse = event->reason() == Qt::MouseFocusReason;
+    if (On.FocusIn) On.FocusIn(WayOf(event->reason()));
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (!LeavesTheWindow(event->reason())) Leave();
-}
-
-void EntryField::Leave() {
-    deselect();  // before the handler: it may bring the focus back with the text selected
-    if (!Inside) return;
-    Inside = false;
-    Call(On.LostFocus);
-}
-
-void EntryField::Cancel() {
-    Call(On.Cancelled);
+    FocusByMouse = WholeByMouse = false;
+    if (On.FocusOut) On.FocusOut(WayOf(event->reason()));
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
@@ -64,7 +72,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
             Call(On.Committed);
             return;
         case Qt::Key_Escape:
-            Cancel();
+            Call(On.Cancelled);
             return;
         default:
             break;
@@ -72,6 +80,30 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     const bool command = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
     if (On.KeyPress && !command && !event->text().isEmpty()) On.KeyPress(event->text().front());
     QLineEdit::keyPressEvent(event);
+}
+
+void EntryField::mousePressEvent(QMouseEvent* event) {
+    WholeByMouse = std::exchange(FocusByMouse, false);
+    QLineEdit::mousePressEvent(event);
+    if (WholeByMouse) selectAll();
+}
+
+void EntryField::mouseMoveEvent(QMouseEvent* event) {
+    if (!WholeByMouse) QLineEdit::mouseMoveEvent(event);
+}
+
+void EntryField::mouseDoubleClickEvent(QMouseEvent* event) {
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (WholeByMouse) selectAll();
+}
+
+void EntryField::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!Marked) return;
+    constexpr int Thickness = 3;  // px
+    QPainter painter(this);
+    painter.setPen(QPen(QColor(0xC0, 0, 0), Thickness));
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
 }  // namespace zps

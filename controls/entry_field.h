@@ -1,51 +1,61 @@
-// A one-line entry field with the focus events that the panel's rules are written in.
+// A one-line entry field: what the toolkit tells of it, sorted into what the panel's rules speak
+// of.
 #pragma once
 
 #include <QLineEdit>
 
+#include <cstdint>
 #include <functional>
+#include <utility>
 
 namespace zps {
 
-// GotFocus and LostFocus are moves of the focus between controls of the window. A message box, a
-// menu, a pop-up or another program coming to the front is neither: a half-typed value stays
-// half-typed. LostFocus comes only after a GotFocus, whatever order the toolkit delivers in, and a
-// field that a person can type into has had its GotFocus.
+// It keeps no rule of its own: whoever handles its events decides when it is entered and left.
 class EntryField : public QLineEdit {
   public:
     EntryField(const QString& name, const QString& accessibleName, QWidget* parent);
 
+    // How the focus comes or goes: between controls of the window; or with the whole window, or
+    // behind a menu or pop-up, so that the field stays as it is.
+    enum class Way : std::uint8_t { ByControl, WithWindow };
+
     struct Events {
-        std::function<void()> GotFocus;
-        std::function<void()> LostFocus;
-        std::function<void()> Change;     // the text has changed, also by program
+        std::function<void(Way)> FocusIn;
+        std::function<void(Way)> FocusOut;
+        // The text has changed, by a person or from outside; not by Write.
+        std::function<void(const QString& before)> Change;
         std::function<void()> Committed;  // Enter
         std::function<void()> Cancelled;  // Escape
-        std::function<void(QChar)>
-            KeyPress;  // a key that makes a character, before it takes effect
-        // Whether the focus is on its way back to a field in error: one that gets it meanwhile,
-        // with the window, has not been entered.
-        std::function<bool()> Refocusing;
+        // A key that makes a character, before it takes effect.
+        std::function<void(QChar)> KeyPress;
     };
-    void SetEvents(Events events);
+    void SetEvents(Events events) { On = std::move(events); }
 
-    // Whether the field has had its GotFocus and not yet its LostFocus.
-    bool Entered() const { return Inside; }
+    // Sets the text by program: no Change is told.
+    void Write(const QString& text);
 
-    // The focus has been moved elsewhere by program. In a window that is not active the toolkit
-    // does not tell, so the field has its LostFocus now; it does nothing if it had it.
-    void Leave();
-    // As Escape does.
-    void Cancel();
+    // Shows that the supply has not taken the value, and tells it to screen readers.
+    void MarkRefused(bool refused);
+    bool Refused() const { return Marked; }
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     Events On;
-    bool Inside = false;
+    QString Known;         // the text before the next change
+    bool Writing = false;  // the program sets the text
+    bool Marked = false;
+    // The mouse has brought the focus: it selects the whole text, as Tab does, until it is pressed
+    // again.
+    bool FocusByMouse = false;
+    bool WholeByMouse = false;
 };
 
 }  // namespace zps

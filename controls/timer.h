@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/handlers.h"
+#include "source/timekeeper.h"
 
 #include <QTimer>
 
@@ -13,18 +14,17 @@ namespace zps {
 // Whether a tick waits while another handler of its window is up, or runs inside it.
 enum class TickMode : std::uint8_t { WhenFree, AtOnce };
 
-class Timer : public QObject {
+class Timer : public QObject, public Ticker {
   public:
     Timer(const QString& name, std::chrono::milliseconds interval, Handlers& handlers,
           TickMode mode);
 
     // What a tick does. A tick that had to wait is dropped if the timer has been disabled
     // meanwhile.
-    void OnTick(std::function<void()> tick) { Tick = std::move(tick); }
+    void OnTick(std::function<void()> tick) override { Tick = std::move(tick); }
 
-    // Enabling a timer that runs already does not restart it.
-    void SetEnabled(bool enabled);
-    bool Enabled() const { return Countdown.isActive(); }
+    void SetEnabled(bool enabled) override;
+    bool Enabled() const override { return Countdown.isActive(); }
     void SetInterval(std::chrono::milliseconds interval);
 
   private:

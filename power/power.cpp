@@ -1,17 +1,15 @@
 #include "power/power.h"
 
+#include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
-#include "power/link/polling.h"
-#include "power/log/measurement_log.h"
+#include "power/panel/gate.h"
 #include "power/panel/panel_enabling.h"
-#include "power/panel/power_parts.h"
+#include "power/panel/status_display.h"
 #include "power/run/auto_sequence.h"
+#include "power/run/output_switch.h"
+#include "power/run/remote_switch.h"
 #include "power/run/reply_handler.h"
-#include "power/run/switches.h"
-#include "power/steps/edit_lock.h"
-#include "power/steps/entries.h"
 #include "power/steps/step_entry.h"
-#include "power/steps/step_list.h"
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
 
@@ -24,70 +22,154 @@ namespace zps {
 
 // In the order in which they are built on one another.
 struct POWER::Inside {
-    Inside(POWER& window, SOURCE& source, const Surroundings& around)
-        : Boxes(around.Boxes),
-          Events(Boxes, &window),
-          Controls(MakePowerControls(window)),
-          Timers(Events),
-          comPOWER(around.Ports.MakePort()),
-          Line(source, *comPOWER),
-          Held(source, *comPOWER, Line, State.CurStep),
-          Parts{source, State, Controls, Timers, Line, Held, Events, Boxes, around.Loop, window},
-          Rows(Parts),
-          Lock(Parts, around.Pointer),
-          Fields(Parts),
-          Entry(Parts, Rows, Lock, Fields),
-          Scrolling(Parts, Rows, Lock, Fields),
-          Upload(Parts, Rows, Lock, Fields),
-          Log(*Controls.Log),
-          Replies(Parts, Lock, Log, *comPOWER),
-          Polls(Parts, Replies),
-          Buttons(Parts, Lock, Fields, Log),
-          Sequence(Parts, Fields) {
-        source.Rows = &Rows;
-        Boxes.Free(Lock);
-        Held.OnTakenBack([this] { Lock.StepTakenBack(); });
-        Log.SetRunning([this] { return State.OutputOn; });
-        Timers.tmrSTART.OnTick([this] { Upload.tmrSTART_Timer(); });
-    }
-
-    ~Inside() {
-        Parts.Source.Rows = nullptr;
-        Log.SetRunning([] { return false; });  // the window's children live a little longer
-    }
+    Inside(POWER& window, SOURCE& source, const Surroundings& around);
+    ~Inside();
     Inside(const Inside&) = delete;
     Inside& operator=(const Inside&) = delete;
 
+    PanelState State() const;
+    // Lets what the present state allows be used, and nothing else. Runs after each change of it.
+    void Refresh();
+    // The output has been switched, by whomever.
+    void ShowOutput();
+    void ShowScrolled();
+    bool SendTopStep();
+    // Nothing is sent by itself any more.
+    void EndExchanges();
+
     FreeingMessageBoxes Boxes;
     Handlers Events;
+    WindowTime Time;
     PowerControls Controls;
-    PowerState State;
-    PowerTimers Timers;
     std::unique_ptr<serial::Port> comPOWER;
     Transmitter Line;
-    HeldSteps Held;
     PowerParts Parts;
-    StepList Rows;
+    Gate Door;
+
+    Output Out;
+    Polling Polls;
+    HeldSteps Held;
+    ReadOuts Shown;
     EditLock Lock;
+    bool OvpUnderLoad = false;  // the list has been scrolled since the output went on
+
     Entries Fields;
+    Commands Ways;
+    StepList Rows;
     StepEntry Entry;
     StepScrolling Scrolling;
     StepUpload Upload;
+    StepStart Start;
     MeasurementLog& Log;
-    ReplyHandler Replies;
-    Polling Polls;
-    Switches Buttons;
+    FunctionSwitches Functions;
+    RemoteSwitch Remote;
+    OutputSwitch OutputButton;
     AutoSequence Sequence;
+    ReplyHandler Replies;
 };
 
-POWER::POWER(SOURCE& source, const Surroundings& around)
-    : Self(std::make_unique<Inside>(*this, source, around)) {
+POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
+    : Boxes(around.Boxes),
+      Events(Boxes, &window),
+      Time(Events),
+      Controls(MakePowerControls(window)),
+      comPOWER(around.Ports.MakePort()),
+      Line(source, *comPOWER),
+      Parts{source, Controls, Line, Events, Boxes, window},
+      Door(window),
+      Polls(source, Line, Time, [this] { return Out.On(); }),
+      Held(source, *comPOWER, Line, Time),
+      Shown(Controls, source),
+      Lock(Parts, around.Pointer),
+      Fields(Parts, Door),
+      Ways(Parts, Door, Fields),
+      Rows(Parts, Held),
+      Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
+      Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
+      Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
+      Start(
+          Time, [this] { return SendTopStep(); }, [this] { Polls.Poll(); }),
+      Log(*Controls.Log),
+      Functions(Parts, Ways, [this] { Refresh(); }),
+      Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
+      OutputButton(Parts, Ways,
+                   {Door, Fields, Out, Start, Polls, Shown, Lock, Rows, Held, Log, around.Loop}),
+      Sequence(Parts, Fields),
+      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log}) {
+    source.Rows = &Rows;
+    Boxes.Free(Lock);
+    Log.SetRunning([this] { return Out.On(); });
+    Out.OnChange([this] { ShowOutput(); });
+    Lock.OnChange([this] { Refresh(); });
+    Rows.OnSelect([this] { Refresh(); });
+    Held.OnChange([this] {
+        Rows.Repaint();
+        Refresh();
+    });
+}
+
+POWER::Inside::~Inside() {
+    Parts.Source.Rows = nullptr;
+    Log.SetRunning([] { return false; });  // the window's children live a little longer
+}
+
+PanelState POWER::Inside::State() const {
+    PanelState state;
+    state.Identified = Remote.Identified();
+    state.Remote = Remote.ControlsUsable();
+    state.LeavesRemote = Remote.On();
+    state.OutputOn = Out.On();
+    state.OutputShown = Out.ShownOn();
+    state.AutoOn = Functions.AutoOn();
+    state.Locked = Lock.Locked();
+    state.EditedRow = Lock.EditedRow();
+    state.SelectedRow = Rows.CurStep() - Rows.TopStep();
+    for (int row = 0; row < RowCount; ++row) {
+        state.Held.at(static_cast<std::size_t>(row)) = Parts.Source.StepFlag(Rows.StepOf(row));
+    }
+    state.OvpUnderLoad = OvpUnderLoad;
+    return state;
+}
+
+void POWER::Inside::Refresh() {
+    Enable(Controls, UsableIn(State()));
+}
+
+void POWER::Inside::ShowOutput() {
+    ShowAsked(Controls, OutputFunction(), Out.ShownOn());
+    OvpUnderLoad = false;
+    Polls.Stop();
+    Lock.ReleaseEditLock();
+    Refresh();
+}
+
+void POWER::Inside::ShowScrolled() {
+    OvpUnderLoad = Out.On();
+    Lock.ReleaseEditLock();
+    Refresh();
+}
+
+bool POWER::Inside::SendTopStep() {
+    if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
+    Out.ForgetForStepStart();
+    Upload.SendTopStep();
+    return true;
+}
+
+void POWER::Inside::EndExchanges() {
+    Polls.End();
+    Start.CallOff();
+}
+
+POWER::POWER(SOURCE& source, const Surroundings& around) {
+    // Only now: making the controls sends events to this window.
+    Self = std::make_unique<Inside>(*this, source, around);
     setObjectName(QStringLiteral("POWER"));
     setWindowTitle(QStringLiteral("ZPS-RS232"));
     ConnectMenus();
     PowerControls& c = Self->Controls;
     c.lblORV_URL->OnDoubleClick = [this, &browser = around.Browser] {
-        if (!Self->State.Switching) Self->Events.Run([&] { lblORV_URL_DblClick(browser); });
+        Self->Ways.Run([&] { lblORV_URL_DblClick(browser); });
     };
     // The frame of a locked row moves on the screen with what the window shows of it.
     const auto* view = qobject_cast<QScrollArea*>(centralWidget());
@@ -104,43 +186,36 @@ void POWER::Form_Load() {
     source.RxBusy = false;
     Self->comPOWER->SetCommPort(source.CommPort);
     Self->comPOWER->SetPortOpen(true);
-    source.VoltScale = 100;
-    source.CurrScale = 10000;
-    Self->State = PowerState{};
+    source.SetStartScales();
     source.PowerAddr = source.SetAddr;
     ShowModel();
     source.ReplyFlag = ExpectAck;
     Self->Controls.frmPOWERDISPLAY->setVisible(true);
-    source.PaintStepRows(0);
-    DisablePanel(Self->Parts);
+    Self->Rows.Highlight(0);
+    Self->Refresh();
 }
 
 void POWER::ConnectMenus() {
-    const auto connectMenu = [this](QAction* menu, std::function<void()> click) {
-        connect(menu, &QAction::triggered, this, [this, click = std::move(click)] {
-            if (!Self->State.Switching) Self->Events.Run(click);
-        });
-    };
     const PowerControls& c = Self->Controls;
-    connectMenu(c.mnuSET_MANU, [this] { OpenOther(&POWER::SettingsWanted); });
-    connectMenu(c.mnuTEST, [this] { OpenOther(&POWER::TestWanted); });
-    connectMenu(c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
-    connectMenu(c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
-    connectMenu(c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
+    Self->Ways.Connect(*c.mnuSET_MANU, [this] { OpenOther(&POWER::SettingsWanted); });
+    Self->Ways.Connect(*c.mnuTEST, [this] { OpenOther(&POWER::TestWanted); });
+    Self->Ways.Connect(*c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
+    Self->Ways.Connect(*c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
+    Self->Ways.Connect(*c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
 }
 
 void POWER::OpenOther(void (POWER::*wanted)()) {
-    if (HandOver()) Q_EMIT(this->*wanted)();
+    HandOver();
+    Q_EMIT(this->*wanted)();
 }
 
-bool POWER::HandOver() {
-    if (!Self->Fields.CommitAll()) return false;
-    Self->Timers.StopAll();
+void POWER::HandOver() {
+    Self->Controls.cmdFOCUS->setFocus();  // what a closing message has given it to
+    Self->EndExchanges();
     Self->Line.AwaitOutstanding();
     Self->Parts.Source.MenuDialogFlag = true;
     Self->comPOWER->SetPortOpen(false);
     setEnabled(false);
-    return true;
 }
 
 std::optional<serial::PortError> POWER::TakeBack() {
@@ -151,10 +226,15 @@ std::optional<serial::PortError> POWER::TakeBack() {
         Self->comPOWER->SetCommPort(Self->Parts.Source.CommPort);
         Self->comPOWER->SetPortOpen(true);
         Self->Parts.Source.PortOpenedOn(Self->comPOWER->Device());
+        ConnectionChanged();
     } catch (const serial::PortError& error) {
         return error;
     }
     return std::nullopt;
+}
+
+void POWER::ConnectionChanged() {
+    Self->Shown.Refresh();
 }
 
 void POWER::ReportPort(const serial::PortError& error) {
@@ -163,10 +243,13 @@ void POWER::ReportPort(const serial::PortError& error) {
 
 void POWER::ShowPanels(bool identified) {
     for (QFrame* frame : {Self->Controls.frmPOWERDISPLAY, Self->Controls.fraDATA}) {
-        EnableControl(Self->Controls, *frame, identified);
+        frame->setEnabled(identified);
         frame->setVisible(identified);
     }
-    Self->Timers.tmrSTART.SetEnabled(identified);
+    if (identified)
+        Self->Start.Begin();
+    else
+        Self->Start.CallOff();
 }
 
 void POWER::ShowModel() {
@@ -178,13 +261,18 @@ void POWER::ShowRatings(const QString& ratings) {
 }
 
 void POWER::StepTableReset() {
-    Self->Rows.FillFields(0);
-    Self->Parts.Source.PaintStepRows(0);
-    SetRemoteControls(Self->Parts, true);
+    Self->Held.Forget();
+    Self->Lock.ReleaseEditLock();
+    Self->Rows.FillFields();
+    Self->Rows.Highlight(0);
+    Self->Shown.Refresh();
+    Self->Remote.SetRemoteControls(true);
 }
 
 void POWER::FunctionsReset() {
-    Self->Buttons.ResetFunctions();
+    if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
+    Self->Out.WentOff();
+    Self->Functions.Reset();
 }
 
 void POWER::comPOWER_Event() {
@@ -221,7 +309,7 @@ Message EndQuestion(MessageIcon icon) {
 }  // namespace
 
 void POWER::mnuPROGRAM_END_Click() {
-    Self->Timers.tmrDLE.SetEnabled(false);
+    Self->Polls.Stop();
     if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information)) != Answer::Yes) return;
     const int address = Self->Parts.Source.PowerAddr;
     if (Self->comPOWER->PortOpen()) {
@@ -229,14 +317,14 @@ void POWER::mnuPROGRAM_END_Click() {
         Self->Line.TransmitFrame();
         Self->comPOWER->SetPortOpen(false);
     }
-    Self->Timers.StopAll();
+    Self->EndExchanges();
     Q_EMIT Closed();
     QCoreApplication::exit(0);
 }
 
 bool POWER::MayUnload() {
     if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question)) != Answer::Yes) return false;
-    Self->Timers.StopAll();
+    Self->EndExchanges();
     if (Self->comPOWER->PortOpen()) {
         Self->Line.Send(ControlFrame(Self->Parts.Source.PowerAddr, code::Dc1), ExpectAck);
         Self->comPOWER->SetPortOpen(false);
@@ -246,9 +334,7 @@ bool POWER::MayUnload() {
 
 void POWER::closeEvent(QCloseEvent* event) {
     event->ignore();
-    // Another window has the port, or a click is still being worked on.
-    if (!isEnabled() || Self->State.Switching) return;
-    Self->Events.Run([&] {
+    Self->Ways.Run([&] {
         if (!MayUnload()) return;
         event->accept();
         Q_EMIT Closed();
@@ -259,6 +345,8 @@ bool POWER::event(QEvent* event) {
     if (Self) {
         if (event->type() == QEvent::WindowActivate) Self->Lock.ResumeConfinement();
         if (event->type() == QEvent::WindowDeactivate) Self->Lock.SuspendConfinement();
+        // The colours of plain rows are the desktop's.
+        if (event->type() == QEvent::PaletteChange) Self->Rows.Repaint();
     }
     return QMainWindow::event(event);
 }

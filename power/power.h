@@ -33,9 +33,8 @@ class POWER : public QMainWindow {
     // Opens the port and sets everything to its start. Throws serial::PortError.
     void Form_Load();
 
-    // Gives the port up to another window and disables this one. False, and nothing done, if an
-    // entry in error keeps the focus.
-    bool HandOver();
+    // Gives the port up to another window and disables this one. No entry is open.
+    void HandOver();
     // Takes the port back, shows and enables the window in any case. The error if the port could
     // not be opened; ReportPort shows it.
     std::optional<serial::PortError> TakeBack();
@@ -46,6 +45,9 @@ class POWER : public QMainWindow {
 
     void ShowModel();
     void ShowRatings(const QString& ratings);
+    // Another address, port or device has been chosen: the ratings may be unknown now, or known
+    // again.
+    void ConnectionChanged();
     // The step table has been reset for a supply that is under remote control.
     void StepTableReset();
     // The supply has acknowledged that all its functions are off.

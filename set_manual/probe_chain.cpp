@@ -108,15 +108,14 @@ Reply ProbeChain::Judge(const Bytes& reply) {
 }
 
 bool ProbeChain::TellsUnknownRatings() const {
-    return Source.SetAddr != Source.CheckedAddr;
+    return Source.SetAddr != Source.CheckedAddr();
 }
 
 void ProbeChain::TakeRatings(const Bytes& reply) {
     if (!TellsUnknownRatings()) return;
     constexpr double CountsPerUnit = 10;
     const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
-    Source.CheckedAddr = Source.SetAddr;
-    Source.RatedDevice = Port.Device();
+    Source.ReadFrom(Source.SetAddr, Port.Device());
     Tell.Ratings(ratings.Volt / CountsPerUnit, ratings.Curr / CountsPerUnit);
 }
 

@@ -84,12 +84,12 @@ void SET_MANUAL::Form_Load() {
     Controls.cmbMODEL->setCurrentIndex(Source.ModelIndex);
     cmbMODEL_Click();
     Controls.optPORT(Source.CommPort).setChecked(true);
-    Controls.POWERVoltage->setText(QString::fromStdString(FormatFixed(Source.MaxVolt, 1)));
-    Controls.POWERCurrent->setText(QString::fromStdString(FormatFixed(Source.MaxCurr, 1)));
+    Controls.POWERVoltage->setText(QString::fromStdString(FormatFixed(Source.MaxVolt(), 1)));
+    Controls.POWERCurrent->setText(QString::fromStdString(FormatFixed(Source.MaxCurr(), 1)));
     Chain.ProbeStage = ProbeChain::Idle;
     if (error) {
         ReportLater(*error);
-    } else if (Source.SetAddr != Source.CheckedAddr) {
+    } else if (Source.SetAddr != Source.CheckedAddr()) {
         Chain.StartLater(DelayAtLoad);
     }
 }
@@ -97,7 +97,7 @@ void SET_MANUAL::Form_Load() {
 void SET_MANUAL::optPORT_Click(int number) {
     const auto port = static_cast<std::int16_t>(number);
     // Another port may hold another supply: the old ratings must not meet it.
-    if (port != Source.CommPort) Source.CheckedAddr = LinkState::NoAddress;
+    if (port != Source.CommPort) Source.Forget();
     Source.CommPort = FormPort = port;
     Source.RxResult = Reply::None;
     Chain.Stop();

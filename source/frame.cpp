@@ -35,10 +35,10 @@ constexpr std::array CommandShapes{
 };
 constexpr CommandShape AnyOther{"", 0, 1};
 
-CommandShape ShapeOf(int letter) {
+CommandShape ShapeOf(int commandLetter) {
     for (const auto& shape : CommandShapes) {
         if (std::any_of(shape.Letters.begin(), shape.Letters.end(),
-                        [letter](char known) { return known == letter; })) {
+                        [commandLetter](char known) { return known == commandLetter; })) {
             return shape;
         }
     }
@@ -49,8 +49,8 @@ CommandShape ShapeOf(int letter) {
 
 FrameBuilder::FrameBuilder(int address) : Data{ToByte(address), code::Stx, 0} {}
 
-FrameBuilder& FrameBuilder::Command(char letter, std::initializer_list<int> data) {
-    Append({code::Esc, static_cast<unsigned char>(letter)});
+FrameBuilder& FrameBuilder::Command(char commandLetter, std::initializer_list<int> data) {
+    Append({code::Esc, static_cast<unsigned char>(commandLetter)});
     return Append(data);
 }
 
@@ -60,6 +60,11 @@ FrameBuilder& FrameBuilder::Append(std::initializer_list<int> data) {
 
 FrameBuilder& FrameBuilder::Append(std::span<const int> data) {
     for (const int value : data) Data.push_back(ToByte(value));
+    return *this;
+}
+
+FrameBuilder& FrameBuilder::Append(const Bytes& data) {
+    Data.insert(Data.end(), data.begin(), data.end());
     return *this;
 }
 
@@ -83,10 +88,10 @@ Word SplitWord(std::int32_t value) {
     return {value / 256, value % 256};
 }
 
-Frame SingleCommand(int address, int letter, std::initializer_list<int> data) {
-    const CommandShape shape = ShapeOf(letter);
+Frame SingleCommand(int address, int commandLetter, std::initializer_list<int> data) {
+    const CommandShape shape = ShapeOf(commandLetter);
     FrameBuilder builder(address);
-    builder.Append({code::Esc, letter});
+    builder.Append({code::Esc, commandLetter});
     auto value = data.begin();
     for (std::size_t i = 0; i < shape.DataBytes; ++i) {
         builder.Append({value != data.end() ? *value++ : 0});
@@ -112,8 +117,12 @@ Frame ProbeFrame(int address, std::uint8_t controlCode, int checkAddress) {
 Frame InitialisationFrame(int address) {
     constexpr int EndOfSequence = 0xFF;
     FrameBuilder builder(address);
-    for (const char letter : {'A', 'W', 'G', 'X'}) builder.Command(letter, {0});
-    return builder.Command('B', {EndOfSequence}).Command('F', {0, 0}).Finish();
+    for (const char off : {letter::Output, letter::Sensing, letter::Auto, letter::OverCurrent}) {
+        builder.Command(off, {0});
+    }
+    return builder.Command(letter::Sequence, {EndOfSequence})
+        .Command(letter::Count, {0, 0})
+        .Finish();
 }
 
 }  // namespace zps

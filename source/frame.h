@@ -27,6 +27,23 @@ inline constexpr std::uint8_t Nak = 21;
 inline constexpr std::uint8_t Esc = 27;
 }  // namespace code
 
+// The letters of the framed commands.
+namespace letter {
+inline constexpr char Output = 'A';    // 1 on, 0 off
+inline constexpr char Sequence = 'B';  // step numbers, then 0xFF
+inline constexpr char Curr = 'C';      // set-point
+inline constexpr char Slope = 'D';
+inline constexpr char Count = 'F';  // cycles of the sequence
+inline constexpr char Auto = 'G';   // 1 on, 0 off
+inline constexpr char Ovp = 'O';    // over-voltage limit
+inline constexpr char FaultReset = 'R';
+inline constexpr char Step = 'S';  // step number
+inline constexpr char Time = 'T';
+inline constexpr char Volt = 'V';         // set-point
+inline constexpr char Sensing = 'W';      // 1 on, 0 off
+inline constexpr char OverCurrent = 'X';  // protection: 1 on, 0 off
+}  // namespace letter
+
 struct Frame {
     Bytes Data;               // the whole frame as it goes on the line
     std::uint8_t Length = 0;  // its length byte; 0 for a control frame
@@ -38,10 +55,11 @@ struct Frame {
 class FrameBuilder {
   public:
     explicit FrameBuilder(int address);
-    FrameBuilder& Command(char letter, std::initializer_list<int> data = {});
+    FrameBuilder& Command(char commandLetter, std::initializer_list<int> data = {});
     // Data of the command begun last.
     FrameBuilder& Append(std::initializer_list<int> data);
     FrameBuilder& Append(std::span<const int> data);
+    FrameBuilder& Append(const Bytes& data);
     FrameBuilder& AppendWord(std::int32_t value);  // as SplitWord has it
     Frame Finish();
 
@@ -57,9 +75,11 @@ struct Word {
 };
 Word SplitWord(std::int32_t value);
 
-// The single command of `letter` with as many of the five data bytes as it takes, and the zeros
-// that the supply expects after them. Any letter without data of its own is sent with one zero.
-Frame SingleCommand(int address, int letter, std::initializer_list<int> data);
+// The single command of `commandLetter` with as many of the five data bytes as it takes, and the
+// zeros that the supply expects after them. Any letter without data of its own is sent with one
+// zero. Only set-points and switches are sent this way; the other values of a step, the sequence,
+// its count and the fault reset go without zeros (FrameBuilder).
+Frame SingleCommand(int address, int commandLetter, std::initializer_list<int> data);
 
 // Three bytes. Throws OverflowError where address + controlCode exceeds 255.
 Frame ControlFrame(int address, std::uint8_t controlCode);

@@ -19,20 +19,39 @@ void SOURCE::PaintStepRows(int step) const {
         if (shown < 0 || shown >= StepCount) {
             throw OverflowError(Overflow::NoStep, std::to_string(shown));
         }
-        const bool held = StepFlag[static_cast<std::size_t>(shown)];
+        const bool held = StepFlag(shown);
         Rows->PaintRow(row, shown == step ? RowState::Selected
                             : held        ? RowState::Held
                                           : RowState::Plain);
     }
 }
 
+void SOURCE::StoreStep(StepValue value, int step, const std::string& text) {
+    const auto wire = [&] {
+        switch (value) {
+            case StepValue::Volt:
+            case StepValue::Ovp:
+                return SetPointBytes(text, VoltScale());
+            case StepValue::Curr:
+                return SetPointBytes(text, CurrScale());
+            case StepValue::Time:
+                return TimeBytes(text);
+            case StepValue::Slope:
+                break;
+        }
+        return SlopeBytes(text);
+    };
+    Store(value, step, text, wire());
+}
+
 void SOURCE::ResetSteps() {
-    StepFlag.fill(false);
-    StepVolt.fill(FormatVolt(0));
-    StepCurr.fill(FormatCurr(MaxCurr));
-    StepTime.fill(FormatSeconds(0));
-    StepSlope.fill(FormatSeconds(0));
-    StepOvp.fill(FormatVolt(MaxOvp));
+    for (int step = 0; step < StepCount; ++step) {
+        StoreStep(StepValue::Volt, step, FormatVolt(0));
+        StoreStep(StepValue::Curr, step, FormatCurr(MaxCurr()));
+        StoreStep(StepValue::Time, step, FormatSeconds(0));
+        StoreStep(StepValue::Slope, step, FormatSeconds(0));
+        StoreStep(StepValue::Ovp, step, FormatVolt(MaxOvp()));
+    }
 }
 
 }  // namespace zps

@@ -2,10 +2,10 @@
 // it is handed it, so that a test makes a fresh one. Window thread only.
 #pragma once
 
+#include "source/ratings.h"
 #include "source/reply.h"
 #include "source/step_rows.h"
 #include "source/step_table.h"
-#include "source/value_format.h"
 
 #include <cstdint>
 #include <string>
@@ -14,13 +14,9 @@ namespace zps {
 
 // What the link between the panel and its supply is made of.
 struct LinkState {
-    static constexpr std::int16_t NoAddress = 99;
-
-    std::int16_t CommPort = 1;             // serial port, 1 to 4
-    std::int16_t SetAddr = 1;              // address chosen in the settings window
-    std::int16_t CheckedAddr = NoAddress;  // address whose ratings were last read
-    std::string RatedDevice;               // and the device through which they were
-    std::int16_t PowerAddr = 0;            // in every frame, expected in every reply
+    std::int16_t CommPort = 1;   // serial port, 1 to 4
+    std::int16_t SetAddr = 1;    // address chosen in the settings window
+    std::int16_t PowerAddr = 0;  // in every frame, expected in every reply
     std::string ModelName = "ZPS_150";
     std::int16_t ModelIndex = 0;  // its place in the settings window's list
 
@@ -35,19 +31,12 @@ struct LinkState {
     bool MenuDialogFlag = false;  // the settings or test window is open
 };
 
-struct SOURCE : LinkState, ValueFormat, StepTable {
+struct SOURCE : LinkState, Ratings, StepTable {
     // The visible rows; set by the main window while it lives.
     StepRows* Rows = nullptr;
 
-    // Whether the ratings are those of the supply at the chosen address. Before they have been read
-    // its scale is unknown, and it gets no set-points.
-    bool RatingsKnown() const { return MaxVolt > 0 && CheckedAddr == SetAddr; }
-
-    // The port has been opened on `device`: the ratings read through another one are not those of
-    // the supply behind it.
-    void PortOpenedOn(const std::string& device) {
-        if (device != RatedDevice) CheckedAddr = NoAddress;
-    }
+    // Whether the ratings are those of the supply at the chosen address.
+    bool RatingsKnown() const { return KnownAt(SetAddr); }
 
     // Puts `frame` into TxFrame, FrameLen and FrameSum.
     void LayFrame(Frame frame);
@@ -56,8 +45,12 @@ struct SOURCE : LinkState, ValueFormat, StepTable {
     // that is not visible highlights none. Throws OverflowError at a row that shows no step.
     void PaintStepRows(int step) const;
 
-    // All steps as a supply with the present ratings starts with: no voltage, full current, no time
-    // and slope, the highest over-voltage level; the supply holds none of them.
+    // A value of a step from the text of its field, with the bytes that it has on the wire at the
+    // present scales. Throws OverflowError, and stores nothing, where it fits none.
+    void StoreStep(StepValue value, int step, const std::string& text);
+
+    // The texts of all steps as a supply with the present ratings starts with: no voltage, full
+    // current, no time and slope, the highest over-voltage level.
     void ResetSteps();
 };
 

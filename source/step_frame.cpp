@@ -4,6 +4,7 @@
 #include "source/numbers.h"
 
 #include <algorithm>
+#include <string>
 
 namespace zps {
 
@@ -12,6 +13,8 @@ namespace {
 constexpr std::size_t MillisecondDigits = 3;
 constexpr int WordLimit = 65535;
 constexpr int ByteLimit = 255;
+constexpr std::array<char, StepValueCount> ValueLetters{letter::Volt, letter::Curr, letter::Time,
+                                                        letter::Slope, letter::Ovp};
 
 // A text of seconds cut at its decimal point.
 struct CutSeconds {
@@ -31,64 +34,63 @@ CutSeconds Cut(std::string_view text) {
             text.substr(0, rest)};
 }
 
-// A slope time: milliseconds as 16 bits, hundredths of a millisecond.
-std::array<int, 3> SlopeBytes(std::string_view text) {
-    constexpr int MillisecondsPerSecond = 1000;
-    const CutSeconds cut = Cut(text);
-    const Word milliseconds = SplitWord(SetPointCounts(cut.ToMillisecond, MillisecondsPerSecond));
-    return {milliseconds.High, milliseconds.Low, StrictInteger(cut.Rest, 0, ByteLimit)};
-}
-
-FrameBuilder& AppendTime(FrameBuilder& builder, std::string_view text) {
-    return builder.Command('T').Append(TimeBytes(text));
-}
-
-FrameBuilder& AppendSlope(FrameBuilder& builder, std::string_view text) {
-    return builder.Command('D').Append(SlopeBytes(text));
-}
-
-}  // namespace
-
 std::int32_t SetPointCounts(std::string_view text, std::int32_t scale) {
     return RoundHalfEven(static_cast<double>(ToSingle(LeadingNumber(text))) * scale);
 }
 
-std::array<int, 5> TimeBytes(std::string_view text) {
+Bytes WordBytes(std::int32_t value) {
+    const Word word = SplitWord(value);
+    return {ToByte(word.High), ToByte(word.Low)};
+}
+
+Bytes Joined(Bytes first, const Bytes& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+char LetterOf(StepValue value) {
+    return ValueLetters.at(static_cast<std::size_t>(value));
+}
+
+}  // namespace
+
+Bytes SetPointBytes(std::string_view text, std::int32_t scale) {
+    return WordBytes(SetPointCounts(text, scale));
+}
+
+Bytes TimeBytes(std::string_view text) {
     const CutSeconds cut = Cut(text);
-    const Word seconds = SplitWord(StrictInteger(cut.Whole, 0, WordLimit));
-    const Word milliseconds = SplitWord(StrictInteger(cut.Milliseconds, 0, WordLimit));
-    return {seconds.High, seconds.Low, milliseconds.High, milliseconds.Low,
-            StrictInteger(cut.Rest, 0, ByteLimit)};
+    Bytes bytes = Joined(WordBytes(StrictInteger(cut.Whole, 0, WordLimit)),
+                         WordBytes(StrictInteger(cut.Milliseconds, 0, WordLimit)));
+    bytes.push_back(ToByte(StrictInteger(cut.Rest, 0, ByteLimit)));
+    return bytes;
 }
 
-Frame OvpFrame(int address, std::string_view text, std::int32_t voltScale) {
-    FrameBuilder builder(address);
-    return builder.Command('O').AppendWord(SetPointCounts(text, voltScale)).Finish();
+Bytes SlopeBytes(std::string_view text) {
+    constexpr int MillisecondsPerSecond = 1000;
+    const CutSeconds cut = Cut(text);
+    Bytes bytes = WordBytes(SetPointCounts(cut.ToMillisecond, MillisecondsPerSecond));
+    bytes.push_back(ToByte(StrictInteger(cut.Rest, 0, ByteLimit)));
+    return bytes;
 }
 
-Frame SlopeFrame(int address, std::string_view text) {
-    FrameBuilder builder(address);
-    return AppendSlope(builder, text).Finish();
-}
-
-Frame TimeFrame(int address, std::string_view text) {
-    FrameBuilder builder(address);
-    return AppendTime(builder, text).Finish();
+Frame ValueFrame(int address, StepValue value, const Bytes& bytes) {
+    if (value == StepValue::Volt || value == StepValue::Curr) {
+        return SingleCommand(address, LetterOf(value), {bytes.at(0), bytes.at(1)});
+    }
+    return FrameBuilder(address).Command(LetterOf(value)).Append(bytes).Finish();
 }
 
 Frame SelectStepFrame(int address, int step) {
-    return FrameBuilder(address).Command('S', {step}).Finish();
+    return FrameBuilder(address).Command(letter::Step, {step}).Finish();
 }
 
-Frame UploadFrame(int address, int step, const StepTexts& texts, std::int32_t voltScale,
-                  std::int32_t currScale) {
+Frame UploadFrame(int address, int step, const StepBytes& values) {
     FrameBuilder builder(address);
-    builder.Command('S', {step});
-    builder.Command('V').AppendWord(SetPointCounts(texts.Volt, voltScale));
-    builder.Command('C').AppendWord(SetPointCounts(texts.Curr, currScale));
-    AppendTime(builder, texts.Time);
-    AppendSlope(builder, texts.Slope);
-    builder.Command('O').AppendWord(SetPointCounts(texts.Ovp, voltScale));
+    builder.Command(letter::Step, {step});
+    for (std::size_t value = 0; value < StepValueCount; ++value) {
+        builder.Command(ValueLetters.at(value)).Append(values.at(value));
+    }
     return builder.Finish();
 }
 

@@ -5,34 +5,45 @@
 
 namespace zps {
 
+using namespace std::chrono_literals;
+
 namespace {
-constexpr std::chrono::milliseconds OutstandingReplyWait{100};
+constexpr auto OutstandingReplyWait = 100ms;
+constexpr auto LatestReply = 1s;
+}  // namespace
+
+bool Transmitter::ReplyInProgress() const {
+    return Source.RxBusy && Now() - SentAt < LatestReply;
 }
 
 void Transmitter::TransmitFrame() {
     AwaitOutstanding();
+    PutOut();
+}
+
+void Transmitter::PutOut() {
     Source.RxBusy = true;
+    SentAt = Now();
     Line.DiscardInput();
     Line.Output(Source.TxFrame);
 }
 
 void Transmitter::AwaitOutstanding() {
-    if (!Source.RxBusy) return;
     // No reply can be handled during this wait, so nothing can end it early.
-    Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
+    if (ReplyInProgress()) Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
     if (Hear) Hear();
     Source.RxBusy = false;
 }
 
 void Transmitter::Send(Frame frame, std::int16_t replyFlag) {
-    AwaitOutstanding();  // while the frame that was asked with is still in TxFrame
+    AwaitOutstanding();
     Source.LayFrame(std::move(frame));
     Source.ReplyFlag = replyFlag;
-    TransmitFrame();
+    PutOut();
 }
 
-int Transmitter::SendCommand(int letter, int d1, int d2, int d3, int d4, int d5) {
-    Send(SingleCommand(Source.PowerAddr, letter, {d1, d2, d3, d4, d5}), ExpectAck);
+int Transmitter::SendCommand(int commandLetter, int d1, int d2, int d3, int d4, int d5) {
+    Send(SingleCommand(Source.PowerAddr, commandLetter, {d1, d2, d3, d4, d5}), ExpectAck);
     return 0;
 }
 

@@ -14,30 +14,43 @@ namespace zps {
 // closed port counts as one without a reply: the next waits for it once.
 class Transmitter {
   public:
-    Transmitter(SOURCE& source, serial::Port& port) : Source(source), Line(port) {}
+    using Clock = serial::Clock;
+
+    Transmitter(SOURCE& source, serial::Port& port,
+                std::function<Clock::time_point()> now = &Clock::now)
+        : Source(source), Line(port), Now(std::move(now)) {}
 
     // Whether this window has the port now.
     bool PortOpen() const { return Line.PortOpen(); }
 
+    // Whether the reply to the last frame may still come: it is not handled yet, and no more than a
+    // second old. One that is later is no reply to wait for.
+    bool ReplyInProgress() const;
+
     // Sends TxFrame as it stands, after AwaitOutstanding.
     void TransmitFrame();
 
-    // While the reply to the last frame is outstanding, waits for 0.1 s without letting events run.
-    // What has come by then is swept away by the next frame.
+    // While a reply is in progress, waits for 0.1 s without letting events run. What has come by
+    // then is swept away by the next frame.
     void AwaitOutstanding();
-    // Called at the end of that wait: the last chance to read such a reply.
+    // Called once before each frame, after that wait if there is one: the last chance to read what
+    // has come.
     void OnOutstanding(std::function<void()> hear) { Hear = std::move(hear); }
 
     // Lays `frame`, notes the kind of reply it asks for, and sends it.
     void Send(Frame frame, std::int16_t replyFlag);
 
-    // Sends the single command of `letter` to PowerAddr with as many of the data bytes as it takes,
-    // and returns 0. An acknowledgement is expected.
-    int SendCommand(int letter, int d1 = 0, int d2 = 0, int d3 = 0, int d4 = 0, int d5 = 0);
+    // Sends the single command of `commandLetter` to PowerAddr with as many of the data bytes as it
+    // takes, and returns 0. An acknowledgement is expected.
+    int SendCommand(int commandLetter, int d1 = 0, int d2 = 0, int d3 = 0, int d4 = 0, int d5 = 0);
 
   private:
+    void PutOut();
+
     SOURCE& Source;
     serial::Port& Line;
+    std::function<Clock::time_point()> Now;
+    Clock::time_point SentAt;
     std::function<void()> Hear;
 };
 

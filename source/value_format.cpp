@@ -68,20 +68,20 @@ void ValueFormat::SetMaxCurr(float amps) {
     CurrDecLowFine = OneMore(range.CurrLow);
 }
 
-std::string ValueFormat::FormatVolt(float value) {
+std::string ValueFormat::FormatVolt(float value) const {
     return FormatByThreshold(value, VoltDecThreshold, VoltDecHigh, VoltDecLow, VoltDecimals);
 }
 
-std::string ValueFormat::FormatCurr(float value) {
+std::string ValueFormat::FormatCurr(float value) const {
     return FormatByThreshold(value, CurrDecThreshold, CurrDecHigh, CurrDecLow, CurrDecimals);
 }
 
-std::string ValueFormat::FormatVoltFine(float value) {
+std::string ValueFormat::FormatVoltFine(float value) const {
     return FormatByThreshold(value, VoltDecThreshold, VoltDecHighFine, VoltDecLowFine,
                              VoltDecimalsFine);
 }
 
-std::string ValueFormat::FormatCurrFine(float value) {
+std::string ValueFormat::FormatCurrFine(float value) const {
     return FormatByThreshold(value, CurrDecThreshold, CurrDecHighFine, CurrDecLowFine,
                              CurrDecimalsFine);
 }

@@ -24,7 +24,8 @@ struct ValueFormat {
     std::int16_t CurrDecHigh = 0, CurrDecLow = 0, CurrDecHighFine = 0, CurrDecLowFine = 0;
 
     // The decimals that the last call of each formatter used.
-    std::int16_t VoltDecimals = 0, CurrDecimals = 0, VoltDecimalsFine = 0, CurrDecimalsFine = 0;
+    mutable std::int16_t VoltDecimals = 0, CurrDecimals = 0;
+    mutable std::int16_t VoltDecimalsFine = 0, CurrDecimalsFine = 0;
 
     // Stores a rating in volts or amperes with everything that follows from it.
     void SetMaxVolt(float volts);
@@ -32,10 +33,10 @@ struct ValueFormat {
 
     // `value` in volts or amperes as display text; the fine ones, for read-back, have a decimal
     // more. A count of decimals outside 0..5 gives an empty text.
-    std::string FormatVolt(float value);
-    std::string FormatCurr(float value);
-    std::string FormatVoltFine(float value);
-    std::string FormatCurrFine(float value);
+    std::string FormatVolt(float value) const;
+    std::string FormatCurr(float value) const;
+    std::string FormatVoltFine(float value) const;
+    std::string FormatCurrFine(float value) const;
 };
 
 // Step time and slope are always shown with five decimals, whatever the model.

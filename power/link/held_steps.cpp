@@ -1,56 +1,61 @@
 #include "power/link/held_steps.h"
 
-#include <string_view>
+#include <chrono>
+#include <utility>
 
 namespace zps {
 
+using namespace std::chrono_literals;
+
 namespace {
-
-constexpr std::size_t UploadSize = 32;
-
-char LetterOf(const Bytes& frame) {
-    constexpr std::size_t letterPlace = 4;
-    return frame.size() > letterPlace ? static_cast<char>(frame[letterPlace]) : '\0';
+constexpr auto AnswerLimit = 1s;  // an answer that has not come by then will not come
 }
 
-constexpr std::string_view ValueLetters = "VCTDO";
-constexpr unsigned AllValues = (1U << ValueLetters.size()) - 1;
-
-// Which values of a step `frame` sets, a bit for each letter.
-unsigned ValuesIn(const Bytes& frame) {
-    const char letter = LetterOf(frame);
-    if (letter == 'S' && frame.size() == UploadSize) return AllValues;
-    const auto place = ValueLetters.find(letter);
-    return place == std::string_view::npos ? 0 : 1U << place;
+StepValues Only(StepValue value) {
+    return StepValues().set(static_cast<std::size_t>(value));
 }
 
-}  // namespace
+StepValues AllValues() {
+    return StepValues().set();
+}
 
-HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line,
-                     const std::int16_t& curStep)
-    : Source(source), Port(port), Line(line), CurStep(curStep) {
+HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Timekeeper& time)
+    : Source(source), Port(port), Line(line), tmrANSWER(time.MakeTicker("tmrANSWER", AnswerLimit)) {
     Line.OnOutstanding([this] { HearAnswer(); });
+    tmrANSWER->OnTick([this] { tmrANSWER_Timer(); });
 }
 
-void HeldSteps::Mark(int step) {
-    Line.AwaitOutstanding();
-    Source.StepFlag.at(static_cast<std::size_t>(step)) = true;
-    Awaited = step;
-    Sent = serial::Clock::now();
+void HeldSteps::Send(int step, StepValues values, Frame frame) {
+    Line.AwaitOutstanding();  // hears the answer to the values before
+    Acknowledged.at(Index(step)) &= ~values;
+    Mark(step, (Acknowledged.at(Index(step)) | values).all());
+    try {
+        Line.Send(std::move(frame), ExpectAck);
+    } catch (...) {
+        Refuse({step, values});
+        throw;
+    }
+    Awaited = {step, values};
+    tmrANSWER->Restart();
+    Told();
+}
+
+void HeldSteps::Changed(int step, StepValue value) {
+    Acknowledged.at(Index(step)) &= ~Only(value);
+    Mark(step, false);
+    Told();
+}
+
+void HeldSteps::Forget() {
+    Awaited.reset();
+    Acknowledged.fill({});
+    Refusals.fill({});
+    Source.Flags.reset();
+    Told();
 }
 
 void HeldSteps::Answered(Reply result) {
     if (result != Reply::None) Judge(result);  // one that is late may still come
-}
-
-void HeldSteps::Judge(Reply result) {
-    if (!Awaited) return;
-    unsigned& doubt = Doubtful.at(static_cast<std::size_t>(*Awaited));
-    if (result == Reply::Ack) doubt &= ~ValuesIn(Source.TxFrame);
-    if (result == Reply::Ack && doubt == 0)
-        Awaited.reset();
-    else
-        TakeBack(result == Reply::Ack ? 0 : ValuesIn(Source.TxFrame));
 }
 
 void HeldSteps::HearAnswer() {
@@ -59,25 +64,34 @@ void HeldSteps::HearAnswer() {
     Judge(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
 }
 
-void HeldSteps::Unsent(int step) {
-    Doubt(step, AllValues);
+void HeldSteps::Judge(Reply result) {
+    if (!Awaited) return;
+    const Sent sent = *std::exchange(Awaited, std::nullopt);
+    tmrANSWER->SetEnabled(false);
+    if (result != Reply::Ack) {
+        Refuse(sent);
+        return;
+    }
+    Acknowledged.at(Index(sent.Step)) |= sent.Values;
+    Refusals.at(Index(sent.Step)) &= ~sent.Values;
+    Mark(sent.Step, Acknowledged.at(Index(sent.Step)).all());
+    Told();
 }
 
-void HeldSteps::Doubt(int step, unsigned values) {
-    const auto index = static_cast<std::size_t>(step);
-    Source.StepFlag.at(index) = false;
-    Doubtful.at(index) |= values;
+void HeldSteps::Refuse(const Sent& sent) {
+    Refusals.at(Index(sent.Step)) |= sent.Values;
+    Mark(sent.Step, false);
+    Told();
 }
 
-void HeldSteps::Expire(serial::Clock::time_point now, serial::Clock::duration limit) {
-    if (Awaited && now - Sent >= limit) TakeBack(ValuesIn(Source.TxFrame));
+void HeldSteps::Mark(int step, bool held) {
+    Source.Flags.set(Index(step), held);
 }
 
-void HeldSteps::TakeBack(unsigned values) {
-    Doubt(*Awaited, values);
-    Awaited.reset();
-    Source.PaintStepRows(CurStep);
-    if (TakenBack) TakenBack();
+void HeldSteps::tmrANSWER_Timer() {
+    if (Port.InBufferCount() > 0) return;  // an answer waits behind a box: its event comes next
+    tmrANSWER->SetEnabled(false);
+    Judge(Reply::None);
 }
 
 }  // namespace zps

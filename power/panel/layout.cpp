@@ -5,7 +5,7 @@
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "power/log/measurement_log.h"
-#include "power/panel/power_controls.h"
+#include "power/panel/functions.h"
 #include "power/panel/step_list_layout.h"
 
 #include <QGridLayout>
@@ -16,8 +16,6 @@
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
-
-#include <array>
 
 namespace zps {
 
@@ -60,7 +58,11 @@ QWidget* MakeIdentity(PowerControls& controls) {
     row->addWidget(controls.lblZPS_MODEL);
     row->addSpacing(24);
     row->addWidget(controls.lblSPEC_VA);
-    row->addStretch(1);
+    controls.lblNOTICE = MakeLabel(QStringLiteral("lblNOTICE"), {}, QStringLiteral("알림"));
+    controls.lblNOTICE->setAlignment(Qt::AlignCenter);
+    // However long its text is, it moves nothing.
+    controls.lblNOTICE->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    row->addWidget(controls.lblNOTICE, 1);
     controls.lblORV_URL =
         new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
                        QStringLiteral("제조사 웹 주소"));
@@ -110,65 +112,34 @@ QWidget* MakeReadOuts(PowerControls& controls) {
     return box;
 }
 
-// The five switches differ in names and captions only.
-struct SwitchRow {
-    QPushButton* PowerControls::*Button;
-    const char* ButtonName;
-    const char* Caption;
-    const char* Accessible;
-    QLabel* PowerControls::*State;
-    const char* StateName;
-    const char* StateText;
-    Lamp* PowerControls::*Light;
-    const char* LightName;
-    Colour Idle;
-    Qt::Key Key;
-    const char* ToolTip;
-};
-constexpr std::array SwitchRows{
-    SwitchRow{&PowerControls::cmdOUTPUT, "cmdOUTPUT", "OUTPUT", "출력",
-              &PowerControls::Output_ONOFF, "Output_ONOFF", "OFF", &PowerControls::OutputLED,
-              "OutputLED", Colour::PaleOrange, Qt::Key_F9, "출력 켜기/끄기"},
-    SwitchRow{&PowerControls::cmdAUTO, "cmdAUTO", "AUTO", "자동 운전", &PowerControls::Auto_ONOFF,
-              "Auto_ONOFF", "OFF", &PowerControls::AutoLED, "AutoLED", Colour::PaleOrange,
-              Qt::Key_F6, "자동 운전 켜기/끄기"},
-    SwitchRow{&PowerControls::cmdPVsense, "cmdPVsense", "Vsense ON", "원격 센싱",
-              &PowerControls::Vsense_ONOFF, "Vsense_ONOFF", "OFF", &PowerControls::VsenseLED,
-              "VsenseLED", Colour::PaleGreen, Qt::Key_F7, "원격 센싱 켜기/끄기"},
-    SwitchRow{&PowerControls::cmdOCP, "cmdOCP", " O.C.P ", "과전류 보호", &PowerControls::OCP_ONOFF,
-              "OCP_ONOFF", "OFF", &PowerControls::OCPLED, "OCPLED", Colour::PaleGreen, Qt::Key_F8,
-              "과전류 보호 켜기/끄기"},
-    SwitchRow{&PowerControls::cmdPREMOTE, "cmdPREMOTE", "LOCAL", "원격 제어",
-              &PowerControls::Rem_Loc, "Rem_Loc", "LOCAL", &PowerControls::RemoteLED, "RemoteLED",
-              Colour::DarkRed, Qt::Key_F5, "원격 제어/본체 제어 전환"},
-};
-
 QWidget* MakeSwitches(PowerControls& controls) {
     auto* box = new QGroupBox(QStringLiteral("스위치"));
     auto* grid = new QGridLayout(box);
     int place = 0;
-    for (const auto& row : SwitchRows) {
-        const QString accessible = QString::fromUtf8(row.Accessible);
-        auto* button = MakeButton(QString::fromUtf8(row.ButtonName), QString::fromUtf8(row.Caption),
-                                  accessible);
+    for (const Function& function : Functions()) {
+        const QString accessible = QString::fromUtf8(function.Accessible);
+        const QString state =
+            QString::fromUtf8(&function == &RemoteFunction() ? function.CaptionOff : "OFF");
+        auto* button = MakeButton(QString::fromUtf8(function.ButtonName),
+                                  QString::fromUtf8(function.CaptionOff), accessible);
         button->setMinimumHeight(button->fontMetrics().height() * 2);
         LetGrow(*button);
-        GiveKey(*button, row.Key, QString::fromUtf8(row.ToolTip));
-        auto* state = MakeLabel(QString::fromUtf8(row.StateName), QString::fromUtf8(row.StateText),
+        GiveKey(*button, function.Key, QString::fromUtf8(function.ToolTip));
+        auto* label = MakeLabel(QString::fromUtf8(function.LabelName), state,
                                 accessible + QStringLiteral(" 상태"));
-        state->setAlignment(Qt::AlignCenter);
-        Enlarge(*state, 1.1);
-        state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
+        label->setAlignment(Qt::AlignCenter);
+        Enlarge(*label, 1.1);
+        label->setMinimumWidth(WidthFor(*label, QStringLiteral("REMOTE")));
         auto* light = new Lamp;
-        light->setObjectName(QString::fromUtf8(row.LightName));
+        light->setObjectName(QString::fromUtf8(function.LightName));
         light->setAccessibleName(accessible + QStringLiteral(" 표시등"));
-        light->Light(row.Idle);
-        controls.*row.Button = button;
-        controls.*row.State = state;
-        controls.*row.Light = light;
+        light->Light(function.Idle);
+        controls.*function.Button = button;
+        controls.*function.Label = label;
+        controls.*function.Light = light;
         grid->addWidget(button, place, 0);
         grid->addWidget(light, place, 1);
-        grid->addWidget(state, place, 2);
+        grid->addWidget(label, place, 2);
         ++place;
     }
     controls.lblPREMOTE =

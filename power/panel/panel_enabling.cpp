@@ -1,66 +1,94 @@
 #include "power/panel/panel_enabling.h"
 
-#include <initializer_list>
+#include "controls/shortcuts.h"
+
+#include <algorithm>
 
 namespace zps {
 
 namespace {
 
-void EnableAll(PowerControls& controls, std::initializer_list<QWidget*> list, bool on) {
-    for (QWidget* control : list) EnableControl(controls, *control, on);
+RowUse RowWithOutputOff(const PanelState& state, int row) {
+    const bool selected = row == state.SelectedRow;
+    if (!state.Locked) return {true, selected, selected, selected};
+    const bool edited = row == state.EditedRow;
+    return {edited, edited, edited, edited};
 }
 
-// The control with the focus if it is `control` or inside it, else null.
-QWidget* FocusInside(const QWidget& control) {
-    QWidget* focus = control.window()->focusWidget();
-    return focus == &control || control.isAncestorOf(focus) ? focus : nullptr;
+RowUse RowWithOutputOn(const PanelState& state, int row) {
+    const bool selected = row == state.SelectedRow;
+    if (state.AutoOn) return {false, false, false, false};
+    const bool held = state.Held.at(static_cast<std::size_t>(row));
+    return {state.Locked ? selected : held, selected, false, selected && state.OvpUnderLoad};
 }
 
-// Disabled in local, menus apart.
-void EnableRemoteWidgets(PowerControls& c, bool on) {
-    EnableAll(c,
-              {c.cmdPVsense, c.cmdAUTO, c.cmdOCP, c.cmdOUTPUT, c.lblCount, c.txtPAUTOCOUNT,
-               c.lblAutoStep, c.txtPAUTOSTEP, c.fraSTEPLIST},
-              on);
+using Column = std::array<EntryField*, RowCount> PowerControls::*;
+
+constexpr std::array<std::pair<Column, bool RowUse::*>, 5> Columns{{
+    {&PowerControls::txPVOLT, &RowUse::SetPoints},
+    {&PowerControls::txPCURR, &RowUse::SetPoints},
+    {&PowerControls::txPTIME, &RowUse::Times},
+    {&PowerControls::txPSLOPE, &RowUse::Times},
+    {&PowerControls::txPOVP, &RowUse::Ovp},
+}};
+
+void EnableOne(PowerControls& c, QWidget& control, bool on) {
+    const QWidget* focus = control.window()->focusWidget();
+    const bool inside = focus == &control || control.isAncestorOf(focus);
+    if (!on && inside) c.cmdFOCUS->setFocus();  // never left to the toolkit
+    control.setEnabled(on);
+}
+
+void EnableRows(PowerControls& c, const PanelUse& use) {
+    for (std::size_t row = 0; row < RowCount; ++row) {
+        EnableOne(c, *c.txPSTEP[row], use.Rows[row].Step);
+        for (const auto& [fields, part] : Columns) {
+            EnableOne(c, *(c.*fields)[row], use.Rows[row].*part);
+        }
+    }
+}
+
+void EnableKeys(const PowerControls& c, const PanelUse& use) {
+    for (QPushButton* button : {c.cmdAUTO, c.cmdPVsense, c.cmdOCP}) {
+        EnableKey(*button, use.FunctionKeys);
+    }
+    EnableKey(*c.cmdPREMOTE, use.RemoteKey);
+    EnableKey(*c.cmdOUTPUT, use.OutputKey);
 }
 
 }  // namespace
 
-void EnableControl(PowerControls& controls, QWidget& control, bool on) {
-    if (!on && FocusInside(control) != nullptr) {
-        auto* open = dynamic_cast<EntryField*>(FocusInside(control));
-        controls.cmdFOCUS->setFocus();
-        if (open != nullptr && open != FocusInside(control)) open->Leave();
-        // An entry in error has taken it back, but nobody can mend it now.
-        if (auto* field = dynamic_cast<EntryField*>(FocusInside(control))) {
-            field->Cancel();
-            controls.cmdFOCUS->setFocus();
-        }
+PanelUse UsableIn(const PanelState& state) {
+    PanelUse use{};
+    use.Output = state.Remote;
+    use.Functions = state.Remote && !state.OutputOn;
+    use.StepList = state.Remote;
+    use.Clear = state.Remote || !state.Identified;
+    use.Windows = use.Clear && !state.OutputOn;
+    use.Scrolling = !state.Locked;
+    use.FunctionKeys = !state.Locked;
+    use.RemoteKey = !state.Locked || state.LeavesRemote;
+    use.OutputKey = !state.Locked || state.OutputOn || state.OutputShown;
+    for (int row = 0; row < RowCount; ++row) {
+        use.Rows.at(static_cast<std::size_t>(row)) =
+            state.OutputOn ? RowWithOutputOn(state, row) : RowWithOutputOff(state, row);
     }
-    control.setEnabled(on);
+    return use;
 }
 
-void SetRemoteControls(PowerParts& parts, bool on) {
-    PowerControls& c = parts.Controls;
-    EnableRemoteWidgets(c, on);
-    for (QAction* menu : {c.mnuSET_MANU, c.mnuTEST, c.mnuData_Clear}) menu->setEnabled(on);
-}
-
-void SetOutputControls(PowerParts& parts, bool on) {
-    PowerControls& c = parts.Controls;
-    EnableAll(c,
-              {c.cmdAUTO, c.cmdPVsense, c.cmdOCP, c.lblCount, c.txtPAUTOCOUNT, c.lblAutoStep,
-               c.txtPAUTOSTEP},
-              on);
-    for (std::size_t row = 0; row < RowCount; ++row) {
-        if (parts.State.AutoOn) EnableAll(c, {c.txPSTEP[row], c.txPVOLT[row], c.txPCURR[row]}, on);
-        EnableAll(c, {c.txPTIME[row], c.txPSLOPE[row], c.txPOVP[row]}, on);
+void Enable(PowerControls& c, const PanelUse& use) {
+    EnableRows(c, use);
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{c.cmdAUTO, c.cmdPVsense, c.cmdOCP, c.lblCount,
+                                         c.txtPAUTOCOUNT, c.lblAutoStep, c.txtPAUTOSTEP}) {
+        EnableOne(c, *control, use.Functions);
     }
-    for (QAction* menu : {c.mnuSET_MANU, c.mnuTEST}) menu->setEnabled(on);
-}
-
-void DisablePanel(PowerParts& parts) {
-    EnableRemoteWidgets(parts.Controls, false);
+    EnableOne(c, *c.cmdOUTPUT, use.Output);
+    EnableOne(c, *c.vscAUTOSTEP, use.Scrolling);
+    EnableOne(c, *c.fraSTEPLIST, use.StepList);
+    for (QAction* menu : {c.mnuSET_MANU, c.mnuTEST}) menu->setEnabled(use.Windows);
+    c.mnuData_Clear->setEnabled(use.Clear);
+    EnableKeys(c, use);
 }
 
 }  // namespace zps

@@ -34,6 +34,7 @@ struct PowerControls {
     // Model and read-outs
     QLabel* lblZPS_MODEL = nullptr;
     QLabel* lblSPEC_VA = nullptr;
+    QLabel* lblNOTICE = nullptr;  // why something did not happen
     QLineEdit* txtVOLT = nullptr;
     QLineEdit* txtCURR = nullptr;
     QLabel* txtSTEP = nullptr;

@@ -7,40 +7,66 @@ namespace zps {
 
 namespace {
 
-void ShowRemote(PowerControls& c, std::uint8_t bits) {
-    const bool remote = (bits & (status::Remote | status::RemoteSerial)) != 0;
-    const QString state = remote ? QStringLiteral("REMOTE") : QStringLiteral("LOCAL");
-    c.cmdPREMOTE->setText(state);
-    c.Rem_Loc->setText(state);
-    c.lblPREMOTE->setText((bits & status::RemoteSerial) != 0 ? QStringLiteral("RS232")
-                          : remote                           ? QStringLiteral("REMOTE")
-                                                             : QStringLiteral("LOC"));
-    c.RemoteLED->Light(remote ? Colour::PaleOrange : Colour::DarkRed);
+QString OnOff(bool on) {
+    return on ? QStringLiteral("ON") : QStringLiteral("OFF");
+}
+
+void Light(PowerControls& c, const Function& function, bool on) {
+    (c.*function.Light)->Light(on ? function.Active : function.Idle);
+}
+
+Control ControlOf(std::uint8_t bits) {
+    if ((bits & status::RemoteSerial) != 0) return Control::Serial;
+    return (bits & status::Remote) != 0 ? Control::Remote : Control::Local;
 }
 
 }  // namespace
 
 void ShowFunctions(PowerControls& c, std::uint8_t bits) {
-    const auto is = [bits](std::uint8_t bit) { return (bits & bit) != 0; };
-    c.cmdPVsense->setText(is(status::Sensing) ? QStringLiteral("Vsense OFF")
-                                              : QStringLiteral("Vsense ON"));
-    c.VsenseLED->Light(is(status::Sensing) ? Colour::BrightGreen : Colour::PaleGreen);
-    c.cmdAUTO->setText(is(status::Auto) ? QStringLiteral("AUTO ") : QStringLiteral("AUTO"));
-    c.AutoLED->Light(is(status::Auto) ? Colour::DarkRed : Colour::PaleOrange);
-    c.cmdOCP->setText(QStringLiteral(" O.C.P "));
-    c.OCPLED->Light(is(status::OverCurrentProtection) ? Colour::BrightGreen : Colour::PaleGreen);
+    for (std::size_t place = 0; place < PlainFunctionCount; ++place) {
+        const Function& function = PlainFunction(place);
+        const bool on = (bits & function.Bit) != 0;
+        (c.*function.Button)
+            ->setText(QString::fromUtf8(on ? function.CaptionOn : function.CaptionOff));
+        Light(c, function, on);
+    }
 }
 
 void ShowStatus(PowerControls& c, std::uint8_t bits) {
     const bool limited = (bits & status::ConstantCurrent) != 0;
     c.lblMODE->setText(limited ? QStringLiteral("CC") : QStringLiteral("CV"));
     ShowFunctions(c, bits);
-    ShowRemote(c, bits);
+    ShowControl(c, ControlOf(bits));
 }
 
-void ShowOutput(PowerControls& c, bool on) {
-    c.Output_ONOFF->setText(on ? QStringLiteral("ON") : QStringLiteral("OFF"));
-    c.OutputLED->Light(on ? Colour::DarkRed : Colour::PaleOrange);
+void ShowAsked(PowerControls& c, const Function& function, bool on) {
+    (c.*function.Label)->setText(OnOff(on));
+    Light(c, function, on);
+}
+
+void ShowDifference(PowerControls& c, const Function& function, bool differs, bool reportedOn) {
+    QLabel& label = *(c.*function.Label);
+    const QString words =
+        differs ? QStringLiteral("전원 장치는 %1 상태라고 알립니다").arg(OnOff(reportedOn))
+                : QString();
+    if (label.toolTip() == words) return;
+    label.setToolTip(words);
+    label.setAccessibleDescription(words);
+    label.setAutoFillBackground(false);
+    label.setPalette({});
+    if (differs) PaintBackground(label, Colour::Yellow);
+}
+
+void ShowControl(PowerControls& c, Control control) {
+    const Function& function = RemoteFunction();
+    const bool remote = control != Control::Local;
+    const QString state = QString::fromUtf8(remote ? function.CaptionOn : function.CaptionOff);
+    c.cmdPREMOTE->setText(state);
+    c.Rem_Loc->setText(state);
+    c.lblPREMOTE->setText(control == Control::Serial   ? QStringLiteral("RS232")
+                          : control == Control::Remote ? QStringLiteral("REMOTE")
+                                                       : QStringLiteral("LOC"));
+    Light(c, function, remote);
 }
 
 void RaiseCounter(QLabel& counter) {

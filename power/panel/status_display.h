@@ -1,21 +1,27 @@
 // What the captions and lamps say about the supply.
 #pragma once
 
-#include "power/panel/power_controls.h"
+#include "power/panel/functions.h"
 
 #include <cstdint>
 
 namespace zps {
 
-// Shows the bits of a status byte, whether set or clear; the fault and output bits apart, which end
-// a run and are not only shown.
+// The supply's functions and mode as a status byte reports them, whether its bits are set or clear.
+// The fault and output bits are apart: they end a run and are not only shown.
 void ShowStatus(PowerControls& controls, std::uint8_t status);
-
-// Only the captions and lamps of sensing, automatic run and over-current protection.
+// Of these only sensing, automatic run and over-current protection.
 void ShowFunctions(PowerControls& controls, std::uint8_t status);
 
-// Shows the output as on or off.
-void ShowOutput(PowerControls& controls, bool on);
+// A switch as it was asked for: label and lamp.
+void ShowAsked(PowerControls& controls, const Function& function, bool on);
+// Marks the label of a switch where the supply reports otherwise than was asked for.
+void ShowDifference(PowerControls& controls, const Function& function, bool differs,
+                    bool reportedOn);
+
+// Who controls the supply: button, labels and lamp together.
+enum class Control : std::uint8_t { Local, Remote, Serial };
+void ShowControl(PowerControls& controls, Control control);
 
 // Raises a counter that is kept in the label's caption; a caption that is no number counts as 0.
 void RaiseCounter(QLabel& counter);

@@ -3,7 +3,9 @@
 #include "source/numbers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace zps {
@@ -41,14 +43,15 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
 
 AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), Fields(fields) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
-    EntryField::Events sequence;
+    Entries::Rules sequence;
+    sequence.GotFocus = [this] { Told.clear(); };
     sequence.Change = [this] { txtPAUTOSTEP_Change(); };
     sequence.KeyPress = [this](QChar key) { txtPAUTOSTEP_KeyPress(key); };
     sequence.LostFocus = sequence.Committed = [this] { txtPAUTOSTEP_LostFocus(); };
-    Fields.Connect(*Parts.Controls.txtPAUTOSTEP, sequence);
-    EntryField::Events count;
+    Fields.Connect(*Parts.Controls.txtPAUTOSTEP, std::move(sequence));
+    Entries::Rules count;
     count.LostFocus = count.Committed = [this] { txtPAUTOCOUNT_LostFocus(); };
-    Fields.Connect(*Parts.Controls.txtPAUTOCOUNT, count);
+    Fields.Connect(*Parts.Controls.txtPAUTOCOUNT, std::move(count));
 }
 
 void AutoSequence::txtPAUTOSTEP_Change() {
@@ -77,22 +80,23 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
         return;
     }
     // A supply of unknown ratings is not the one that has got the steps.
-    const bool held =
-        Parts.Source.RatingsKnown() && std::all_of(steps->begin(), steps->end(), [this](int step) {
-            return Parts.Source.StepFlag.at(static_cast<std::size_t>(step));
-        });
+    const bool held = std::all_of(steps->begin(), steps->end(), [this](int step) {
+        return Parts.Source.RatingsKnown() && Parts.Source.StepFlag(step);
+    });
     if (!held) {
-        ShowUnsentSteps();
+        ShowUnsentSteps(text);
         return;
     }
+    Told.clear();
     FrameBuilder builder(Parts.Source.PowerAddr);
-    builder.Command('B').Append(*steps).Append({EndOfSequence});
+    builder.Command(letter::Sequence).Append(*steps).Append({EndOfSequence});
     Parts.Line.Send(builder.Finish(), ExpectAck);
 }
 
-// No error of the entry: the click on a step that took the focus away goes on, since it is what
-// this message asks for.
-void AutoSequence::ShowUnsentSteps() {
+// No error of the entry: whatever took the focus away goes on. The focus comes back to the box; the
+// next thing that takes it away is not told the same again.
+void AutoSequence::ShowUnsentSteps(const QString& sequence) {
+    if (std::exchange(Told, sequence) == sequence) return;
     Parts.Boxes.Show(
         &Parts.Window,
         {MessageIcon::None, QStringLiteral("AUTO SEQUENCE DATA SET ERROR"),
@@ -100,27 +104,26 @@ void AutoSequence::ShowUnsentSteps() {
                         " AUTO STEP을 설정하기 전에 각 STEP을 Click하여 STEP정보를 ZPS로 먼저 "
                         "송신하세요...\r\n"
                         " 송신된 STEP은 하늘색으로 표시됩니다...")});
-    Parts.Controls.txtPAUTOSTEP->setFocus();
-    Parts.Controls.txtPAUTOSTEP->selectAll();
+    Fields.ReturnTo(*Parts.Controls.txtPAUTOSTEP);
 }
 
 void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     EntryField& field = *Parts.Controls.txtPAUTOCOUNT;
-    if (field.text().toStdString() == Parts.Source.OldText) return;
-    if (field.text().isEmpty()) field.setText(QStringLiteral("0"));
+    if (field.text().toStdString() == Fields.TextBefore()) return;
+    if (field.text().isEmpty()) field.Write(QStringLiteral("0"));
     const double count = LeadingNumber(field.text().toStdString());
     if (count < 0 || count > LargestCount) {
         Fields.Refuse(field,
                       {MessageIcon::Information, QStringLiteral("COUNT 설정오류"),
                        QStringLiteral("COUNT SETTING값 범위 초과\r\n설정값 범위=0~%1cycle")
-                           .arg(QString::fromStdString(ShortestText(Parts.Source.MaxVolt)))});
+                           .arg(QString::fromStdString(ShortestText(Parts.Source.MaxVolt())))});
         return;
     }
     const std::string text = FormatFixed(count, 0);
-    field.setText(QString::fromStdString(text));
-    if (field.hasFocus()) Parts.Source.OldText = text;
+    field.Write(QString::fromStdString(text));
+    if (Fields.Open() == &field) Fields.Accept(field);
     FrameBuilder builder(CountAddress);
-    builder.Command('F').AppendWord(RoundHalfEven(LeadingNumber(text)));
+    builder.Command(letter::Count).AppendWord(RoundHalfEven(std::round(count)));
     Parts.Line.Send(builder.Finish(), ExpectAck);
 }
 

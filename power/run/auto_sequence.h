@@ -1,8 +1,9 @@
 // The order in which the supply runs its steps by itself, and how often.
 #pragma once
 
-#include "power/panel/power_parts.h"
 #include "power/steps/entries.h"
+
+#include <QString>
 
 namespace zps {
 
@@ -15,10 +16,11 @@ class AutoSequence {
     void txtPAUTOSTEP_KeyPress(QChar key);
     void txtPAUTOSTEP_LostFocus();
     void txtPAUTOCOUNT_LostFocus();
-    void ShowUnsentSteps();
+    void ShowUnsentSteps(const QString& sequence);
 
     PowerParts& Parts;
     Entries& Fields;
+    QString Told;  // the sequence about whose unsent steps the operator has been told
 };
 
 }  // namespace zps

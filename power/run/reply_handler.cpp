@@ -1,6 +1,5 @@
 #include "power/run/reply_handler.h"
 
-#include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
 #include "source/numbers.h"
 
@@ -27,16 +26,13 @@ constexpr std::array FaultTexts{
     FaultText{OutputCurrentFault, "OUT OFF ERROR CURRENT!!!"},
 };
 
-// The mark that a frame is out is taken off on every way out of the receive event, unless its
-// answer is still awaited.
+// The mark that a frame is out is taken off on every way out of the receive event.
 class BusyUntilEnd {
   public:
     explicit BusyUntilEnd(SOURCE& source) : Source(source) {}
-    ~BusyUntilEnd() { Source.RxBusy = Awaited; }
+    ~BusyUntilEnd() { Source.RxBusy = false; }
     BusyUntilEnd(const BusyUntilEnd&) = delete;
     BusyUntilEnd& operator=(const BusyUntilEnd&) = delete;
-
-    bool Awaited = false;
 
   private:
     SOURCE& Source;
@@ -45,17 +41,16 @@ class BusyUntilEnd {
 }  // namespace
 
 void ReplyHandler::comPOWER_OnComm() {
-    BusyUntilEnd busy(Parts.Source);
+    const BusyUntilEnd busy(Parts.Source);
     const bool wantsData = Parts.Source.ReplyFlag == ExpectData;
     const Bytes reply =
-        GatherReply(Port, wantsData ? DataLength : AckLength, serial::WaitMode::HoldEvents);
-    Handled = serial::Clock::now();
+        GatherReply(Around.Port, wantsData ? DataLength : AckLength, serial::WaitMode::HoldEvents);
     Parts.Source.RxFrame = reply;
     const Reply result =
         JudgeReply(reply, Parts.Source.ReplyFlag, Parts.Source.PowerAddr, CheckByte::Whole);
     Parts.Source.RxResult = result;
-    Parts.Held.Answered(result);
-    busy.Awaited = result == Reply::None && Parts.Held.Awaits();
+    Around.Held.Answered(result);
+    if (result == Reply::Nak) Around.Out.Refused();
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
     if (wantsData && result != Reply::Data) CountBadData(reply);
@@ -64,7 +59,7 @@ void ReplyHandler::comPOWER_OnComm() {
     panels.Blank(static_cast<int>(reply.size()) + 1, panels.Count());
     RearmTimers();
     if (message) Parts.Boxes.Show(&Parts.Window, *message);
-    if (Parts.State.FaultResetPending) FaultReset();
+    if (FaultResetPending) FaultReset();
 }
 
 std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
@@ -72,29 +67,29 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
     const auto is = [&](std::uint8_t bit) { return (values.Status & bit) != 0; };
     std::optional<Message> message;
     if (is(status::Fault)) message = Fault(values.Code);
-    ShowStatus(Parts.Controls, values.Status);
-    if (is(status::Sensing)) Parts.State.VsenseOn = true;
-    if (!is(status::Output) && Parts.State.OutputOn) message = EndOfOutput(values.Code);
+    Around.Functions.Reported(values.Status);
+    if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
-    if (Parts.State.OutputOn) TakeReadBack(values);
+    if (Around.Out.On() && Parts.Source.RatingsKnown()) TakeReadBack(values);
     return message;
 }
 
 std::optional<Message> ReplyHandler::Fault(std::uint8_t code) {
-    OutputIsOff();
-    ++Parts.State.Faults;
-    Parts.State.FaultResetPending = code == OutputCurrentFault;
+    Around.Out.Tripped(code);
+    FaultResetPending = code == OutputCurrentFault;
     for (const auto& fault : FaultTexts) {
         if (fault.Code == code) {
             return Message{MessageIcon::None, QStringLiteral("POWER ERROR"),
                            QString::fromUtf8(fault.Text)};
         }
     }
+    Parts.Controls.lblNOTICE->setText(
+        QStringLiteral("전원 장치가 오류를 알렸습니다(코드 %1).").arg(code));
     return std::nullopt;
 }
 
 Message ReplyHandler::EndOfOutput(std::uint8_t code) {
-    OutputIsOff();
+    Around.Out.WentOff();
     if (code == EndOfAutoRun) {
         return {MessageIcon::None, QStringLiteral("POWER END"),
                 QStringLiteral("Auto Test Ending!!!")};
@@ -102,32 +97,22 @@ Message ReplyHandler::EndOfOutput(std::uint8_t code) {
     return {MessageIcon::None, QStringLiteral("POWER OFF"), QStringLiteral("output off상태!!")};
 }
 
-void ReplyHandler::OutputIsOff() {
-    Parts.Timers.tmrDLE.SetEnabled(false);
-    Parts.State.OutputOn = false;
-    ShowOutput(Parts.Controls, false);
-    SetOutputControls(Parts, true);
-    Lock.ReleaseEditLock();
-}
-
 void ReplyHandler::TakeReadBack(const ReadBack& values) {
     constexpr double CountsPerWireCount = 10;  // the read-back is ten times finer than a set-point
-    SOURCE& source = Parts.Source;
-    const float volts = ToSingle(values.Volt / (source.VoltScale * CountsPerWireCount));
-    const float amps = ToSingle(values.Curr / (source.CurrScale * CountsPerWireCount));
-    const QString voltText = QString::fromStdString(source.FormatVoltFine(volts));
-    const QString currText = QString::fromStdString(source.FormatCurrFine(amps));
+    const SOURCE& source = Parts.Source;
+    const float volts = ToSingle(values.Volt / (source.VoltScale() * CountsPerWireCount));
+    const float amps = ToSingle(values.Curr / (source.CurrScale() * CountsPerWireCount));
     // No tick of tmrDLE can come during this update: ticks wait for a handler to end. Stopping the
     // timer for it would only stretch the time between two polls.
-    Parts.Controls.txtVOLT->setText(voltText);
-    Parts.Controls.txtCURR->setText(currText);
-    Log.NoteReply();
-    Log.Append(values.Step, volts, amps, voltText, currText);
+    Around.Shown.ShowReading(volts, amps);
+    Around.Log.NoteReply();
+    Around.Log.Append(values.Step, volts, amps, Parts.Controls.txtVOLT->text(),
+                      Parts.Controls.txtCURR->text());
 }
 
 void ReplyHandler::CountBadData(const Bytes& reply) {
     if (reply.empty()) {
-        ++Parts.State.NoReplyCount;
+        Around.Out.CountNoReply();
         RaiseCounter(*Parts.Controls.lblZPS_ERR);
     } else {
         RaiseCounter(reply.size() == DataLength ? *Parts.Controls.lblZPS_ENQ
@@ -139,18 +124,16 @@ void ReplyHandler::RearmTimers() {
     const bool retriesOver = Parts.Source.RetryCount >= RetriesOver;
     Parts.Source.RetryCount = 0;
     Parts.Source.ReplyFlag = ExpectAck;
-    Parts.Timers.tmrDLE.SetEnabled(Parts.State.OutputOn);
+    Around.Polls.ReplyHandled();
     if (retriesOver) return;
-    if (Parts.State.RunPhase == PowerState::PhaseStatusPoll) {
-        Parts.Timers.tmrStatus.SetEnabled(true);
-    }
-    Log.NoteReply();
-    if (Parts.State.RunPhase == PowerState::PhaseStepStart) Parts.Timers.tmrSTART.SetEnabled(true);
+    Around.Log.NoteReply();
+    Around.Start.ReplyHandled();
 }
 
 void ReplyHandler::FaultReset() {
-    Parts.State.FaultResetPending = false;  // first, or its own answer would reset again
-    Parts.Line.Send(FrameBuilder(Parts.Source.PowerAddr).Command('R').Finish(), ExpectAck);
+    FaultResetPending = false;  // first, or its own answer would reset again
+    Parts.Line.Send(FrameBuilder(Parts.Source.PowerAddr).Command(letter::FaultReset).Finish(),
+                    ExpectAck);
 }
 
 }  // namespace zps

@@ -1,9 +1,14 @@
 // What the main window does with a reply.
 #pragma once
 
+#include "power/link/held_steps.h"
+#include "power/link/polling.h"
 #include "power/log/measurement_log.h"
 #include "power/panel/power_parts.h"
-#include "power/steps/edit_lock.h"
+#include "power/panel/read_outs.h"
+#include "power/run/function_switches.h"
+#include "power/run/output.h"
+#include "power/run/step_start.h"
 #include "serial/port.h"
 
 #include <optional>
@@ -12,14 +17,21 @@ namespace zps {
 
 class ReplyHandler {
   public:
-    ReplyHandler(PowerParts& parts, EditLock& lock, MeasurementLog& log, serial::Port& port)
-        : Parts(parts), Lock(lock), Log(log), Port(port) {}
+    // Who is told of what a reply says.
+    struct Surround {
+        serial::Port& Port;
+        HeldSteps& Held;
+        Output& Out;
+        StepStart& Start;
+        Polling& Polls;
+        FunctionSwitches& Functions;
+        ReadOuts& Shown;
+        MeasurementLog& Log;
+    };
+    ReplyHandler(PowerParts& parts, const Surround& around) : Parts(parts), Around(around) {}
 
     // The receive event: gathers and judges one reply, shows it, re-arms the timers.
     void comPOWER_OnComm();
-
-    // When the last reply was handled.
-    serial::Clock::time_point LastReply() const { return Handled; }
 
   private:
     // Shows a good data reply. Returns the message that the operator must see, if any; all state is
@@ -27,17 +39,14 @@ class ReplyHandler {
     std::optional<Message> DecodeDataReply(const Bytes& reply);
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
-    void OutputIsOff();
     void TakeReadBack(const ReadBack& values);
     void CountBadData(const Bytes& reply);
     void RearmTimers();
     void FaultReset();
 
     PowerParts& Parts;
-    EditLock& Lock;
-    MeasurementLog& Log;
-    serial::Port& Port;
-    serial::Clock::time_point Handled = serial::Clock::now();
+    Surround Around;
+    bool FaultResetPending = false;  // a fault is to be reset once its message has been answered
 };
 
 }  // namespace zps

@@ -4,6 +4,9 @@
 #include "platform/pointer_confinement.h"
 #include "power/panel/power_parts.h"
 
+#include <functional>
+#include <optional>
+
 namespace zps {
 
 class EditLock {
@@ -11,38 +14,36 @@ class EditLock {
     EditLock(PowerParts& parts, platform::PointerConfinement& pointer)
         : Parts(parts), Pointer(pointer) {}
 
-    // Only the controls of `row` can be used.
-    void LockToRow(int row);
-    // Only step button, voltage and current of the selected step can be used.
-    void LockToCurrentStep();
-    // Every step can be chosen, and the selected one be edited.
-    void ReleaseEditLock();
-    // Steps that the supply holds can be chosen, and voltage and current of the selected one
-    // edited.
-    void ReleaseEditLockOutputOn();
+    // With the output off: only the controls of `row` can be used.
+    void LockToRow(int row) { Become(Lock{row}); }
+    // With the output on: only step button, voltage and current of the selected step.
+    void LockToCurrentStep() { Become(Lock{}); }
+    // Every step can be chosen that may be, and the selected one be edited.
+    void ReleaseEditLock() { Become(std::nullopt); }
 
-    // A step is held no longer: with the output on its button can't be used any more.
-    void StepTakenBack();
+    bool Locked() const { return Present.has_value(); }
+    // The row that is being edited with the output off.
+    std::optional<int> EditedRow() const { return Present ? Present->Row : std::nullopt; }
 
-    // The rows show other steps: what may be used in them follows the steps.
-    void ScrolledTo();
-
-    // The frame can't be used: the pointer must not be kept in it.
-    void FreePointer() { Confine(false); }
-
-    // Lets the pointer go while a message box is up or the window is not active, and takes it back.
+    // Lets the pointer go while a message box is up or the window is not active, and takes it back;
+    // also to the place where the frame is now.
     void SuspendConfinement();
     void ResumeConfinement();
 
+    // Called after each change.
+    void OnChange(std::function<void()> told) { Told = std::move(told); }
+
   private:
-    void Confine(bool on);
-    void EnableKeys(bool locked);
-    int StepOf(std::size_t row) const;
-    bool IsCurrent(std::size_t row) const;
+    struct Lock {
+        std::optional<int> Row;
+        bool operator==(const Lock&) const = default;
+    };
+    void Become(std::optional<Lock> lock);
 
     PowerParts& Parts;
     platform::PointerConfinement& Pointer;
-    bool Confined = false;
+    std::optional<Lock> Present;
+    std::function<void()> Told = [] {};
 };
 
 }  // namespace zps

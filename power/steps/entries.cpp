@@ -1,63 +1,127 @@
 #include "power/steps/entries.h"
 
+#include <QApplication>
+#include <QMenuBar>
+
 #include <utility>
 
 namespace zps {
 
-void Entries::Connect(EntryField& field, const EntryField::Events& own) {
+Entries::Entries(PowerParts& parts, const Gate& gate) : Parts(parts), Door(gate) {
+    QObject::connect(qApp, &QApplication::focusChanged, &Context,
+                     [this](QWidget* /*before*/, QWidget* now) {
+                         Parts.Events.Run([this, now] { FocusMoved(now); });
+                     });
+}
+
+void Entries::Connect(EntryField& field, Rules rules) {
+    const Rules& own = RulesOf.emplace(&field, std::move(rules)).first->second;
     const auto run = [this](auto handler) {
-        return [this, handler] { Parts.Events.Run(handler); };
+        return [this, handler](auto... told) { Parts.Events.Run([&] { handler(told...); }); };
     };
     EntryField::Events events;
-    events.GotFocus = run([this, &field] { Field_GotFocus(field); });
-    events.LostFocus = run(own.LostFocus);
-    if (own.Change) events.Change = run(own.Change);
-    events.Committed = run([commit = own.Committed, &field] {
-        commit();
+    events.FocusIn = run([this, &field](EntryField::Way way) { Field_FocusIn(field, way); });
+    events.FocusOut = run([this, &field](EntryField::Way way) { Field_FocusOut(field, way); });
+    events.Change = run([this, &field](const QString& before) { Field_Change(field, before); });
+    events.Committed = run([&own, &field] {
+        own.Committed();
         field.selectAll();
     });
     events.Cancelled = run([this, &field] {
-        field.setText(QString::fromStdString(Parts.Source.OldText));
-        field.selectAll();
+        if (Entered == &field) Cancel();
     });
-    if (own.KeyPress) {
-        events.KeyPress = [this, press = own.KeyPress](QChar key) {
-            Parts.Events.Run([&press, key] { press(key); });
-        };
-    }
-    events.Refocusing = [this] { return Refusing; };
+    if (own.KeyPress) events.KeyPress = run(own.KeyPress);
     field.SetEvents(std::move(events));
 }
 
-bool Entries::CommitOpenEntry() {
-    const int refusals = Refusals;
-    auto* field = dynamic_cast<EntryField*>(Parts.Window.focusWidget());
-    Parts.Controls.cmdFOCUS->setFocus();
-    if (field != nullptr && field != Parts.Window.focusWidget()) field->Leave();
+void Entries::Field_FocusIn(EntryField& field, EntryField::Way way) {
+    const bool passing = Refusing && way == EntryField::Way::WithWindow;
+    if (Entered == &field || passing) return;
+    if (Entered != nullptr && (!Leave() || Entered != nullptr)) return;  // it has the focus back
+    GotFocus(field);
+    if (const auto& entered = RulesOf.at(&field).GotFocus) entered();
+}
+
+void Entries::Field_FocusOut(EntryField& field, EntryField::Way way) {
+    if (Entered == &field && way == EntryField::Way::ByControl) Leave();
+}
+
+// Catches up where the focus has gone to another control by way of a menu.
+void Entries::FocusMoved(QWidget* now) {
+    const bool toControl =
+        now != nullptr && now->window() == &Parts.Window && qobject_cast<QMenuBar*>(now) == nullptr;
+    if (Entered != nullptr && toControl && now != Entered) Leave();
+}
+
+void Entries::Field_Change(EntryField& field, const QString& before) {
+    if (Entered != &field && !TakeIn(field, before)) {
+        field.Write(before);
+        return;
+    }
+    if (const auto& change = RulesOf.at(&field).Change) change();
+}
+
+bool Entries::TakeIn(EntryField& field, const QString& before) {
+    if (!Door.Open() || !field.isEnabled() || !Commit()) return false;
+    GotFocus(field);
+    OldText = before.toStdString();
+    field.setFocus();
+    return true;
+}
+
+void Entries::GotFocus(EntryField& field) {
+    Entered = &field;
+    if (!RefocusPending) OldText = field.text().toStdString();
+    RefocusPending = false;
+}
+
+bool Entries::Leave() {
+    const unsigned refusals = Refusals;
+    EntryField& field = *std::exchange(Entered, nullptr);
+    ++Leaves;
+    field.deselect();  // before the rule: it may bring the focus back with the text selected
+    Parts.Events.Run(RulesOf.at(&field).LostFocus);
     return refusals == Refusals;
 }
 
-bool Entries::CommitAll() {
-    return CommitOpenEntry() && Parts.Window.focusWidget() != Parts.Controls.txtPAUTOSTEP;
+bool Entries::Commit() {
+    const unsigned refusals = Refusals;
+    const unsigned leaves = Leaves;
+    Parts.Controls.cmdFOCUS->setFocus();
+    // In a window that is not active, or behind a menu, the toolkit does not tell of it.
+    if (Entered != nullptr && leaves == Leaves) Leave();
+    return refusals == Refusals;
+}
+
+void Entries::Cancel() {
+    EntryField& field = *Entered;
+    field.setText(QString::fromStdString(OldText));
+    field.selectAll();
 }
 
 void Entries::Refuse(EntryField& field, const Message& message) {
+    ShowRefusal(message);
+    RefocusPending = true;
+    ReturnTo(field);
+}
+
+void Entries::TakeBack(EntryField& field, const Message& message) {
+    field.Write(QString::fromStdString(OldText));
+    if (const auto& change = RulesOf.at(&field).Change) change();
+    ShowRefusal(message);
+}
+
+void Entries::ShowRefusal(const Message& message) {
     ++Refusals;
     Refusing = true;
     Parts.Boxes.Show(&Parts.Window, message);
     Refusing = false;
-    Refused = &field;
-    Parts.State.RefocusPending = true;
-    field.setFocus();
-    field.selectAll();
-    // Where the field has not been left no event will come to use the mark up.
-    if (field.Entered()) Parts.State.RefocusPending = false;
 }
 
-void Entries::Field_GotFocus(const EntryField& field) {
-    const bool back = Parts.State.RefocusPending && &field == Refused;
-    if (!back) Parts.Source.OldText = field.text().toStdString();
-    Parts.State.RefocusPending = false;
+void Entries::ReturnTo(EntryField& field) {
+    GotFocus(field);
+    field.setFocus();
+    field.selectAll();
 }
 
 }  // namespace zps

@@ -1,38 +1,76 @@
-// What all entry fields of the main window have in common: an entry is committed before anything
-// else is done, and one in error keeps the focus.
+// What all entry fields of the main window have in common: an entry that is open is committed
+// before anything else is done, and one in error keeps the focus.
 #pragma once
 
+#include "power/panel/gate.h"
 #include "power/panel/power_parts.h"
+
+#include <functional>
+#include <map>
+#include <string>
 
 namespace zps {
 
+// A field is entered when it gets the focus from another control, and stays so until it has been
+// left: a menu, a message box or another program in front leaves a half-typed value half-typed. At
+// most one field is entered. Text that comes from outside (a screen reader) enters its field first.
 class Entries {
   public:
-    explicit Entries(PowerParts& parts) : Parts(parts) {}
+    // What one field does by itself.
+    struct Rules {
+        std::function<void()> LostFocus;      // it has been left
+        std::function<void()> Committed;      // Enter
+        std::function<void()> GotFocus;       // the operator has entered it; may be empty
+        std::function<void()> Change;         // may be empty
+        std::function<void(QChar)> KeyPress;  // may be empty
+    };
 
-    // Has `field` handle its events. `own` is what this field does with a change, a key, when it is
-    // left (LostFocus) and on Enter (Committed); all else is the same for every field, and what
-    // `own` says of it is not used. This object outlives the field's last event.
-    void Connect(EntryField& field, const EntryField::Events& own);
+    Entries(PowerParts& parts, const Gate& gate);
 
-    // Gives the focus to cmdFOCUS, which commits an open entry. False if the entry was refused: the
-    // focus is back in its field then, and what the operator wanted to do must not be done.
-    bool CommitOpenEntry();
-    // For all but a click on a step: false also where the sequence box has the focus back, because
-    // it names steps that the supply does not hold.
-    bool CommitAll();
+    // From now on the events of `field` are handled here. This object outlives the last of them.
+    void Connect(EntryField& field, Rules rules);
 
-    // An entry was out of range: shows `message`, and gives `field` the focus with its text
-    // selected.
+    // The field that is entered, or null.
+    EntryField* Open() const { return Entered; }
+    // The text that it had when it was entered, or was last accepted with.
+    const std::string& TextBefore() const { return OldText; }
+
+    // Gives the focus to cmdFOCUS and leaves the entered field. False if its entry was refused: the
+    // focus is back in it then, and what the operator wanted to do must not be done.
+    bool Commit();
+    // For the rules: the entry is out of range. Shows `message` and gives `field` the focus with
+    // its text selected.
     void Refuse(EntryField& field, const Message& message);
+    // The entry can't be taken now. Shows `message` and takes it back; what the operator wanted to
+    // do meanwhile must not be done.
+    void TakeBack(EntryField& field, const Message& message);
+    // Gives `field` the focus again, entered, with its text selected.
+    void ReturnTo(EntryField& field);
+    // The text of `field`, which is entered, has been taken over.
+    void Accept(const EntryField& field) { OldText = field.text().toStdString(); }
 
   private:
-    void Field_GotFocus(const EntryField& field);
+    void Field_FocusIn(EntryField& field, EntryField::Way way);
+    void Field_FocusOut(EntryField& field, EntryField::Way way);
+    void Field_Change(EntryField& field, const QString& before);
+    bool TakeIn(EntryField& field, const QString& before);
+    void FocusMoved(QWidget* now);
+    void GotFocus(EntryField& field);
+    bool Leave();
+    void Cancel();
+    void ShowRefusal(const Message& message);
 
     PowerParts& Parts;
-    int Refusals = 0;
-    bool Refusing = false;                // the message about an entry in error is up
-    const EntryField* Refused = nullptr;  // the field that RefocusPending is about
+    const Gate& Door;
+    std::map<const EntryField*, Rules> RulesOf;
+    QObject Context;  // ends the connection to the application
+
+    EntryField* Entered = nullptr;
+    std::string OldText;
+    bool RefocusPending = false;  // the focus goes back to a field in error: OldText stays
+    bool Refusing = false;        // the message about an entry in error is up
+    unsigned Refusals = 0;
+    unsigned Leaves = 0;
 };
 
 }  // namespace zps

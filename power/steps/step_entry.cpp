@@ -1,5 +1,6 @@
 #include "power/steps/step_entry.h"
 
+#include "power/steps/messages.h"
 #include "source/numbers.h"
 
 namespace zps {
@@ -21,75 +22,88 @@ Message RangeMessage(const StepField& kind, const SOURCE& source) {
 
 }  // namespace
 
-StepEntry::StepEntry(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields)
-    : Parts(parts), Rows(rows), Lock(lock), Fields(fields) {
+StepEntry::StepEntry(PowerParts& parts, Surround around) : Parts(parts), Around(std::move(around)) {
     for (const StepField& kind : StepFields()) {
         for (int row = 0; row < RowCount; ++row) Connect(kind, row);
     }
 }
 
+EntryField& StepEntry::FieldOf(const StepField& kind, int row) const {
+    return *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
+}
+
 void StepEntry::Connect(const StepField& kind, int row) {
-    EntryField& field = *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
-    EntryField::Events events;
-    events.Change = [this, &field, row] { Field_Change(field, row); };
-    events.LostFocus = [this, &kind, row] { Field_LostFocus(kind, row); };
-    events.Committed = [this, &kind, row] { Field_Committed(kind, row); };
-    Fields.Connect(field, events);
+    EntryField& field = FieldOf(kind, row);
+    Entries::Rules rules;
+    rules.Change = [this, &field, row] { Field_Change(field, row); };
+    rules.LostFocus = [this, &kind, row] { Field_LostFocus(kind, row); };
+    rules.Committed = [this, &kind, row] { Field_Committed(kind, row); };
+    Around.Fields.Connect(field, std::move(rules));
 }
 
 void StepEntry::Field_Change(const EntryField& field, int row) {
     const bool changed =
-        LeadingNumber(field.text().toStdString()) != LeadingNumber(Parts.Source.OldText);
-    if (Parts.State.OutputOn) {
-        changed ? Lock.LockToCurrentStep() : Lock.ReleaseEditLockOutputOn();
+        LeadingNumber(field.text().toStdString()) != LeadingNumber(Around.Fields.TextBefore());
+    if (!changed) {
+        Around.Lock.ReleaseEditLock();
+    } else if (Around.OutputOn()) {
+        Around.Lock.LockToCurrentStep();
     } else {
-        changed ? Lock.LockToRow(row) : Lock.ReleaseEditLock();
+        Around.Lock.LockToRow(row);
     }
 }
 
 void StepEntry::Field_LostFocus(const StepField& kind, int row) {
-    EntryField& field = *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
-    if (field.text().toStdString() == Parts.Source.OldText) return;
-    if (field.text().isEmpty()) field.setText(QStringLiteral("0"));
-    const double value = LeadingNumber(field.text().toStdString());
-    if (OutOfRange(kind, Parts.Source, value)) {
-        Fields.Refuse(field, RangeMessage(kind, Parts.Source));
-    } else {
-        Store(kind, field, row, value);
-    }
+    if (FieldOf(kind, row).text().toStdString() != Around.Fields.TextBefore()) Take(kind, row);
 }
 
 void StepEntry::Field_Committed(const StepField& kind, int row) {
-    Field_LostFocus(kind, row);
-    EntryField& field = *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
-    if (!OutOfRange(kind, Parts.Source, LeadingNumber(field.text().toStdString()))) {
-        Parts.Source.OldText = field.text().toStdString();
+    const EntryField& field = FieldOf(kind, row);
+    if (field.text().toStdString() != Around.Fields.TextBefore()) {
+        if (Take(kind, row)) Around.Fields.Accept(field);
+    } else if (field.Refused() && Around.Rows.StepOf(row) == Around.Rows.CurStep()) {
+        Send(kind);
     }
 }
 
-void StepEntry::Store(const StepField& kind, EntryField& field, int row, double value) {
+bool StepEntry::Take(const StepField& kind, int row) {
+    EntryField& field = FieldOf(kind, row);
+    if (!Parts.Source.RatingsKnown()) {
+        Around.Fields.TakeBack(field, UnknownRatings());
+        return false;
+    }
+    if (field.text().isEmpty()) field.Write(QStringLiteral("0"));
+    const double value = LeadingNumber(field.text().toStdString());
+    if (OutOfRange(kind, Parts.Source, value)) {
+        Around.Fields.Refuse(field, RangeMessage(kind, Parts.Source));
+        return false;
+    }
     const std::string text = kind.Format(Parts.Source, value);
-    field.setText(QString::fromStdString(text));
-    const auto step = static_cast<std::size_t>(Rows.TopStep() + row);
-    (Parts.Source.*kind.Texts).at(step) = text;
-    if (static_cast<int>(step) == Parts.State.CurStep) {
-        SendToSelectedStep(kind, field);
-    } else if (!Parts.State.OutputOn) {
-        Parts.Source.StepFlag.at(step) = false;
+    field.Write(QString::fromStdString(text));
+    Field_Change(field, row);
+    Store(kind, row, text);
+    return true;
+}
+
+void StepEntry::Store(const StepField& kind, int row, const std::string& text) {
+    const int step = Around.Rows.StepOf(row);
+    Parts.Source.StoreStep(kind.Value, step, text);
+    if (step == Around.Rows.CurStep()) {
+        Around.Shown.ShowValue(kind.Value, text);
+        Around.Lock.ReleaseEditLock();
+        Send(kind);
+    } else if (!Around.OutputOn()) {
+        Around.Held.Changed(step, kind.Value);
     }
 }
 
-void StepEntry::SendToSelectedStep(const StepField& kind, const EntryField& field) {
-    const bool rated = Parts.Source.RatingsKnown();
-    if (rated && Parts.Line.PortOpen())
-        Parts.Held.Mark(Parts.State.CurStep);
-    else
-        Parts.Held.Unsent(Parts.State.CurStep);
-    Parts.State.OutputOn ? Lock.ReleaseEditLockOutputOn() : Lock.ReleaseEditLock();
-    if (!rated) return;
-    if (kind.ReadOut != nullptr) (Parts.Controls.*kind.ReadOut)->setText(field.text());
-    if (kind.StopsPolling) Parts.Timers.tmrDLE.SetEnabled(false);
-    kind.Send(Parts.Source, Parts.Line, field.text().toStdString());
+void StepEntry::Send(const StepField& kind) {
+    if (!Parts.Source.RatingsKnown()) return;
+    const int step = Around.Rows.CurStep();
+    if (kind.StopsPolling) Around.Polls.Stop();
+    Around.Held.Send(
+        step, Only(kind.Value),
+        ValueFrame(Parts.Source.PowerAddr, kind.Value, Parts.Source.Wire(kind.Value, step)));
 }
 
 }  // namespace zps

@@ -1,30 +1,47 @@
 // Entry of a step's values: what happens while a field has the focus, and when it loses it.
 #pragma once
 
+#include "power/link/held_steps.h"
+#include "power/link/polling.h"
 #include "power/panel/power_parts.h"
+#include "power/panel/read_outs.h"
 #include "power/steps/edit_lock.h"
 #include "power/steps/entries.h"
 #include "power/steps/step_fields.h"
 #include "power/steps/step_list.h"
 
+#include <functional>
+#include <utility>
+
 namespace zps {
 
 class StepEntry {
   public:
-    StepEntry(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields);
+    // What an entry moves. `OutputOn` tells whether the output is on.
+    struct Surround {
+        StepList& Rows;
+        EditLock& Lock;
+        Entries& Fields;
+        HeldSteps& Held;
+        Polling& Polls;
+        ReadOuts& Shown;
+        std::function<bool()> OutputOn;
+    };
+    StepEntry(PowerParts& parts, Surround around);
 
   private:
     void Connect(const StepField& kind, int row);
     void Field_Change(const EntryField& field, int row);
     void Field_LostFocus(const StepField& kind, int row);
     void Field_Committed(const StepField& kind, int row);
-    void Store(const StepField& kind, EntryField& field, int row, double value);
-    void SendToSelectedStep(const StepField& kind, const EntryField& field);
+    // Whether the text has been taken over.
+    bool Take(const StepField& kind, int row);
+    void Store(const StepField& kind, int row, const std::string& text);
+    void Send(const StepField& kind);
+    EntryField& FieldOf(const StepField& kind, int row) const;
 
     PowerParts& Parts;
-    StepList& Rows;
-    EditLock& Lock;
-    Entries& Fields;
+    Surround Around;
 };
 
 }  // namespace zps

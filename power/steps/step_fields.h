@@ -3,7 +3,6 @@
 
 #include "power/panel/power_controls.h"
 #include "source/source.h"
-#include "source/transmitter.h"
 
 #include <array>
 #include <string>
@@ -13,18 +12,17 @@ namespace zps {
 // One kind of field, in all seven rows.
 struct StepField {
     std::array<EntryField*, RowCount> PowerControls::*Fields;
-    std::array<std::string, StepCount> StepTable::*Texts;
+    StepValue Value;
     const char* Title;
     const char* FirstLine;
     const char* Unit;
     float (*Bound)(const SOURCE&);  // the highest value that is accepted
-    double Smallest;                // the lowest value that is accepted, zero apart
-    std::string (*Format)(SOURCE&, double);
-    QLineEdit* PowerControls::*ReadOut;  // shows the value too; none for most fields
-    bool StopsPolling;                   // whether the poll waits for the answer
-    void (*Send)(SOURCE&, Transmitter&, const std::string& text);
+    double Smallest;                // the smallest value that is accepted; 0 is accepted too
+    std::string (*Format)(const SOURCE&, double);
+    bool StopsPolling;  // whether the polls wait for the answer to a new value
 };
 
-const std::array<StepField, 5>& StepFields();
+// By StepValue.
+const std::array<StepField, StepValueCount>& StepFields();
 
 }  // namespace zps

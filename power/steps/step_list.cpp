@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "power/panel/step_list_layout.h"
+#include "power/steps/step_fields.h"
 #include "source/numbers.h"
 
 #include <QApplication>
@@ -12,18 +13,6 @@
 namespace zps {
 
 namespace {
-
-struct FieldTexts {
-    std::array<EntryField*, RowCount> PowerControls::*Fields;
-    std::array<std::string, StepCount> StepTable::*Texts;
-};
-constexpr std::array Columns{
-    FieldTexts{&PowerControls::txPVOLT, &StepTable::StepVolt},
-    FieldTexts{&PowerControls::txPCURR, &StepTable::StepCurr},
-    FieldTexts{&PowerControls::txPTIME, &StepTable::StepTime},
-    FieldTexts{&PowerControls::txPSLOPE, &StepTable::StepSlope},
-    FieldTexts{&PowerControls::txPOVP, &StepTable::StepOvp},
-};
 
 struct RowLook {
     QColor Button;
@@ -55,9 +44,27 @@ void StepList::PaintRow(int row, RowState state) {
     QPushButton& button = *Parts.Controls.txPSTEP.at(index);
     PaintBackground(button, look.Button);
     button.setAccessibleDescription(look.Spoken);
-    for (const auto& column : Columns) {
-        PaintBackground(*(Parts.Controls.*column.Fields).at(index), look.Fields);
+    for (const StepField& kind : StepFields()) {
+        EntryField& field = *(Parts.Controls.*kind.Fields).at(index);
+        PaintBackground(field, look.Fields);
+        const auto place = static_cast<std::size_t>(kind.Value);
+        field.MarkRefused(Held.Refused(StepOf(row)).test(place));
     }
+}
+
+void StepList::Select(int step) {
+    Selected = step;
+    Highlight(step);
+    Told();
+}
+
+void StepList::Highlight(int step) {
+    Highlighted = step;
+    Repaint();
+}
+
+void StepList::Repaint() {
+    Parts.Source.PaintStepRows(Highlighted);
 }
 
 void StepList::ShowSteps(int top) {
@@ -68,42 +75,16 @@ void StepList::ShowSteps(int top) {
         button.setText(number);
         button.setAccessibleName(QStringLiteral("단계 %1").arg(number));
     }
-    FillFields(top);
+    FillFields();
 }
 
-void StepList::FillFields(int first) {
-    for (std::size_t row = 0; row < RowCount; ++row) {
-        for (const auto& column : Columns) {
-            EntryField& field = *(Parts.Controls.*column.Fields)[row];
-            const auto& texts = Parts.Source.*column.Texts;
-            WriteField(field, texts.at(static_cast<std::size_t>(first) + row));
-            field.setAccessibleName(SpokenName(column.Fields, Top + static_cast<int>(row)));
+void StepList::FillFields() {
+    for (int row = 0; row < RowCount; ++row) {
+        for (const StepField& kind : StepFields()) {
+            EntryField& field = *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
+            field.Write(QString::fromStdString(Parts.Source.Text(kind.Value, StepOf(row))));
+            field.setAccessibleName(SpokenName(kind.Fields, StepOf(row)));
         }
-    }
-    KeepOldTextOfFocus();
-}
-
-StepTexts StepList::RowTexts(int row) const {
-    const auto text = [&](const auto& fields) {
-        return fields.at(static_cast<std::size_t>(row))->text().toStdString();
-    };
-    const PowerControls& c = Parts.Controls;
-    return {text(c.txPVOLT), text(c.txPCURR), text(c.txPTIME), text(c.txPSLOPE), text(c.txPOVP)};
-}
-
-void StepList::WriteField(EntryField& field, const std::string& text) {
-    Parts.Source.OldText = text;
-    field.setText(QString::fromStdString(text));
-}
-
-void StepList::KeepOldTextOfFocus() {
-    for (const auto& column : Columns) {
-        for (const EntryField* field : Parts.Controls.*column.Fields) {
-            if (field->Entered()) Parts.Source.OldText = field->text().toStdString();
-        }
-    }
-    for (const EntryField* field : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
-        if (field->Entered()) Parts.Source.OldText = field->text().toStdString();
     }
 }
 

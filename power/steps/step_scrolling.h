@@ -1,23 +1,29 @@
 // Moving the step list to other steps.
 #pragma once
 
-#include "power/steps/edit_lock.h"
+#include "power/panel/gate.h"
 #include "power/steps/entries.h"
 #include "power/steps/step_list.h"
+
+#include <functional>
 
 namespace zps {
 
 class StepScrolling {
   public:
-    StepScrolling(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields);
+    // `scrolled` is told after the rows show other steps.
+    StepScrolling(PowerParts& parts, const Gate& gate, StepList& rows, Entries& fields,
+                  std::function<void()> scrolled);
 
   private:
     void vscAUTOSTEP_Change();
+    bool MayScroll();
 
     PowerParts& Parts;
+    const Gate& Door;
     StepList& Rows;
-    EditLock& Lock;
     Entries& Fields;
+    std::function<void()> Scrolled;
 };
 
 }  // namespace zps

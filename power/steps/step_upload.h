@@ -1,36 +1,43 @@
 // Selection and upload of a step.
 #pragma once
 
+#include "power/link/held_steps.h"
+#include "power/link/polling.h"
 #include "power/panel/power_parts.h"
+#include "power/panel/read_outs.h"
+#include "power/steps/commands.h"
 #include "power/steps/edit_lock.h"
-#include "power/steps/entries.h"
 #include "power/steps/step_list.h"
-#include "source/step_frame.h"
+
+#include <functional>
 
 namespace zps {
 
 class StepUpload {
   public:
-    StepUpload(PowerParts& parts, StepList& rows, EditLock& lock, Entries& fields);
+    struct Surround {
+        StepList& Rows;
+        EditLock& Lock;
+        HeldSteps& Held;
+        Polling& Polls;
+        ReadOuts& Shown;
+        std::function<bool()> OutputOn;
+    };
+    StepUpload(PowerParts& parts, Commands& commands, Surround around);
 
-    // One-shot: sends the step in the top row to a supply that has just gone under remote control.
-    // Called off by an entry in error, and where no ratings are known.
-    void tmrSTART_Timer();
+    // Sends the step in the top row to a supply that has just gone under remote control. The
+    // ratings are known and no entry is open.
+    void SendTopStep();
 
   private:
     // Makes the row's step the selected one: with the output off the supply gets all its values,
     // with the output on it is told to go to it.
     void txPSTEP_Click(int row);
-    int ButtonStep(int row) const;
-    // The row's step with all its values. Throws OverflowError where a text can't be sent.
-    Frame RowFrame(int row) const;
-    void SelectRow(int row);
-    void SendRow(int row, Frame frame);
+    void Select(int row);
+    void Upload(int row);
 
     PowerParts& Parts;
-    StepList& Rows;
-    EditLock& Lock;
-    Entries& Fields;
+    Surround Around;
 };
 
 }  // namespace zps

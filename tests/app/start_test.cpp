@@ -30,7 +30,7 @@ TEST(StartUp, ShowsTheSettingsWindowAboveTheDisabledMainWindow) {
     EXPECT_TRUE(panel.Main().isVisible() && settings.isVisible() && settings.isEnabled());
     EXPECT_EQ(settings.windowHandle()->transientParent(), panel.Main().windowHandle());
     const SOURCE& source = panel.Source();
-    EXPECT_EQ(std::tuple(source.CheckedAddr, source.VoltScale, source.CurrScale),
+    EXPECT_EQ(std::tuple(source.CheckedAddr(), source.VoltScale(), source.CurrScale()),
               std::tuple(99, 100, 10000));
     panel.Main().close();
     EXPECT_TRUE(panel.Main().isVisible());  // another window has its port
@@ -93,7 +93,7 @@ TEST(TheDevice, HasOneHolderInWhateverOrderTheWindowsOpenAndClose) {
     panel.Choose("mnuSET_MANU");
     EXPECT_TRUE(panel.WaitForDataResult("통신ok = DATA수신!!!"));
     closePortWindow();
-    EXPECT_TRUE(WaitFor([&] { return panel.Source().StepFlag[0]; }));
+    EXPECT_TRUE(WaitFor([&] { return panel.Source().StepFlag(0); }));
 }
 
 TEST(TheDevice, MayGoAndComeBackUnderTheSettingsWindow) {

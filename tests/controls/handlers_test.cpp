@@ -77,7 +77,7 @@ TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
         {[] { ControlFrame(240, code::Dle); }, "256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
         {[] { TimeBytes("x.000"); }, "'x'은(는) 숫자가 아닙니다."},
         {[] { TimeBytes("65536.000"); }, "65536은(는) 범위 0~65535을(를) 벗어납니다."},
-        {[] { SetPointCounts("1e9", 100); }, "100000000000은(는) 너무 커서 보낼 수 없습니다."},
+        {[] { SetPointBytes("1e9", 100); }, "100000000000은(는) 너무 커서 보낼 수 없습니다."},
         {[] { TimeBytes("5"); }, "'5'에 소수점이 없습니다."}};
     for (int time = 0; time < 2; ++time) {
         for (const auto& [handler, text] : values)

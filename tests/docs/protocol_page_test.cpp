@@ -20,19 +20,23 @@ Frame Build(const std::string& text) {
     std::istringstream words(text);
     std::vector<std::string> w(std::istream_iterator<std::string>(words), {});
     const std::string name = w.at(0), value = w.size() > 1 ? w[1] : "";
-    const Word n = SplitWord(SetPointCounts(value, name == "V" ? 100 : name == "C" ? 1000 : 1));
+    const int n = std::atoi(value.c_str());
     if (controls.contains(name)) return ControlFrame(1, controls.at(name));
     if (name == "INIT") return InitialisationFrame(1);
-    if (name == "STEP" && w.size() == 7)
-        return UploadFrame(1, std::stoi(value), {w[2], w[3], w[4], w[5], w[6]}, 100, 1000);
-    if (name == "T") return TimeFrame(1, value);
-    if (name == "D") return SlopeFrame(1, value);
-    if (name == "O") return OvpFrame(1, value, 100);
-    if (name == "S") return SelectStepFrame(1, std::stoi(value));
-    if (name == "V" || name == "C") return SingleCommand(1, name[0], {n.High, n.Low});
-    if (name != "B" && name != "F" && name != "R") return SingleCommand(1, name[0], {n.Low});
+    if (name == "STEP" && w.size() == 7) {
+        return UploadFrame(1, n,
+                           {SetPointBytes(w[2], 100), SetPointBytes(w[3], 1000), TimeBytes(w[4]),
+                            SlopeBytes(w[5]), SetPointBytes(w[6], 100)});
+    }
+    if (name == "T") return ValueFrame(1, StepValue::Time, TimeBytes(value));
+    if (name == "D") return ValueFrame(1, StepValue::Slope, SlopeBytes(value));
+    if (name == "O") return ValueFrame(1, StepValue::Ovp, SetPointBytes(value, 100));
+    if (name == "V") return ValueFrame(1, StepValue::Volt, SetPointBytes(value, 100));
+    if (name == "C") return ValueFrame(1, StepValue::Curr, SetPointBytes(value, 1000));
+    if (name == "S") return SelectStepFrame(1, n);
+    if (name != "B" && name != "F" && name != "R") return SingleCommand(1, name[0], {n});
     FrameBuilder plain = FrameBuilder(1).Command(name[0]);
-    if (name == "F") return plain.Append({n.High, n.Low}).Finish();
+    if (name == "F") return plain.AppendWord(n).Finish();
     for (std::size_t i = 1; i < w.size(); ++i) plain.Append({std::stoi(w[i])});
     return plain.Finish();
 }

@@ -113,7 +113,7 @@ TEST_F(RunPolling, AfterALostReplyThePollIsBackASecondLater) {
         EXPECT_TRUE(Comes(false));
         Line().SetFaults({});
         EXPECT_TRUE(Comes(true, 1600ms));
-        EXPECT_EQ(Get<QWidget>("txPSTEP_1").isEnabled(), Source().StepFlag[1]);
+        EXPECT_EQ(Get<QWidget>("txPSTEP_1").isEnabled(), Source().StepFlag(1));
         ASSERT_TRUE(Samples(2));
     }
     Choose("mnuPROGRAM_END");  // stops the polls and, answered with No, leaves them to the watch

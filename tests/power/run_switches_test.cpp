@@ -60,7 +60,7 @@ TEST_F(RunSwitches, TheOutputGoesOffWhateverStandsInAFieldAndOnOnlyWithoutAnErro
     Click("cmdOUTPUT");
     EXPECT_EQ(Sent(), "A0");
     EXPECT_TRUE(Boxes.Shown.empty());
-    const auto setValues = Source().StepVolt[1] + " " + Source().StepCurr[1];
+    const auto setValues = Source().StepVolt(1) + " " + Source().StepCurr(1);
     EXPECT_EQ(Texts(*this, {"Output_ONOFF", "txtVOLT", "txtCURR"}), "OFF " + setValues);
     Click("cmdOUTPUT");
     EXPECT_EQ(Sent(), "");

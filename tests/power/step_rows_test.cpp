@@ -58,8 +58,7 @@ TEST_F(StepRows, AnEditLocksThePointerIntoItsRowUntilTheValueIsBack) {
     other.show();
     other.activateWindow();
     EXPECT_TRUE(WaitFor([&] { return Pointer.Within == nullptr; }));
-    Choose("mnuData_Clear");
-    EXPECT_EQ(Pointer.Within, nullptr);
+    Main().activateWindow();
     EXPECT_TRUE(WaitFor([&] { return Locked(); }));
     Boxes.Answers = {Answer::Yes};
     Main().close();
@@ -132,7 +131,7 @@ TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
     Bar().setValue(10);
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(), "");
-    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag[10] && !Source().RxBusy; }));
+    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(10) && !Source().RxBusy; }));
     EXPECT_EQ(Button(0).accessibleDescription(), "송신됨");  // step 10, which has been started
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(),
@@ -188,21 +187,20 @@ TEST_F(StepRows, EachRowTellsWhatItsStepIsWhateverChangesIt) {
 }
 
 TEST_F(StepRows, AClickSendsTheWholeRowOnceAndShowsItsValues) {
-    const std::size_t s = 5;
-    Source().StepVolt[s] = "12.50";
-    Source().StepCurr[s] = "1.000";
-    Source().StepTime[s] = "1.5";
-    Source().StepSlope[s] = ".1";
-    Source().StepOvp[s] = "218.0";
+    const int s = 5;
+    Source().StoreStep(StepValue::Volt, s, "12.50");
+    Source().StoreStep(StepValue::Curr, s, "1.000");
+    Source().StoreStep(StepValue::Time, s, "1.50000");
+    Source().StoreStep(StepValue::Slope, s, "0.10000");
+    Source().StoreStep(StepValue::Ovp, s, "218.0");
     Bar().setValue(1);
     ClickStep(4);
     EXPECT_EQ(Sent(), Only({27, 'S', 5,    27, 'V', 4,   0xE2, 27,   'C', 3,  0xE8, 27,   'T', 0,
                             1,  1,   0xF4, 0,  27,  'D', 0,    0x64, 0,   27, 'O',  0x55, 0x28}));
-    EXPECT_TRUE(Source().StepFlag[s]);
+    EXPECT_TRUE(Source().StepFlag(s));
     EXPECT_EQ(Get<QLineEdit>("txtVOLT").text() + Get<QLineEdit>("txtCURR").text(), "12.501.000");
     EXPECT_EQ(Text("txtSTEP") + Field("txPTIME", 4).text() + Field("txPSLOPE", 4).text(),
               "051.500000.10000");
-    EXPECT_EQ(Source().StepTime[s], "1.5");
     EXPECT_TRUE(Released());
     ClickStep(4);
     EXPECT_TRUE(Sent().empty());
@@ -211,13 +209,13 @@ TEST_F(StepRows, AClickSendsTheWholeRowOnceAndShowsItsValues) {
 
 TEST_F(StepRows, AllStepsArriveInTheSupplyAsTheTableHasThem) {
     SOURCE& source = Source();
-    for (std::size_t s = 0; s < StepCount; ++s) {
+    for (int s = 0; s < StepCount; ++s) {
         const auto n = static_cast<float>(s);
-        source.StepVolt[s] = source.FormatVolt(n * 1.5F);
-        source.StepCurr[s] = source.FormatCurr(n * 0.1F);
-        source.StepTime[s] = FormatSeconds(static_cast<double>(s) * 500.12345);
-        source.StepSlope[s] = FormatSeconds(static_cast<double>(s) * 0.5);
-        source.StepOvp[s] = source.FormatVolt(218 - n);
+        source.StoreStep(StepValue::Volt, s, source.FormatVolt(n * 1.5F));
+        source.StoreStep(StepValue::Curr, s, source.FormatCurr(n * 0.1F));
+        source.StoreStep(StepValue::Time, s, FormatSeconds(s * 500.12345));
+        source.StoreStep(StepValue::Slope, s, FormatSeconds(s * 0.5));
+        source.StoreStep(StepValue::Ovp, s, source.FormatVolt(218 - n));
     }
     for (int step = 1; step <= StepCount; ++step) {
         const int top = std::min(step % StepCount, StepCount - RowCount);
@@ -226,7 +224,7 @@ TEST_F(StepRows, AllStepsArriveInTheSupplyAsTheTableHasThem) {
     }
     const auto steps = Line().StateOf(1).Steps;
     for (unsigned s = 0; s < StepCount; ++s) {
-        EXPECT_TRUE(source.StepFlag[s]);
+        EXPECT_TRUE(source.StepFlag(static_cast<int>(s)));
         EXPECT_EQ(steps[s].VoltRaw, s * 150) << s;
         EXPECT_EQ(steps[s].CurrRaw, s * 100) << s;
         EXPECT_EQ(steps[s].OvpRaw, 21800 - s * 100) << s;
@@ -275,11 +273,16 @@ TEST_F(StepRows, RowsTellSelectedAndHeldStepsApartWithReadableTextOnEveryDesktop
 }
 
 TEST_F(StepRows, ASupplyOfUnknownRatingsGetsNoSetPoints) {
-    Source().MaxVolt = 0;
-    Enter("txPTIME_0", "1");
-    EXPECT_EQ(Source().StepTime[0], "1.00000");
+    Source().Forget();
+    const std::function<void()> ways[]{[&] { Enter("txPTIME_0", "1"); }, [&] { ClickStep(1); }};
+    for (const auto& way : ways) {
+        Boxes.Shown.clear();
+        way();
+        EXPECT_EQ(Boxes.Shown.size(), 1U);
+        EXPECT_TRUE(Boxes.LastText().contains("설정 > ZPS설정 > DATA 확인"));
+    }
+    EXPECT_EQ(Field("txPTIME", 0).text(), "0.00000");
     EXPECT_TRUE(Released());
-    ClickStep(1);
     EXPECT_TRUE(Sent().empty());
     EXPECT_EQ(Text("txtSTEP"), "00");
 }

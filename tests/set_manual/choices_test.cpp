@@ -48,7 +48,7 @@ TEST(Choice, OfAnotherPortForgetsWhichSupplyWasThere) {
             EXPECT_EQ(panel.Source().CommPort, 1);
         }
         QTest::keyClick(panel.Run.Settings()->focusWidget(), Qt::Key_Space);
-        EXPECT_EQ(panel.Source().CheckedAddr, port == 1 ? 1 : LinkState::NoAddress);
+        EXPECT_EQ(panel.Source().CheckedAddr(), port == 1 ? 1 : SOURCE::NoAddress);
         ASSERT_TRUE(panel.WaitForDataResult(GoodData));
         EXPECT_EQ(panel.Line().Written().back().CommPort, port);
     }

@@ -24,7 +24,7 @@ TEST(Identification, AsksFourThingsOnARealLineAndSetsThePanelUp) {
     EXPECT_EQ(asked, ChainOf(1));
     EXPECT_EQ(panel.GetSetting<QLineEdit>("POWERVoltage").text(), "150.0");
     EXPECT_EQ(panel.Text("lblZPS_MODEL") + panel.Text("lblSPEC_VA"), "ZPS-1500150V/10A");
-    EXPECT_EQ(std::tuple(panel.Source().VoltScale, panel.Source().CurrScale),
+    EXPECT_EQ(std::tuple(panel.Source().VoltScale(), panel.Source().CurrScale()),
               std::tuple(100, 1000));
     EXPECT_EQ(panel.Get<QLineEdit>("txPOVP_6").text(), "163.5");
     for (const char* control : {"fraSTEPLIST", "cmdOUTPUT"})
@@ -40,7 +40,7 @@ TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
     panel.Line().Answer(RatingsReply(200, 50));
     Press(panel, "cmdZPS_DLE");
     ASSERT_TRUE(panel.WaitForDataResult(GoodData));
-    EXPECT_EQ(panel.Source().MaxVolt, 150);
+    EXPECT_EQ(panel.Source().MaxVolt(), 150);
     // Opened once more the window asks nothing; a probe by hand stays alone.
     panel.Run.Settings()->close();
     panel.Choose("mnuSET_MANU");
@@ -54,10 +54,9 @@ TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
     panel.Run.Settings()->close();
     EXPECT_FALSE(panel.Source().RatingsKnown());
     EXPECT_TRUE(StaysQuiet(panel.Line()));
-    panel.Source().StepFlag.fill(true);
     panel.Choose("mnuSET_MANU");
     EXPECT_TRUE(WaitFor([&] { return panel.Source().RatingsKnown(); }));
-    EXPECT_FALSE(panel.Source().StepFlag[0]);
+    EXPECT_FALSE(panel.Source().StepFlag(0));
 }
 
 TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {
@@ -101,9 +100,9 @@ TEST(Identification, NamesTheModelAfterThePowerOfTheSupply) {
     const auto expectModel = [&](int tenthsOfVolt, int tenthsOfAmpere, int index,
                                  const QString& name) {
         panel.Line().Answer(RatingsReply(tenthsOfVolt, tenthsOfAmpere));
-        panel.Source().CheckedAddr = LinkState::NoAddress;
+        panel.Source().Forget();
         Press(panel, "cmdZPS_DLE");
-        ASSERT_TRUE(WaitFor([&] { return panel.Source().CheckedAddr == 1; }));
+        ASSERT_TRUE(WaitFor([&] { return panel.Source().CheckedAddr() == 1; }));
         EXPECT_EQ(panel.GetSetting<QComboBox>("cmbMODEL").currentText(), name);
         EXPECT_EQ(panel.Text("lblZPS_MODEL"), name);
         EXPECT_EQ(panel.Source().ModelIndex, index) << tenthsOfVolt;
@@ -117,7 +116,7 @@ TEST(Identification, NamesTheModelAfterThePowerOfTheSupply) {
     expectModel(33, 30, 0, "ZPS-10");  // below the list
     Pick(panel, "cmbMODEL", 4);        // by hand: a name, nothing more
     EXPECT_EQ(panel.Text("lblZPS_MODEL"), "ZPS-750");
-    EXPECT_EQ(panel.Source().MaxVolt, 3.3F);
+    EXPECT_EQ(panel.Source().MaxVolt(), 3.3F);
 }
 
 }  // namespace

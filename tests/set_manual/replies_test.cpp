@@ -77,7 +77,7 @@ TEST_P(PoorReply, IsAskedForFourTimesThenShownAndOpensThePanelOnlyIfGood) {
     EXPECT_EQ(seen(other), ToQColor(both ? paint : data ? Colour::BrightGreen : Colour::Grey));
     const SOURCE& source = panel.Source();
     EXPECT_EQ(source.RxResult, one.Result);
-    EXPECT_EQ(source.CheckedAddr, one.Result == Reply::Data ? 1 : LinkState::NoAddress);
+    EXPECT_EQ(source.CheckedAddr(), one.Result == Reply::Data ? 1 : SOURCE::NoAddress);
     // The top step goes out by itself, but never to a supply of unknown ratings.
     panel.Run.Settings()->close();
     EXPECT_TRUE(panel.Main().isEnabled());

@@ -10,10 +10,16 @@ using namespace code;
 
 TEST(Frames, AreTheKnownOnesByteForByte) {
     const std::pair<Frame, Bytes> rows[] = {
-        {OvpFrame(1, "163.5", 100), {1, 2, 4, 27, 'O', 0x3F, 0xDE, 3, 0x91}},
-        {OvpFrame(1, "12.5", 1), {1, 2, 4, 27, 'O', 0, 12, 3, 0x80}},
-        {SlopeFrame(30, "1.23456"), {30, 2, 5, 27, 'D', 4, 0xD2, 56, 3, 0x95}},
-        {TimeFrame(1, "65535.99999"), {1, 2, 7, 27, 'T', 255, 255, 3, 0xE7, 99, 3, 0xC7}},
+        {ValueFrame(1, StepValue::Ovp, SetPointBytes("163.5", 100)),
+         {1, 2, 4, 27, 'O', 0x3F, 0xDE, 3, 0x91}},
+        {ValueFrame(1, StepValue::Ovp, SetPointBytes("12.5", 1)),
+         {1, 2, 4, 27, 'O', 0, 12, 3, 0x80}},
+        {ValueFrame(1, StepValue::Volt, SetPointBytes("12.34", 100)),
+         {1, 2, 6, 27, 'V', 4, 0xD2, 0, 0, 3, 0x53}},
+        {ValueFrame(30, StepValue::Slope, SlopeBytes("1.23456")),
+         {30, 2, 5, 27, 'D', 4, 0xD2, 56, 3, 0x95}},
+        {ValueFrame(1, StepValue::Time, TimeBytes("65535.99999")),
+         {1, 2, 7, 27, 'T', 255, 255, 3, 0xE7, 99, 3, 0xC7}},
         {ProbeFrame(251, Enq, 251), {251, 5, 0}},
         {ProbeFrame(2, Dc3, 255), {2, 19, 18}},
     };
@@ -59,11 +65,11 @@ TEST(Frames, RefuseWhatFitsNoByte) {
         EXPECT_THROW(ProbeFrame(none, Enq, 1), OverflowError);
     }
     for (const char* volts : {"655.36", "-0.01", "1e99"})
-        EXPECT_THROW(OvpFrame(1, volts, 100), OverflowError) << volts;
+        EXPECT_THROW(SetPointBytes(volts, 100), OverflowError) << volts;
     for (const char* time : {"65536.00000", "-1.00000", "1.5", "x"})
-        EXPECT_THROW(TimeFrame(1, time), OverflowError) << time;
+        EXPECT_THROW(TimeBytes(time), OverflowError) << time;
     for (const char* slope : {"65.53600", "-1.00000", "1.234", ""})
-        EXPECT_THROW(SlopeFrame(1, slope), OverflowError) << slope;
+        EXPECT_THROW(SlopeBytes(slope), OverflowError) << slope;
 }
 
 }  // namespace

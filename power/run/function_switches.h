@@ -1,0 +1,39 @@
+// The switches that only send their letter: automatic run, remote sensing, over-current protection.
+#pragma once
+
+#include "power/panel/functions.h"
+#include "power/panel/power_parts.h"
+#include "power/steps/commands.h"
+
+#include <array>
+#include <functional>
+
+namespace zps {
+
+class FunctionSwitches {
+  public:
+    // `changed` is told after a flag has changed.
+    FunctionSwitches(PowerParts& parts, Commands& commands, std::function<void()> changed);
+
+    bool AutoOn() const { return Flags[0].On; }
+    bool VsenseOn() const { return Flags[1].On; }
+    bool OcpOn() const { return Flags[2].On; }
+
+    // The supply has its functions switched off.
+    void Reset();
+    // The supply has reported this status byte.
+    void Reported(std::uint8_t bits);
+
+  private:
+    struct Flag {
+        bool On = false;           // as it was asked for
+        int DifferentReports = 0;  // reports in a row that tell otherwise
+    };
+    void Toggle(std::size_t place);
+
+    PowerParts& Parts;
+    std::function<void()> Changed;
+    std::array<Flag, PlainFunctionCount> Flags;
+};
+
+}  // namespace zps

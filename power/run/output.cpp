@@ -1,0 +1,26 @@
+#include "power/run/output.h"
+
+namespace zps {
+
+void Output::WentOn() {
+    NoReplies = 0;
+    Become(true);
+}
+
+void Output::WentOff() {
+    Become(false);
+}
+
+void Output::Tripped(int faultCode) {
+    ++Objection.Faults;
+    Objection.LastFault = faultCode;
+    Become(false);
+}
+
+void Output::Become(bool on) {
+    OutputOn = on;
+    Shown = on;
+    Told();
+}
+
+}  // namespace zps

@@ -1,0 +1,51 @@
+// Whether the output is on: what is believed, what is shown, and what has switched it off.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+
+namespace zps {
+
+class Output {
+  public:
+    // The output is believed on; only then the supply is polled and a reading is logged.
+    bool On() const { return OutputOn; }
+    // The output is shown on. It differs from On only between a step start and the next switching.
+    bool ShownOn() const { return Shown; }
+    // What the supply has said against switching on since the start.
+    struct Objections {
+        int Faults = 0;     // that it has reported
+        int Refusals = 0;   // of frames
+        int LastFault = 0;  // the code of the last fault
+    };
+    const Objections& Objected() const { return Objection; }
+    // Polls without any reply in the present output period.
+    std::int32_t NoReplyCount() const { return NoReplies; }
+
+    // The operator switches it on.
+    void WentOn();
+    // It is off, or taken for off: switched off, gone with remote control, reported by the supply.
+    void WentOff();
+    // The supply has reported a fault, which switches it off.
+    void Tripped(int faultCode);
+    // The supply has refused a frame.
+    void Refused() { ++Objection.Refusals; }
+    // A step start takes it for off without a word.
+    void ForgetForStepStart() { OutputOn = false; }
+    void CountNoReply() { ++NoReplies; }
+
+    // Called after each change of what is shown.
+    void OnChange(std::function<void()> told) { Told = std::move(told); }
+
+  private:
+    void Become(bool on);
+
+    bool OutputOn = false;
+    bool Shown = false;
+    Objections Objection;
+    std::int32_t NoReplies = 0;
+    std::function<void()> Told = [] {};
+};
+
+}  // namespace zps

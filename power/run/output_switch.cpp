@@ -1,0 +1,95 @@
+#include "power/run/output_switch.h"
+
+#include "source/numbers.h"
+
+#include <chrono>
+
+namespace zps {
+
+using namespace std::chrono_literals;
+
+namespace {
+constexpr auto ReplyInProgressLimit = 1s;
+constexpr auto Lateness = 100ms;  // more than a wait may overrun by itself
+}  // namespace
+
+OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround& around)
+    : Parts(parts), Around(around) {
+    commands.Connect(
+        *Parts.Controls.cmdOUTPUT, [this] { cmdOUTPUT_Click(); }, Commands::OpenEntry::LeaveOpen);
+}
+
+void OutputSwitch::cmdOUTPUT_Click() {
+    // The button undoes what the panel shows.
+    const bool switchOn = !Around.Out.On() && !Around.Out.ShownOn();
+    if (switchOn && !Around.Fields.Commit()) return;
+    Parts.Controls.lblNOTICE->clear();
+    Around.Polls.Stop();
+    Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
+    if (switchOn)
+        SwitchOn();
+    else
+        SwitchOff();
+}
+
+void OutputSwitch::SwitchOff() {
+    Around.Out.WentOff();
+    Around.Shown.ShowStep(Around.Rows.CurStep());
+    Send(false);
+}
+
+void OutputSwitch::SwitchOn() {
+    const PowerControls& c = Parts.Controls;
+    for (QLabel* counter : {c.lblZPS_ENQ, c.lblZPS_ERR, c.lblZPS_ERR1}) {
+        counter->setText(QStringLiteral("0"));
+    }
+    Around.Lock.ReleaseEditLock();
+    const QString objection = WaitForReplyInProgress();
+    if (!objection.isEmpty()) {
+        c.lblNOTICE->setText(objection);
+        return;
+    }
+    const int step = Around.Rows.CurStep();
+    if (Around.Held.Refused(step).any()) {
+        c.lblNOTICE->setText(QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있습니다.")
+                                 .arg(QString::fromStdString(FormatStep(step))));
+    }
+    Around.Out.WentOn();
+    Around.Log.Restart(c.txtSTEP->text());
+    try {
+        Send(true);
+    } catch (...) {
+        Around.Out.WentOff();  // nothing has gone out
+        throw;
+    }
+    Around.Polls.Start();
+}
+
+void OutputSwitch::Send(bool on) {
+    Parts.Line.SendCommand(letter::Output, on ? 1 : 0);
+}
+
+QString OutputSwitch::WaitForReplyInProgress() {
+    const auto deadline = serial::Clock::now() + ReplyInProgressLimit;
+    const Output::Objections before = Around.Out.Objected();
+    const auto done = [this] { return !Parts.Line.ReplyInProgress() && !Around.Start.UnderWay(); };
+    {
+        const Gate::Shut shut(Around.Door);
+        Parts.Events.Yield([&] { Around.Loop.RunUntil(done, deadline); });
+    }
+    if (Around.Start.UnderWay()) Around.Start.CallOff();
+    const Output::Objections now = Around.Out.Objected();
+    if (now.Faults != before.Faults) {
+        return QStringLiteral("전원 장치가 오류(코드 %1)를 알려 출력을 켜지 않았습니다.")
+            .arg(now.LastFault);
+    }
+    if (now.Refusals != before.Refusals)
+        return QStringLiteral("전원 장치가 앞의 명령을 거부하여 출력을 켜지 않았습니다.");
+    if (Around.Fields.Open() != nullptr)
+        return QStringLiteral("범위를 벗어난 입력이 있어 출력을 켜지 않았습니다.");
+    if (serial::Clock::now() > deadline + Lateness)
+        return QStringLiteral("1초 안에 켜지 못하여 출력을 켜지 않았습니다. 다시 누르십시오.");
+    return {};
+}
+
+}  // namespace zps

@@ -1,0 +1,47 @@
+#include "power/run/remote_switch.h"
+
+#include "power/panel/status_display.h"
+
+#include <utility>
+
+namespace zps {
+
+RemoteSwitch::RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, StepStart& start,
+                           Polling& polls, std::function<void()> changed)
+    : Parts(parts), Out(output), Start(start), Polls(polls), Changed(std::move(changed)) {
+    commands.Connect(*Parts.Controls.cmdPREMOTE, [this] { cmdPREMOTE_Click(); });
+}
+
+void RemoteSwitch::SetRemoteControls(bool on) {
+    Known = true;
+    Usable = on;
+    Changed();
+}
+
+void RemoteSwitch::cmdPREMOTE_Click() {
+    Frame frame = ControlFrame(Parts.Source.PowerAddr, RemoteOn ? code::Dc1 : code::Dc3);
+    Polls.Stop();
+    if (RemoteOn)
+        GoLocal();
+    else
+        GoRemote();
+    Parts.Line.Send(std::move(frame), ExpectAck);
+}
+
+void RemoteSwitch::GoLocal() {
+    RemoteOn = false;
+    Start.CallOff();
+    Out.WentOff();
+    SetRemoteControls(false);
+    ShowControl(Parts.Controls, Control::Local);
+}
+
+void RemoteSwitch::GoRemote() {
+    RemoteOn = true;
+    SetRemoteControls(true);
+    ShowControl(Parts.Controls, Control::Serial);
+    // No value may reach an output that is on by this: it goes on as it is.
+    if (!Out.On()) Start.AfterNextReply();
+}
+
+}  // namespace zps

@@ -1,0 +1,42 @@
+#include "power/run/step_start.h"
+
+#include <chrono>
+#include <utility>
+
+namespace zps {
+
+using namespace std::chrono_literals;
+
+StepStart::StepStart(Timekeeper& time, std::function<bool()> start, std::function<void()> poll)
+    : Start(std::move(start)),
+      Poll(std::move(poll)),
+      tmrSTART(time.MakeTicker("tmrSTART", 200ms)),
+      tmrStatus(time.MakeTicker("tmrStatus", 180ms)) {
+    tmrSTART->OnTick([this] { tmrSTART_Timer(); });
+    tmrStatus->OnTick([this] { tmrStatus_Timer(); });
+}
+
+void StepStart::CallOff() {
+    RunPhase = Idle;
+    tmrSTART->SetEnabled(false);
+    tmrStatus->SetEnabled(false);
+}
+
+void StepStart::ReplyHandled() {
+    if (RunPhase == AskingStatus) tmrStatus->SetEnabled(true);
+    if (RunPhase == Starting) tmrSTART->SetEnabled(true);
+}
+
+void StepStart::tmrSTART_Timer() {
+    tmrSTART->SetEnabled(false);
+    RunPhase = Idle;
+    if (Start()) RunPhase = AskingStatus;
+}
+
+void StepStart::tmrStatus_Timer() {
+    tmrStatus->SetEnabled(false);
+    RunPhase = Idle;
+    Poll();
+}
+
+}  // namespace zps
