@@ -1,8 +1,9 @@
+#include "set_manual/set_manual_controls.h"
+
 #include "controls/colours.h"
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "set_manual/models.h"
-#include "set_manual/set_manual_controls.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
