@@ -40,6 +40,8 @@ void PortWindow::Form_Unload() {
     hide();
     const auto error = Power.TakeBack();
     PortReturned(!error);
+    // The main window is free from here on, and the box below lets its commands run.
+    Q_EMIT Closed();
     if (error) Power.ReportPort(*error);
 }
 
@@ -47,7 +49,6 @@ void PortWindow::closeEvent(QCloseEvent* event) {
     event->accept();
     if (!isVisible()) return;
     Events.Run([this] { Form_Unload(); });
-    Q_EMIT Closed();
 }
 
 void PortWindow::keyPressEvent(QKeyEvent* event) {
