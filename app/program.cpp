@@ -110,6 +110,7 @@ void DressApplication() {
     QApplication::setFont(face);
     SpeakKorean();
     SpeakLabels();
+    SpeakPortWindows();
 }
 
 }  // namespace zps

@@ -1,5 +1,6 @@
 #include "power/port_window.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
 
@@ -57,6 +58,20 @@ void PortWindow::keyPressEvent(QKeyEvent* event) {
     } else {
         QWidget::keyPressEvent(event);
     }
+}
+
+namespace {
+
+// Null for what the toolkit or another factory knows.
+QAccessibleInterface* MakeSpokenWindow(const QString& /*className*/, QObject* object) {
+    auto* window = dynamic_cast<PortWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Dialog);
+}
+
+}  // namespace
+
+void SpeakPortWindows() {
+    QAccessible::installFactory(&MakeSpokenWindow);
 }
 
 }  // namespace zps

@@ -29,6 +29,8 @@ TEST(StartUp, ShowsTheSettingsWindowAboveTheDisabledMainWindow) {
     EXPECT_FALSE(panel.Main().isEnabled());
     EXPECT_TRUE(panel.Main().isVisible() && settings.isVisible() && settings.isEnabled());
     EXPECT_EQ(settings.windowHandle()->transientParent(), panel.Main().windowHandle());
+    auto* spoken = QAccessible::queryAccessibleInterface(panel.Run.Settings());
+    EXPECT_EQ(spoken->role(), QAccessible::Dialog);
     const SOURCE& source = panel.Source();
     EXPECT_EQ(std::tuple(source.CheckedAddr, source.VoltScale, source.CurrScale),
               std::tuple(99, 100, 10000));
