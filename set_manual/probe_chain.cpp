@@ -12,11 +12,19 @@ namespace {
 
 constexpr std::int16_t MostRetries = 3;
 constexpr auto RetryPause = 50ms;
+constexpr auto DelayAfterLoad = 200ms;
+constexpr auto DelayAfterChoice = 50ms;
 constexpr auto ChainInterval = 100ms;
 constexpr auto PendingEventsLimit = 100ms;
 
 bool Failed(Reply result) {
     return result != Reply::Ack && result != Reply::Data;
+}
+
+// A rating as the supply tells it, in V or A.
+double Rated(int tenths) {
+    constexpr double CountsPerUnit = 10;
+    return tenths / CountsPerUnit;
 }
 
 }  // namespace
@@ -28,10 +36,11 @@ ProbeChain::ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& lo
       Loop(loop),
       Line(source, port),
       Tell(std::move(events)),
-      tmrSTART_ENQ(QStringLiteral("tmrSTART_ENQ"), 200ms, handlers, TickMode::AtOnce),
+      tmrSTART_ENQ(QStringLiteral("tmrSTART_ENQ"), DelayAfterLoad, handlers, TickMode::AtOnce),
       tmrZPS_Remote(QStringLiteral("tmrZPS_Remote"), ChainInterval, handlers, TickMode::AtOnce),
       tmrPower_Init(QStringLiteral("tmrPower_Init"), ChainInterval, handlers, TickMode::AtOnce),
-      tmrSTART_DLE(QStringLiteral("tmrSTART_DLE"), ChainInterval, handlers, TickMode::AtOnce) {
+      tmrSTART_DLE(QStringLiteral("tmrSTART_DLE"), ChainInterval, handlers, TickMode::AtOnce),
+      FormAddr(source.SetAddr) {
     tmrSTART_ENQ.OnTick([this] { tmrSTART_ENQ_Timer(); });
     tmrZPS_Remote.OnTick([this] { tmrZPS_Remote_Timer(); });
     tmrPower_Init.OnTick([this] { tmrPower_Init_Timer(); });
@@ -41,13 +50,24 @@ ProbeChain::ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& lo
                    [this, &handlers] { handlers.Run([this] { comPOWER_OnComm(); }); });
 }
 
-void ProbeChain::Restart(std::chrono::milliseconds delay) {
-    Stop();
-    ProbeStage = Asking;
-    StartLater(delay);
+void ProbeChain::SetAddress(std::int16_t address) {
+    Source.SetAddr = address;
+    if (FormAddr == address) return;
+    FormAddr = Source.PowerAddr = address;
+    Source.RxResult = Reply::None;
 }
 
-void ProbeChain::StartLater(std::chrono::milliseconds delay) {
+void ProbeChain::StartAfterLoad() {
+    StartIn(DelayAfterLoad);
+}
+
+void ProbeChain::Restart() {
+    Stop();
+    ProbeStage = Stage::Asking;
+    StartIn(DelayAfterChoice);
+}
+
+void ProbeChain::StartIn(std::chrono::milliseconds delay) {
     tmrSTART_ENQ.SetInterval(delay);
     tmrSTART_ENQ.SetEnabled(true);
 }
@@ -113,11 +133,10 @@ bool ProbeChain::TellsUnknownRatings() const {
 
 void ProbeChain::TakeRatings(const Bytes& reply) {
     if (!TellsUnknownRatings()) return;
-    constexpr double CountsPerUnit = 10;
     const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
     Source.CheckedAddr = Source.SetAddr;
     Source.RatedDevice = Port.Device();
-    Tell.Ratings(ratings.Volt / CountsPerUnit, ratings.Curr / CountsPerUnit);
+    Tell.Ratings(Rated(ratings.Volt), Rated(ratings.Curr));
 }
 
 void ProbeChain::Finish(Reply result) {
@@ -133,44 +152,43 @@ void ProbeChain::Finish(Reply result) {
 
 void ProbeChain::MoveOn() {
     switch (ProbeStage) {
-        case Asking:
+        case Stage::Asking:
             tmrZPS_Remote.SetEnabled(true);
             break;
-        case GoingRemote:
+        case Stage::GoingRemote:
             tmrPower_Init.SetEnabled(true);
             break;
-        case Initialising:
+        case Stage::Initialising:
             Tell.DataProbeReady();
             tmrSTART_DLE.SetEnabled(true);
             break;
-        default:
-            ProbeStage = Idle;
+        case Stage::Idle:
             break;
     }
 }
 
 void ProbeChain::tmrSTART_ENQ_Timer() {
     tmrSTART_ENQ.SetEnabled(false);
-    ProbeStage = Asking;
+    ProbeStage = Stage::Asking;
     if (RunPendingEvents()) ProbeEnq();
 }
 
 void ProbeChain::tmrZPS_Remote_Timer() {
     tmrZPS_Remote.SetEnabled(false);
-    ProbeStage = GoingRemote;
+    ProbeStage = Stage::GoingRemote;
     Exchange(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck);
 }
 
 void ProbeChain::tmrPower_Init_Timer() {
     tmrPower_Init.SetEnabled(false);
-    ProbeStage = Initialising;
+    ProbeStage = Stage::Initialising;
     Exchange(InitialisationFrame(FormAddr), ExpectAck);
     InitialisationOut = true;
 }
 
 void ProbeChain::tmrSTART_DLE_Timer() {
     tmrSTART_DLE.SetEnabled(false);
-    ProbeStage = Idle;
+    ProbeStage = Stage::Idle;
     if (RunPendingEvents()) ProbeDle();
 }
 
