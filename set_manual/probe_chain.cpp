@@ -74,6 +74,7 @@ void ProbeChain::StartIn(std::chrono::milliseconds delay) {
 
 void ProbeChain::EndExchange() {
     ++ExchangeNumber;
+    AnswerAwaited = false;
     InitialisationOut = false;
     Source.RetryCount = 0;
 }
@@ -88,6 +89,7 @@ void ProbeChain::Stop() {
 void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag) {
     EndExchange();
     Line.Send(std::move(frame), replyFlag);
+    AnswerAwaited = true;
 }
 
 void ProbeChain::ProbeEnq() {
@@ -98,7 +100,7 @@ void ProbeChain::ProbeDle() {
 }
 
 void ProbeChain::comPOWER_OnComm() {
-    if (!Source.RxBusy) {  // no frame is out: these bytes answer nothing
+    if (!AnswerAwaited) {  // these bytes answer nothing, or an exchange that has been ended
         Port.DiscardInput();
         return;
     }
@@ -143,6 +145,7 @@ void ProbeChain::Finish(Reply result) {
     const std::int16_t asked = Source.ReplyFlag;
     const bool lastAttempt = Source.RetryCount >= MostRetries;
     const bool initialised = result == Reply::Ack && InitialisationOut;
+    AnswerAwaited = false;
     Source.RetryCount = 0;
     Source.ReplyFlag = ExpectAck;
     Tell.Result(result, asked);

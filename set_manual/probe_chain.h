@@ -81,6 +81,7 @@ class ProbeChain {
     Timer tmrSTART_DLE;
     std::int16_t FormAddr;  // the window's address, which goes into the probes
     Stage ProbeStage = Stage::Idle;
+    bool AnswerAwaited = false;      // the exchange in progress is still without a result
     bool InitialisationOut = false;  // the exchange in progress is that of the initialisation frame
     unsigned ExchangeNumber = 0;     // tells a handler that its exchange was ended while it waited
 };
