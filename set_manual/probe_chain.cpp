@@ -1,6 +1,10 @@
 #include "set_manual/probe_chain.h"
 
+#include "source/numbers.h"
+#include "source/step_frame.h"
+
 #include <chrono>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -25,6 +29,20 @@ bool Failed(Reply result) {
 double Rated(int tenths) {
     constexpr double CountsPerUnit = 10;
     return tenths / CountsPerUnit;
+}
+
+// Whether there is something to set, and the highest values that can be set, rounded as they are
+// shown, fit the 16 bits that they have on the wire.
+bool Usable(const RatingFields& told) {
+    const auto fits = [](const std::string& shown, std::int32_t scale) {
+        return SetPointCounts(shown, scale) <= std::numeric_limits<std::uint16_t>::max();
+    };
+    ValueFormat format;
+    format.SetMaxVolt(ToSingle(Rated(told.Volt)));
+    format.SetMaxCurr(ToSingle(Rated(told.Curr)));
+    return told.Volt != 0 && told.Curr != 0 &&
+           fits(format.FormatVolt(format.MaxOvp), format.VoltScale) &&
+           fits(format.FormatCurr(format.MaxCurr), format.CurrScale);
 }
 
 }  // namespace
@@ -126,7 +144,7 @@ Reply ProbeChain::Judge(const Bytes& reply) {
     const Reply result = JudgeReply(reply, Source.ReplyFlag, Source.PowerAddr, CheckByte::Wrapped);
     if (result != Reply::Data || !TellsUnknownRatings()) return result;
     const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
-    return ratings.Volt == 0 || ratings.Curr == 0 ? Reply::BadData : result;
+    return Usable(ratings) ? result : Reply::BadData;
 }
 
 bool ProbeChain::TellsUnknownRatings() const {

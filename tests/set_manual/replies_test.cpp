@@ -27,6 +27,7 @@ std::vector<Piece> Pieces(const Bytes& reply) {
 
 const Bytes Ratings = RatingsReply(1500, 100);
 const Bytes WrongHeader{1, 2, 8, 64, 0, 5, 220, 0, 0, 0, 100, 0, 0, 0};
+const Bytes HighestRatings = RatingsReply(60123, 65534);
 
 struct ReplyCase {
     const char* Name;
@@ -48,6 +49,9 @@ const ReplyCase ReplyCases[]{
     {"WrongDataHeader", Always(WrongHeader, 3), "1114", 150ms, Reply::BadData},
     {"NoVolts", Always(RatingsReply(0, 100), 3), "1114", 150ms, Reply::BadData},
     {"NoAmperes", Always(RatingsReply(1500, 0), 3), "1114", 150ms, Reply::BadData},
+    {"TooManyVolts", Always(RatingsReply(60124, 100), 3), "1114", 150ms, Reply::BadData},
+    {"TooManyAmperes", Always(RatingsReply(1500, 65535), 3), "1114", 150ms, Reply::BadData},
+    {"HighestRatings", After(3, {{{HighestRatings}}}), "1111", 0ms, Reply::Data},
     {"DataAtLast", After(3, {{}, {{Ack}}, {{{1}}}, {{Ratings}}}), "1114", 450ms, Reply::Data},
     {"LostNowAndThen",
      {{}, {{Ack}}, {{Nak}}, {{Ack}}, {{Ack}}, {{Ratings}}},
