@@ -45,6 +45,33 @@ TEST(StartUp, EndsWithThePortErrorOfTheMainWindow) {
     EXPECT_EQ(panel.Run.Settings(), nullptr);
 }
 
+// Menus, shortcuts and global menus press actions without asking the window.
+TEST(StartUp, LetsNoCommandOfTheDisabledMainWindowChangeAnything) {
+    ScriptedPanel panel;
+    int pressed = 0;
+    const auto pressAll = [&] {
+        for (QAction* command : panel.Main().findChildren<QAction*>()) command->trigger();
+        ++pressed;
+    };
+    panel.Line().Otherwise([&](const Bytes&) {  // a silent supply: in the wait for its answer,
+        QMetaObject::invokeMethod(&panel.Main(), pressAll, Qt::QueuedConnection);
+        return Bytes{};
+    });
+    panel.Run.StartUp();
+    pressAll();  // and before it is asked
+    const auto* const settings = panel.Run.Settings();
+    const auto& result = settings->findChild<QLabel*>("lblZPS_ENQ");
+    EXPECT_TRUE(WaitFor([&] { return result->text() == "통신에라 = 응답무!!!"; }));
+    EXPECT_EQ(pressed, 5);
+    EXPECT_EQ(panel.Line().WrittenData(), std::vector<Bytes>(4, Control(1, 5)));
+    EXPECT_EQ(panel.Line().Waited(), 550ms);  // for answers and between attempts, nothing else
+    EXPECT_EQ(panel.Run.Settings(), settings);
+    EXPECT_EQ(panel.Line().OpenMaker(), 2);
+    EXPECT_TRUE(settings->isVisible() && !panel.Main().isEnabled() && panel.Boxes.Shown.empty());
+    for (QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_TRUE(window == settings || window == &panel.Main() || !window->isVisible());
+}
+
 TEST(StartUp, LeavesNoTextOfTheToolkitInEnglish) {
     QLineEdit field("text");
     QStringList texts{QScrollBar::tr("Scroll here"), QAccessibleActionInterface::tr("Press")};
