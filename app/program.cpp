@@ -47,6 +47,7 @@ TEST* Program::Test() {
 
 template <class Window>
 void Program::ShowPortWindow() {
+    if (OpenWindow) return;  // it may be waiting for a reply: it is never replaced in place
     OpenWindow = std::make_unique<Window>(Source, *Power, Around);
     connect(OpenWindow.get(), &PortWindow::Closed, this, [this] { PortWindowClosed(); });
     FitToScreen(*OpenWindow);
@@ -109,6 +110,7 @@ void DressApplication() {
     QApplication::setFont(face);
     SpeakKorean();
     SpeakLabels();
+    SpeakPortWindows();
 }
 
 }  // namespace zps

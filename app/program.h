@@ -29,7 +29,7 @@ class Program : public QObject {
     TEST* Test();
 
   private:
-    // Shows a window that takes the port, above the main window.
+    // Shows a window that takes the port, above the main window; nothing while one is open.
     template <class Window>
     void ShowPortWindow();
     void PortWindowClosed();

@@ -1,5 +1,6 @@
 #include "power/port_window.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
 
@@ -40,6 +41,8 @@ void PortWindow::Form_Unload() {
     hide();
     const auto error = Power.TakeBack();
     PortReturned(!error);
+    // The main window is free from here on, and the box below lets its commands run.
+    Q_EMIT Closed();
     if (error) Power.ReportPort(*error);
 }
 
@@ -47,7 +50,6 @@ void PortWindow::closeEvent(QCloseEvent* event) {
     event->accept();
     if (!isVisible()) return;
     Events.Run([this] { Form_Unload(); });
-    Q_EMIT Closed();
 }
 
 void PortWindow::keyPressEvent(QKeyEvent* event) {
@@ -56,6 +58,20 @@ void PortWindow::keyPressEvent(QKeyEvent* event) {
     } else {
         QWidget::keyPressEvent(event);
     }
+}
+
+namespace {
+
+// Null for what the toolkit or another factory knows.
+QAccessibleInterface* MakeSpokenWindow(const QString& /*className*/, QObject* object) {
+    auto* window = dynamic_cast<PortWindow*>(object);
+    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Dialog);
+}
+
+}  // namespace
+
+void SpeakPortWindows() {
+    QAccessible::installFactory(&MakeSpokenWindow);
 }
 
 }  // namespace zps

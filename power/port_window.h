@@ -54,4 +54,7 @@ class PortWindow : public QWidget {
     void Form_Unload();
 };
 
+// Has screen readers announce every PortWindow as a dialog. Once in a program.
+void SpeakPortWindows();
+
 }  // namespace zps

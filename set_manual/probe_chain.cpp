@@ -1,6 +1,10 @@
 #include "set_manual/probe_chain.h"
 
+#include "source/numbers.h"
+#include "source/step_frame.h"
+
 #include <chrono>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -12,11 +16,33 @@ namespace {
 
 constexpr std::int16_t MostRetries = 3;
 constexpr auto RetryPause = 50ms;
+constexpr auto DelayAfterLoad = 200ms;
+constexpr auto DelayAfterChoice = 50ms;
 constexpr auto ChainInterval = 100ms;
 constexpr auto PendingEventsLimit = 100ms;
 
 bool Failed(Reply result) {
     return result != Reply::Ack && result != Reply::Data;
+}
+
+// A rating as the supply tells it, in V or A.
+double Rated(int tenths) {
+    constexpr double CountsPerUnit = 10;
+    return tenths / CountsPerUnit;
+}
+
+// Whether there is something to set, and the highest values that can be set, rounded as they are
+// shown, fit the 16 bits that they have on the wire.
+bool Usable(const RatingFields& told) {
+    const auto fits = [](const std::string& shown, std::int32_t scale) {
+        return SetPointCounts(shown, scale) <= std::numeric_limits<std::uint16_t>::max();
+    };
+    Ratings ratings;
+    ratings.SetMaxVolt(ToSingle(Rated(told.Volt)));
+    ratings.SetMaxCurr(ToSingle(Rated(told.Curr)));
+    return told.Volt != 0 && told.Curr != 0 &&
+           fits(ratings.FormatVolt(ratings.MaxOvp()), ratings.VoltScale()) &&
+           fits(ratings.FormatCurr(ratings.MaxCurr()), ratings.CurrScale());
 }
 
 }  // namespace
@@ -28,10 +54,11 @@ ProbeChain::ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& lo
       Loop(loop),
       Line(source, port),
       Tell(std::move(events)),
-      tmrSTART_ENQ(QStringLiteral("tmrSTART_ENQ"), 200ms, handlers, TickMode::AtOnce),
+      tmrSTART_ENQ(QStringLiteral("tmrSTART_ENQ"), DelayAfterLoad, handlers, TickMode::AtOnce),
       tmrZPS_Remote(QStringLiteral("tmrZPS_Remote"), ChainInterval, handlers, TickMode::AtOnce),
       tmrPower_Init(QStringLiteral("tmrPower_Init"), ChainInterval, handlers, TickMode::AtOnce),
-      tmrSTART_DLE(QStringLiteral("tmrSTART_DLE"), ChainInterval, handlers, TickMode::AtOnce) {
+      tmrSTART_DLE(QStringLiteral("tmrSTART_DLE"), ChainInterval, handlers, TickMode::AtOnce),
+      FormAddr(source.SetAddr) {
     tmrSTART_ENQ.OnTick([this] { tmrSTART_ENQ_Timer(); });
     tmrZPS_Remote.OnTick([this] { tmrZPS_Remote_Timer(); });
     tmrPower_Init.OnTick([this] { tmrPower_Init_Timer(); });
@@ -41,19 +68,31 @@ ProbeChain::ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& lo
                    [this, &handlers] { handlers.Run([this] { comPOWER_OnComm(); }); });
 }
 
-void ProbeChain::Restart(std::chrono::milliseconds delay) {
-    Stop();
-    ProbeStage = Asking;
-    StartLater(delay);
+void ProbeChain::SetAddress(std::int16_t address) {
+    Source.SetAddr = address;
+    if (FormAddr == address) return;
+    FormAddr = Source.PowerAddr = address;
+    Source.RxResult = Reply::None;
 }
 
-void ProbeChain::StartLater(std::chrono::milliseconds delay) {
+void ProbeChain::StartAfterLoad() {
+    StartIn(DelayAfterLoad);
+}
+
+void ProbeChain::Restart() {
+    Stop();
+    ProbeStage = Stage::Asking;
+    StartIn(DelayAfterChoice);
+}
+
+void ProbeChain::StartIn(std::chrono::milliseconds delay) {
     tmrSTART_ENQ.SetInterval(delay);
     tmrSTART_ENQ.SetEnabled(true);
 }
 
 void ProbeChain::EndExchange() {
     ++ExchangeNumber;
+    AnswerAwaited = false;
     InitialisationOut = false;
     Source.RetryCount = 0;
 }
@@ -68,6 +107,7 @@ void ProbeChain::Stop() {
 void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag) {
     EndExchange();
     Line.Send(std::move(frame), replyFlag);
+    AnswerAwaited = true;
 }
 
 void ProbeChain::ProbeEnq() {
@@ -78,7 +118,7 @@ void ProbeChain::ProbeDle() {
 }
 
 void ProbeChain::comPOWER_OnComm() {
-    if (!Source.RxBusy) {  // no frame is out: these bytes answer nothing
+    if (!AnswerAwaited) {  // these bytes answer nothing, or an exchange that has been ended
         Port.DiscardInput();
         return;
     }
@@ -104,7 +144,7 @@ Reply ProbeChain::Judge(const Bytes& reply) {
     const Reply result = JudgeReply(reply, Source.ReplyFlag, Source.PowerAddr, CheckByte::Wrapped);
     if (result != Reply::Data || !TellsUnknownRatings()) return result;
     const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
-    return ratings.Volt == 0 || ratings.Curr == 0 ? Reply::BadData : result;
+    return Usable(ratings) ? result : Reply::BadData;
 }
 
 bool ProbeChain::TellsUnknownRatings() const {
@@ -113,16 +153,16 @@ bool ProbeChain::TellsUnknownRatings() const {
 
 void ProbeChain::TakeRatings(const Bytes& reply) {
     if (!TellsUnknownRatings()) return;
-    constexpr double CountsPerUnit = 10;
     const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
     Source.ReadFrom(Source.SetAddr, Port.Device());
-    Tell.Ratings(ratings.Volt / CountsPerUnit, ratings.Curr / CountsPerUnit);
+    Tell.Ratings(Rated(ratings.Volt), Rated(ratings.Curr));
 }
 
 void ProbeChain::Finish(Reply result) {
     const std::int16_t asked = Source.ReplyFlag;
     const bool lastAttempt = Source.RetryCount >= MostRetries;
     const bool initialised = result == Reply::Ack && InitialisationOut;
+    AnswerAwaited = false;
     Source.RetryCount = 0;
     Source.ReplyFlag = ExpectAck;
     Tell.Result(result, asked);
@@ -132,44 +172,43 @@ void ProbeChain::Finish(Reply result) {
 
 void ProbeChain::MoveOn() {
     switch (ProbeStage) {
-        case Asking:
+        case Stage::Asking:
             tmrZPS_Remote.SetEnabled(true);
             break;
-        case GoingRemote:
+        case Stage::GoingRemote:
             tmrPower_Init.SetEnabled(true);
             break;
-        case Initialising:
+        case Stage::Initialising:
             Tell.DataProbeReady();
             tmrSTART_DLE.SetEnabled(true);
             break;
-        default:
-            ProbeStage = Idle;
+        case Stage::Idle:
             break;
     }
 }
 
 void ProbeChain::tmrSTART_ENQ_Timer() {
     tmrSTART_ENQ.SetEnabled(false);
-    ProbeStage = Asking;
+    ProbeStage = Stage::Asking;
     if (RunPendingEvents()) ProbeEnq();
 }
 
 void ProbeChain::tmrZPS_Remote_Timer() {
     tmrZPS_Remote.SetEnabled(false);
-    ProbeStage = GoingRemote;
+    ProbeStage = Stage::GoingRemote;
     Exchange(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck);
 }
 
 void ProbeChain::tmrPower_Init_Timer() {
     tmrPower_Init.SetEnabled(false);
-    ProbeStage = Initialising;
+    ProbeStage = Stage::Initialising;
     Exchange(InitialisationFrame(FormAddr), ExpectAck);
     InitialisationOut = true;
 }
 
 void ProbeChain::tmrSTART_DLE_Timer() {
     tmrSTART_DLE.SetEnabled(false);
-    ProbeStage = Idle;
+    ProbeStage = Stage::Idle;
     if (RunPendingEvents()) ProbeDle();
 }
 

@@ -8,6 +8,7 @@
 #include "source/source.h"
 #include "source/transmitter.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 
@@ -27,25 +28,18 @@ struct ProbeEvents {
 
 class ProbeChain {
   public:
-    // Values of ProbeStage.
-    static constexpr std::int16_t Loading = 99;
-    static constexpr std::int16_t Idle = 0;
-    static constexpr std::int16_t Asking = 1;
-    static constexpr std::int16_t GoingRemote = 2;
-    static constexpr std::int16_t Initialising = 3;
-
+    // Made while the window loads; the probes go to the address that is chosen then.
     ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& loop, Handlers& handlers,
                ProbeEvents events);
 
-    std::int16_t FormAddr = 0;  // the window's address, which goes into the probes
-    // The window itself sets Loading and Idle, around the filling of its controls; the chain sets
-    // the others.
-    std::int16_t ProbeStage = Loading;
+    // The operator has chosen `address`, perhaps the present one again. What is known of the supply
+    // at another address, RxResult, is not known of this one.
+    void SetAddress(std::int16_t address);
 
-    // Starts the chain after `delay`, whatever is in progress.
-    void Restart(std::chrono::milliseconds delay);
-    // The same as the window opens, when no stage has been entered yet.
-    void StartLater(std::chrono::milliseconds delay);
+    // Starts the chain 0.2 s from now, for a window that has just opened.
+    void StartAfterLoad();
+    // Starts the chain 50 ms from now, after a choice. What is in progress ends at once.
+    void Restart();
 
     // Single probes. Each ends the exchange in progress; a chain goes on after it. Both throw
     // serial::PortError where the port is closed and OverflowError where FormAddr has no place.
@@ -56,6 +50,10 @@ class ProbeChain {
     void Stop();
 
   private:
+    // The exchange of the chain that was begun last: an acknowledgement starts the one after it.
+    enum class Stage : std::int16_t { Idle = 0, Asking = 1, GoingRemote = 2, Initialising = 3 };
+
+    void StartIn(std::chrono::milliseconds delay);
     void EndExchange();
     void Exchange(Frame frame, std::int16_t replyFlag);
     void comPOWER_OnComm();
@@ -81,6 +79,9 @@ class ProbeChain {
     Timer tmrZPS_Remote;
     Timer tmrPower_Init;
     Timer tmrSTART_DLE;
+    std::int16_t FormAddr;  // the window's address, which goes into the probes
+    Stage ProbeStage = Stage::Idle;
+    bool AnswerAwaited = false;      // the exchange in progress is still without a result
     bool InitialisationOut = false;  // the exchange in progress is that of the initialisation frame
     unsigned ExchangeNumber = 0;     // tells a handler that its exchange was ended while it waited
 };

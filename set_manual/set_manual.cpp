@@ -2,43 +2,23 @@
 
 #include "controls/colours.h"
 #include "set_manual/models.h"
+#include "set_manual/result_look.h"
 #include "source/numbers.h"
 
 #include <QEvent>
 #include <QLineEdit>
 
-#include <array>
-#include <chrono>
-
 namespace zps {
 
-using namespace std::chrono_literals;
-
 namespace {
-
-constexpr auto DelayAtLoad = 200ms;
-constexpr auto DelayAfterChoice = 50ms;
-
-struct ResultLook {
-    Reply Result;
-    Colour Paint;
-    const char* Caption;
-};
-constexpr std::array ResultLooks{
-    ResultLook{Reply::None, Colour::Red, "통신에라 = 응답무!!!"},
-    ResultLook{Reply::Nak, Colour::Blue, "통신에라 = NAK수신!!!"},
-    ResultLook{Reply::Ack, Colour::BrightGreen, "통신ok = ACK수신!!!"},
-    ResultLook{Reply::BadAck, Colour::Yellow, "통신에라 = ACK/NAK수신에라!!!"},
-    ResultLook{Reply::Data, Colour::White, "통신ok = DATA수신!!!"},
-    ResultLook{Reply::BadData, Colour::Yellow, "통신에라 = DATA수신에라!!!"},
-};
 
 QString Fixed(double value, int decimals) {
     return QString::fromStdString(FormatFixed(value, decimals));
 }
 
-double NumberIn(const QLineEdit& box) {
-    return LeadingNumber(box.text().toStdString());
+void Show(QLabel& result, const ResultLook& look) {
+    result.setText(QString::fromUtf8(look.Caption));
+    PaintBackground(result, look.Paint);
 }
 
 }  // namespace
@@ -74,46 +54,49 @@ void SET_MANUAL::ConnectControls() {
 }
 
 void SET_MANUAL::Form_Load() {
-    Chain.ProbeStage = ProbeChain::Loading;
     Source.RxBusy = false;
     FormPort = Source.CommPort;
-    Chain.FormAddr = Source.SetAddr;
     const auto error = OpenPort(FormPort);
     Controls.cmbADDR->setCurrentIndex(Source.SetAddr - 1);
-    cmbADDR_Click();
     Controls.cmbMODEL->setCurrentIndex(Source.ModelIndex);
     cmbMODEL_Click();
     Controls.optPORT(Source.CommPort).setChecked(true);
     Controls.POWERVoltage->setText(QString::fromStdString(FormatFixed(Source.MaxVolt(), 1)));
     Controls.POWERCurrent->setText(QString::fromStdString(FormatFixed(Source.MaxCurr(), 1)));
-    Chain.ProbeStage = ProbeChain::Idle;
     if (error) {
         ReportLater(*error);
     } else if (Source.SetAddr != Source.CheckedAddr()) {
-        Chain.StartLater(DelayAtLoad);
+        Chain.StartAfterLoad();
     }
 }
 
 void SET_MANUAL::optPORT_Click(int number) {
     const auto port = static_cast<std::int16_t>(number);
+    BeginChoice();
     // Another port may hold another supply: the old ratings must not meet it.
-    if (port != Source.CommPort) Source.Forget();
+    if (port != Source.CommPort) {
+        Source.Forget();
+        Source.RxResult = Reply::None;
+    }
     Source.CommPort = FormPort = port;
-    Source.RxResult = Reply::None;
-    Chain.Stop();
+    Power.ConnectionChanged();
     if (const auto error = OpenPort(port)) throw serial::PortError(*error);
-    Chain.Restart(DelayAfterChoice);
+    Chain.Restart();
 }
 
 void SET_MANUAL::cmbADDR_Click() {
     constexpr int Lowest = 1;
     const std::string text = Controls.cmbADDR->currentText().toStdString();
-    Source.SetAddr = static_cast<std::int16_t>(StrictInteger(text, Lowest, HighestAddress));
-    if (Chain.FormAddr != Source.SetAddr) Chain.FormAddr = Source.PowerAddr = Source.SetAddr;
-    if (Chain.ProbeStage == ProbeChain::Loading) return;
-    Source.RxResult = Reply::None;  // of the supply before
+    BeginChoice();
+    Chain.SetAddress(static_cast<std::int16_t>(StrictInteger(text, Lowest, HighestAddress)));
+    Power.ConnectionChanged();
+    if (comPOWER->PortOpen()) Chain.Restart();
+}
+
+// What is shown was the result before the choice.
+void SET_MANUAL::BeginChoice() {
     Chain.Stop();
-    if (comPOWER->PortOpen()) Chain.Restart(DelayAfterChoice);
+    ShowOnBoth(NoResultLook);
 }
 
 void SET_MANUAL::cmbMODEL_Click() {
@@ -126,32 +109,18 @@ void SET_MANUAL::cmbMODEL_Change() {
     Power.ShowModel();
 }
 
-void SET_MANUAL::POWERVoltage_Change() {
-    Source.SetMaxVolt(ToSingle(NumberIn(*Controls.POWERVoltage)));
-    ShowRatings();
-}
-
-void SET_MANUAL::POWERCurrent_Change() {
-    Source.SetMaxCurr(ToSingle(NumberIn(*Controls.POWERCurrent)));
-    ShowRatings();
-}
-
-void SET_MANUAL::ShowRatings() {
-    Power.ShowRatings(Fixed(NumberIn(*Controls.POWERVoltage), 0) + QStringLiteral("V/") +
-                      Fixed(NumberIn(*Controls.POWERCurrent), 0) + QStringLiteral("A"));
-}
-
 void SET_MANUAL::TakeRatings(double volts, double amps) {
     Controls.POWERVoltage->setText(Fixed(volts, 1));
-    POWERVoltage_Change();
     Controls.POWERCurrent->setText(Fixed(amps, 1));
-    POWERCurrent_Change();
-    IdentifyModel();
+    Source.SetMaxVolt(ToSingle(volts));
+    Source.SetMaxCurr(ToSingle(amps));
+    Power.ShowRatings(Fixed(volts, 0) + QStringLiteral("V/") + Fixed(amps, 0) +
+                      QStringLiteral("A"));
+    IdentifyModel(volts * amps);
     ResetStepTable();
 }
 
-void SET_MANUAL::IdentifyModel() {
-    const double watts = NumberIn(*Controls.POWERVoltage) * NumberIn(*Controls.POWERCurrent);
+void SET_MANUAL::IdentifyModel(double watts) {
     if (watts < LeastListedPower) {
         Controls.cmbMODEL->setCurrentIndex(-1);
         Controls.cmbMODEL->setEditText(QStringLiteral("ZPS-") + Fixed(watts, 0));
@@ -168,16 +137,15 @@ void SET_MANUAL::ResetStepTable() {
 }
 
 void SET_MANUAL::ShowResult(Reply result, std::int16_t asked) {
-    for (const auto& look : ResultLooks) {
-        if (look.Result != result) continue;
-        for (QLabel* label : {Controls.lblZPS_ENQ, Controls.lblZPS_DLE}) {
-            const bool own =
-                label == (asked == ExpectData ? Controls.lblZPS_DLE : Controls.lblZPS_ENQ);
-            if (!own && result != Reply::None) continue;
-            label->setText(QString::fromUtf8(look.Caption));
-            PaintBackground(*label, look.Paint);
-        }
-    }
+    const ResultLook look = LookOf(result);
+    if (result == Reply::None)
+        ShowOnBoth(look);
+    else
+        Show(asked == ExpectData ? *Controls.lblZPS_DLE : *Controls.lblZPS_ENQ, look);
+}
+
+void SET_MANUAL::ShowOnBoth(const ResultLook& look) {
+    for (QLabel* result : {Controls.lblZPS_ENQ, Controls.lblZPS_DLE}) Show(*result, look);
 }
 
 void SET_MANUAL::PortReturned(bool open) {

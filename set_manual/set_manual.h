@@ -4,6 +4,7 @@
 #include "power/port_window.h"
 #include "set_manual/deliberate_choice.h"
 #include "set_manual/probe_chain.h"
+#include "set_manual/result_look.h"
 #include "set_manual/set_manual_controls.h"
 
 namespace zps {
@@ -29,14 +30,13 @@ class SET_MANUAL : public PortWindow {
     void cmbADDR_Click();
     void cmbMODEL_Click();
     void cmbMODEL_Change();
-    void POWERVoltage_Change();
-    void POWERCurrent_Change();
+    void BeginChoice();
 
     void TakeRatings(double volts, double amps);
-    void IdentifyModel();
+    void IdentifyModel(double watts);
     void ResetStepTable();
-    void ShowRatings();
     void ShowResult(Reply result, std::int16_t asked);
+    void ShowOnBoth(const ResultLook& look);
 
     serial::PortMaker& PortsOfMachine;
     SetManualControls Controls;

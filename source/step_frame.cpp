@@ -34,10 +34,6 @@ CutSeconds Cut(std::string_view text) {
             text.substr(0, rest)};
 }
 
-std::int32_t SetPointCounts(std::string_view text, std::int32_t scale) {
-    return RoundHalfEven(static_cast<double>(ToSingle(LeadingNumber(text))) * scale);
-}
-
 Bytes WordBytes(std::int32_t value) {
     const Word word = SplitWord(value);
     return {ToByte(word.High), ToByte(word.Low)};
@@ -53,6 +49,10 @@ char LetterOf(StepValue value) {
 }
 
 }  // namespace
+
+std::int32_t SetPointCounts(std::string_view text, std::int32_t scale) {
+    return RoundHalfEven(static_cast<double>(ToSingle(LeadingNumber(text))) * scale);
+}
 
 Bytes SetPointBytes(std::string_view text, std::int32_t scale) {
     return WordBytes(SetPointCounts(text, scale));

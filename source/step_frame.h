@@ -14,8 +14,12 @@ enum class StepValue : std::uint8_t { Volt, Curr, Time, Slope, Ovp };
 inline constexpr std::size_t StepValueCount = 5;
 using StepBytes = std::array<Bytes, StepValueCount>;
 
-// A set-point, in volts or amperes, as two bytes: the text's leading number as single precision
-// times `scale` (counts per unit), halves to even. Throws OverflowError beyond 16 bits.
+// A voltage in volts or a current in amperes as counts on the wire: the text's leading number as
+// single precision times `scale` (counts per unit), halves to even. Throws OverflowError beyond 32
+// bits.
+std::int32_t SetPointCounts(std::string_view text, std::int32_t scale);
+
+// The same as the two bytes of a set-point. Throws OverflowError beyond 16 bits.
 Bytes SetPointBytes(std::string_view text, std::int32_t scale);
 
 // A step time in seconds as five bytes: seconds, milliseconds, hundredths of a millisecond. The

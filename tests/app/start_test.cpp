@@ -11,9 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
-#include <functional>
+#include <string>
 
 namespace zps::tests {
 namespace {
@@ -29,6 +28,8 @@ TEST(StartUp, ShowsTheSettingsWindowAboveTheDisabledMainWindow) {
     EXPECT_FALSE(panel.Main().isEnabled());
     EXPECT_TRUE(panel.Main().isVisible() && settings.isVisible() && settings.isEnabled());
     EXPECT_EQ(settings.windowHandle()->transientParent(), panel.Main().windowHandle());
+    auto* spoken = QAccessible::queryAccessibleInterface(panel.Run.Settings());
+    EXPECT_EQ(spoken->role(), QAccessible::Dialog);
     const SOURCE& source = panel.Source();
     EXPECT_EQ(std::tuple(source.CheckedAddr(), source.VoltScale(), source.CurrScale()),
               std::tuple(99, 100, 10000));
@@ -42,6 +43,33 @@ TEST(StartUp, EndsWithThePortErrorOfTheMainWindow) {
     panel.Line().Refuse(1, std::errc::permission_denied);
     EXPECT_THROW(panel.Run.StartUp(), serial::PortError);
     EXPECT_EQ(panel.Run.Settings(), nullptr);
+}
+
+// Menus, shortcuts and global menus press actions without asking the window.
+TEST(StartUp, LetsNoCommandOfTheDisabledMainWindowChangeAnything) {
+    ScriptedPanel panel;
+    int pressed = 0;
+    const auto pressAll = [&] {
+        for (QAction* command : panel.Main().findChildren<QAction*>()) command->trigger();
+        ++pressed;
+    };
+    panel.Line().Otherwise([&](const Bytes&) {  // a silent supply: in the wait for its answer,
+        QMetaObject::invokeMethod(&panel.Main(), pressAll, Qt::QueuedConnection);
+        return Bytes{};
+    });
+    panel.Run.StartUp();
+    pressAll();  // and before it is asked
+    const auto* const settings = panel.Run.Settings();
+    const auto& result = settings->findChild<QLabel*>("lblZPS_ENQ");
+    EXPECT_TRUE(WaitFor([&] { return result->text() == "통신에라 = 응답무!!!"; }));
+    EXPECT_EQ(pressed, 5);
+    EXPECT_EQ(panel.Line().WrittenData(), std::vector<Bytes>(4, Control(1, 5)));
+    EXPECT_EQ(panel.Line().Waited(), 550ms);  // for answers and between attempts, nothing else
+    EXPECT_EQ(panel.Run.Settings(), settings);
+    EXPECT_EQ(panel.Line().OpenMaker(), 2);
+    EXPECT_TRUE(settings->isVisible() && !panel.Main().isEnabled() && panel.Boxes.Shown.empty());
+    for (QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_TRUE(window == settings || window == &panel.Main() || !window->isVisible());
 }
 
 TEST(StartUp, LeavesNoTextOfTheToolkitInEnglish) {
@@ -66,26 +94,28 @@ TEST(TheDevice, HasOneHolderInWhateverOrderTheWindowsOpenAndClose) {
     const std::string device = panel.Line().DeviceName();
     const auto without = Handles(device);  // the simulated line's own
     const auto holders = [&] { return Handles(device) - without; };
-    const auto choose = [&](const char* menu) {
-        if (panel.Main().isEnabled()) panel.Choose(menu);
-    };
-    const auto closePortWindow = [&] {
+    const auto closePortWindow = [] {
         for (QWidget* window : QApplication::topLevelWidgets())
             if (dynamic_cast<PortWindow*>(window)) window->close();
     };
-    const std::array<std::function<void()>, 4> commands{
-        [&] { choose("mnuSET_MANU"); }, [&] { choose("mnuTEST"); }, [&] { choose("mnuHELP"); },
-        closePortWindow};
     std::ptrdiff_t most = 0;
-    const EventWatch watch(
-        [&](const QObject&, const QEvent&) { most = std::max(most, holders()); });
+    const EventWatch watch([&](const QObject& watched, const QEvent&) {
+        const auto* widget = qobject_cast<const QWidget*>(&watched);
+        if (widget != nullptr && widget->isWindow()) most = std::max(most, holders());
+    });
     panel.Run.StartUp();
-    for (std::size_t order = 0; order < 64; ++order) {
-        for (const auto command : {order / 16, order / 4 % 4, order % 4}) {
-            commands.at(command)();
-            QApplication::processEvents();
-            ASSERT_EQ(holders(), 1) << order << ' ' << command;
-        }
+    // Settings, test, help and closing, with every order of three of them in it.
+    for (const char command :
+         std::string("SSSTSSHSSCSTTSTHSTCSHTSHHSHCSCTSCHSCCTTTHTTCTHHTHCTCHTCCHHHCHCCCSS")) {
+        const char* const menu = command == 'S'   ? "mnuSET_MANU"
+                                 : command == 'T' ? "mnuTEST"
+                                                  : "mnuHELP";
+        if (command == 'C')
+            closePortWindow();
+        else if (panel.Main().isEnabled())
+            panel.Choose(menu);
+        QApplication::processEvents();
+        ASSERT_EQ(holders(), 1) << command;
     }
     EXPECT_EQ(most, 1);
     EXPECT_TRUE(panel.Boxes.Shown.empty());
@@ -94,22 +124,6 @@ TEST(TheDevice, HasOneHolderInWhateverOrderTheWindowsOpenAndClose) {
     EXPECT_TRUE(panel.WaitForDataResult("통신ok = DATA수신!!!"));
     closePortWindow();
     EXPECT_TRUE(WaitFor([&] { return panel.Source().StepFlag(0); }));
-}
-
-TEST(TheDevice, MayGoAndComeBackUnderTheSettingsWindow) {
-    SimulatedPanel panel;
-    ASSERT_TRUE(panel.Identify());
-    const auto probed = [&](const QString& caption) {
-        QTest::mouseClick(&panel.GetSetting<QPushButton>("cmdZPS_ENQ"), Qt::LeftButton);
-        const auto& label = panel.GetSetting<QLabel>("lblZPS_ENQ");
-        return WaitFor([&] { return label.text() == caption; });
-    };
-    panel.Line().Unplug();
-    EXPECT_TRUE(probed("통신에라 = 응답무!!!"));
-    panel.Line().Plug();
-    panel.Link().Point(panel.Line().DeviceName());
-    EXPECT_TRUE(probed("통신ok = ACK수신!!!"));
-    EXPECT_TRUE(panel.Boxes.Shown.empty());
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "set_manual/models.h"
 #include "tests/set_manual/probing.h"
 
 #include <gtest/gtest.h>
@@ -31,16 +32,14 @@ TEST(Identification, AsksFourThingsOnARealLineAndSetsThePanelUp) {
         EXPECT_TRUE(panel.Get<QWidget>(control).isEnabledTo(&panel.Main())) << control;
 }
 
-TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
+TEST(Identification, IsDoneAnewForAnUnknownSupplyOnly) {
     ScriptedPanel panel;
-    panel.Line().Otherwise(GoodSupply);
-    panel.Run.StartUp();
-    ASSERT_TRUE(panel.WaitForDataResult(GoodData));
-    panel.GetSetting<QLabel>("lblZPS_DLE").clear();
+    ASSERT_TRUE(Identify(panel));
+    panel.Source().RxResult = Reply::None;
     panel.Line().Answer(RatingsReply(200, 50));
     Press(panel, "cmdZPS_DLE");
-    ASSERT_TRUE(panel.WaitForDataResult(GoodData));
-    EXPECT_EQ(panel.Source().MaxVolt(), 150);
+    ASSERT_TRUE(WaitFor([&] { return panel.Source().RxResult == Reply::Data; }));
+    EXPECT_EQ(panel.Text("lblSPEC_VA"), "150V/10A");
     // Opened once more the window asks nothing; a probe by hand stays alone.
     panel.Run.Settings()->close();
     panel.Choose("mnuSET_MANU");
@@ -54,9 +53,15 @@ TEST(Identification, ChangesNothingWhenTheKnownSupplyAnswersAgain) {
     panel.Run.Settings()->close();
     EXPECT_FALSE(panel.Source().RatingsKnown());
     EXPECT_TRUE(StaysQuiet(panel.Line()));
+    panel.Line().Otherwise(
+        [](const Bytes& block) { return block == Dle ? RatingsReply(33, 30) : Ack; });
     panel.Choose("mnuSET_MANU");
     EXPECT_TRUE(WaitFor([&] { return panel.Source().RatingsKnown(); }));
-    EXPECT_FALSE(panel.Source().StepFlag(0));
+    EXPECT_EQ(panel.Text("lblSPEC_VA"), "3V/3A");
+    EXPECT_EQ(panel.Text("lblZPS_MODEL"), "ZPS-10");  // below the list
+    EXPECT_EQ(panel.Source().ModelIndex, 6);          // where the one before stands
+    Pick(panel, "cmbMODEL", 4);                       // by hand: a name, nothing more
+    EXPECT_EQ(panel.Text("lblZPS_MODEL") + panel.Text("lblSPEC_VA"), "ZPS-7503V/3A");
 }
 
 TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {
@@ -74,12 +79,10 @@ TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {
 }
 
 TEST(Identification, SwitchesFunctionsOffOnThePanelOnceTheSupplyHas) {
-    SimulatedPanel panel;
-    ASSERT_TRUE(panel.Open());
-    for (const char* name : {"cmdAUTO", "cmdOCP", "cmdPVsense"}) {
-        panel.Click(name);
-        ASSERT_TRUE(panel.Settle());
-    }
+    ScriptedPanel panel;
+    ASSERT_TRUE(Identify(panel));
+    panel.Run.Settings()->close();
+    for (const char* name : {"cmdAUTO", "cmdOCP", "cmdPVsense"}) panel.Click(name);
     EXPECT_EQ(panel.Text("OCP_ONOFF"), "ON");
     panel.Get<QPushButton>("cmdPVsense").setText("Vsense OFF");  // as the last poll has shown
     panel.Choose("mnuSET_MANU");
@@ -90,33 +93,12 @@ TEST(Identification, SwitchesFunctionsOffOnThePanelOnceTheSupplyHas) {
     EXPECT_EQ(panel.Get<QPushButton>("cmdPVsense").text(), "Vsense ON");
 }
 
-TEST(Identification, NamesTheModelAfterThePowerOfTheSupply) {
-    const char* models[]{"unNAME",   "ZPS-150",  "ZPS-300",  "ZPS-500",  "ZPS-750",
-                         "ZPS-1000", "ZPS-1500", "ZPS-2000", "ZPS-3000", "ZPS_6000"};
-    ScriptedPanel panel;
-    panel.Line().Otherwise(GoodSupply);
-    panel.Run.StartUp();
-    ASSERT_TRUE(panel.WaitForDataResult(GoodData));
-    const auto expectModel = [&](int tenthsOfVolt, int tenthsOfAmpere, int index,
-                                 const QString& name) {
-        panel.Line().Answer(RatingsReply(tenthsOfVolt, tenthsOfAmpere));
-        panel.Source().Forget();
-        Press(panel, "cmdZPS_DLE");
-        ASSERT_TRUE(WaitFor([&] { return panel.Source().CheckedAddr() == 1; }));
-        EXPECT_EQ(panel.GetSetting<QComboBox>("cmbMODEL").currentText(), name);
-        EXPECT_EQ(panel.Text("lblZPS_MODEL"), name);
-        EXPECT_EQ(panel.Source().ModelIndex, index) << tenthsOfVolt;
-    };
-    int index = 1;
+TEST(Identification, FindsTheFirstModelThatHasThePower) {
+    int index = 0;
     for (const int watts : {150, 300, 500, 750, 1000, 1500, 2000, 3000, 6000}) {
-        expectModel(watts * 10, 10, index, models[index]);
-        index = (index + 1) % 10;
-        expectModel(watts * 10 + 1, 10, index, models[index]);
+        EXPECT_EQ(ModelIndexOf(watts), ++index);
+        EXPECT_EQ(ModelIndexOf(watts + 0.1), (index + 1) % 10);
     }
-    expectModel(33, 30, 0, "ZPS-10");  // below the list
-    Pick(panel, "cmbMODEL", 4);        // by hand: a name, nothing more
-    EXPECT_EQ(panel.Text("lblZPS_MODEL"), "ZPS-750");
-    EXPECT_EQ(panel.Source().MaxVolt(), 3.3F);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // person does and sees.
 #pragma once
 
+#include "set_manual/result_look.h"
 #include "tests/support/panel.h"
 
 #include <QAbstractItemView>
@@ -12,30 +13,37 @@
 
 namespace zps::tests {
 
-inline const QString GoodAck = QStringLiteral("통신ok = ACK수신!!!");
 inline const QString GoodData = QStringLiteral("통신ok = DATA수신!!!");
 inline const Bytes Enq{1, 5, 6};
 inline const Bytes Dle{1, 16, 17};
 inline const Bytes Ack{1, 6, 7};
 inline const Bytes Nak{1, 21, 22};
 
-inline std::uint8_t Low(int value) {
-    return static_cast<std::uint8_t>(value & 0xFF);
-}
 // The four frames that identify and initialise the supply at `address`.
 inline std::vector<Bytes> ChainOf(int address) {
     const Bytes init{27, 'A', 0, 27, 'W', 0, 27, 'G', 0, 27, 'X', 0, 27, 'B', 255, 27, 'F', 0, 0};
     return {Control(address, 5), Control(address, 19), Framed(address, init), Control(address, 16)};
 }
 
-inline Bytes RatingsReply(int tenthsOfVolt, int tenthsOfAmpere) {
+inline Bytes RatingsReply(int tenthsOfVolt, int tenthsOfAmpere, std::uint8_t address = 1) {
+    const auto low = [](int value) { return static_cast<std::uint8_t>(value & 0xFF); };
     const int v = tenthsOfVolt;
     const int a = tenthsOfAmpere;
-    return {1, 2, 9, 64, 0, Low(v / 256), Low(v), 0, 0, Low(a / 256), Low(a), 0, 0, 0};
+    return {address, 2, 9, 64, 0, low(v / 256), low(v), 0, 0, low(a / 256), low(a), 0, 0, 0};
 }
-// A supply at address 1 that acknowledges everything and tells 150 V and 10 A.
+// A supply at any address that acknowledges everything. At 1 it tells 150 V and 10 A, else 20 V and
+// 5 A.
 inline Bytes GoodSupply(const Bytes& block) {
-    return block == Dle ? RatingsReply(1500, 100) : Ack;
+    const int address = block[0];
+    if (block != Control(address, 16)) return Control(address, 6);
+    return address == 1 ? RatingsReply(1500, 100) : RatingsReply(200, 50, block[0]);
+}
+
+// Starts the program on a line of good supplies and waits until the one at 1 is identified.
+inline bool Identify(ScriptedPanel& panel) {
+    panel.Line().Otherwise(GoodSupply);
+    panel.Run.StartUp();
+    return panel.WaitForDataResult(GoodData);
 }
 
 // Chooses from a list with the keyboard, the present entry too.
@@ -48,6 +56,16 @@ inline void Pick(Panel& panel, const char* name, int index) {
 inline void Press(Panel& panel, const char* button) {
     auto& pressed = panel.GetSetting<QAbstractButton>(button);
     QTest::mouseClick(&pressed, Qt::LeftButton, {}, {8, pressed.height() / 2});
+}
+
+// Whether the two results, of 통신 확인 and of DATA 확인, look like this.
+inline bool Show(Panel& panel, const ResultLook& enq, const ResultLook& dle) {
+    const auto shows = [&panel](const char* name, const ResultLook& look) {
+        auto& label = panel.GetSetting<QLabel>(name);
+        return label.text() == look.Caption &&
+               label.grab().toImage().pixelColor(4, 4) == ToQColor(look.Paint);
+    };
+    return shows("lblZPS_ENQ", enq) && shows("lblZPS_DLE", dle);
 }
 
 // Whether nothing is written for longer than any interval of the windows.

@@ -1,8 +1,10 @@
+#include "set_manual/set_manual_controls.h"
+
 #include "controls/colours.h"
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "set_manual/models.h"
-#include "set_manual/set_manual_controls.h"
+#include "set_manual/result_look.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -80,11 +82,11 @@ void MakePower(SetManualControls& controls) {
 }
 
 QLabel* MakeResult(const QString& name, const QString& accessible) {
-    auto* result = MakeLabel(name, QStringLiteral("통신 결과 DISPLAY"), accessible);
+    auto* result = MakeLabel(name, QString::fromUtf8(NoResultLook.Caption), accessible);
     result->setAlignment(Qt::AlignCenter);
     result->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-    result->setMinimumWidth(WidthFor(*result, QStringLiteral("통신에라 = ACK/NAK수신에라!!!")));
-    PaintBackground(*result, Colour::Grey);
+    result->setMinimumWidth(WidthFor(*result, QString::fromUtf8(LookOf(Reply::BadAck).Caption)));
+    PaintBackground(*result, NoResultLook.Paint);
     return result;
 }
 
