@@ -33,8 +33,6 @@ class AsioPort final : public Port {
         : Loop(loop), Event(loop, [this] { return InBufferCount() > 0; }) {}
     ~AsioPort() override { SetPortOpen(false); }
 
-    int CommPort() const override { return Number; }
-    void SetCommPort(int number) override { Number = number; }
     bool PortOpen() const override { return Present != nullptr; }
     std::string Device() const override { return Present ? Present->Path : std::string(); }
     void SetPortOpen(bool open) override;
@@ -57,7 +55,6 @@ class AsioPort final : public Port {
     bool OpenDeviceAgain(Session& session);
 
     EventLoop& Loop;
-    int Number = 1;
     ReceiveEvent Event;
     std::shared_ptr<Session> Present;  // absent while the port is closed
 };
@@ -71,11 +68,11 @@ void AsioPort::SetPortOpen(bool open) {
         session->Device.reset();
         return;
     }
-    auto session = std::make_shared<Session>(Number);
+    auto session = std::make_shared<Session>(CommPort());
     try {
         OpenDevice(*session);
     } catch (const std::system_error& error) {
-        throw PortError(Number, error.code());
+        throw PortError(CommPort(), error.code());
     }
     Present = std::move(session);
     Event.Start();
@@ -111,7 +108,7 @@ std::uint8_t AsioPort::Input() {
 }
 
 void AsioPort::Output(std::span<const std::uint8_t> block) {
-    if (!Present) throw PortError(Number, std::make_error_code(std::errc::bad_file_descriptor));
+    if (!Present) throw PortError(CommPort(), std::make_error_code(std::errc::bad_file_descriptor));
     auto& session = *Present;
     const bool here = session.Device && !session.Device->IsLost();
     if (here || OpenDeviceAgain(session)) session.Device->Write(block);

@@ -10,6 +10,10 @@
 // port is open is no error: the line is silent, and each later Output tries to open the device
 // again.
 //
+// What has arrived and was not read is kept up to 16 384 bytes, 17 s of the line's 960 bytes/s;
+// what comes while that is full is lost. Who discards the input before a frame, as all windows do,
+// never loses a byte of its reply that way.
+//
 // Ownership: whoever creates a port owns it. Destroying it closes it.
 #pragma once
 
@@ -47,8 +51,8 @@ class Port {
     virtual ~Port() = default;
 
     // Port number, 1 to 4. A new number counts from the next opening on.
-    virtual int CommPort() const = 0;
-    virtual void SetCommPort(int number) = 0;
+    int CommPort() const { return Number; }
+    void SetCommPort(int number) { Number = number; }
 
     // Opening claims the device for this program alone; opening an open port does nothing.
     // Closing lets written bytes leave first, for at most 0.2 s, and ends every wait.
@@ -80,6 +84,9 @@ class Port {
     // notifications are kept as one; that one runs after it, and only if bytes wait or, for
     // EventKind::InputAndOutput, a block has gone out since. Nothing is raised on a closed port.
     virtual void OnReceive(EventKind kind, std::function<void()> handler) = 0;
+
+  private:
+    int Number = 1;
 };
 
 // Makes the ports of the windows; a test hands out its own.
