@@ -84,6 +84,7 @@ void AsioPort::OpenDevice(Session& session) {
     const bool again = !session.Path.empty();
     const auto path = again ? session.Path : DevicePath(session.Number);
     if (path.empty()) throw std::system_error(std::make_error_code(std::errc::no_such_device));
+    if (const auto refusal = Refusal(path)) throw std::system_error(refusal);
     session.Device = std::make_unique<AsioDevice>(
         path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
             arrived.Put(bytes);
@@ -138,6 +139,14 @@ void AsioPort::Pause(milliseconds limit, WaitMode mode) {
 
 }  // namespace
 
+std::error_code make_error_code(PortFault fault) {
+    static const class : public std::error_category {
+        const char* name() const noexcept override { return "serial port"; }
+        std::string message(int) const override { return "link folder not private"; }
+    } category;
+    return {static_cast<int>(fault), category};
+}
+
 AsioPortMaker::AsioPortMaker(EventLoop& loop) : Loop(loop) {}
 
 std::unique_ptr<Port> AsioPortMaker::MakePort() {
@@ -146,6 +155,8 @@ std::unique_ptr<Port> AsioPortMaker::MakePort() {
 
 std::string AsioPortMaker::DeviceOf(int number) const {
     const auto path = DevicePath(number);
+    if (path.empty()) return {};
+    if (const auto refusal = Refusal(path)) throw PortError(number, refusal);
     std::error_code none;
     const auto target = std::filesystem::read_symlink(path, none);
     return none ? path : target.string();

@@ -30,9 +30,16 @@
 
 namespace zps::serial {
 
-// A port can't be opened, or was written to while it was closed. The code compares with std::errc
-// on every system, `std::errc::bad_file_descriptor` is the closed port; `what()` is the system's
-// text.
+// Reasons for which a port can't be opened that the system does not know.
+enum class PortFault {
+    // The link COMn stands in a folder that is not for the user alone: anyone may have made it.
+    LinkFolderNotPrivate = 1
+};
+std::error_code make_error_code(PortFault fault);
+
+// A port can't be opened, or was written to while it was closed. The code is a PortFault or
+// compares with std::errc on every system; `std::errc::bad_file_descriptor` is the closed port.
+// `what()` is the system's text.
 class PortError : public std::system_error {
   public:
     PortError(int commPort, std::error_code reason)
@@ -95,8 +102,11 @@ class PortMaker {
     virtual ~PortMaker() = default;
     virtual std::unique_ptr<Port> MakePort() = 0;
     // The device that port `number` would open now, for people ("/dev/ttyUSB0", "COM3"); empty if
-    // there is none.
+    // there is none. Throws PortError where there is one that the port would refuse.
     virtual std::string DeviceOf(int number) const = 0;
 };
 
 }  // namespace zps::serial
+
+template <>
+struct std::is_error_code_enum<zps::serial::PortFault> : std::true_type {};
