@@ -165,15 +165,10 @@ TEST_F(ScriptedTest, JudgesEveryReplyByItsBytesAndTouchesOnlyWhatItBringsAnew) {
         EXPECT_EQ(Window->Paint(QString("ledSTATUS_%1").arg(bit)),
                   bit == 0 || bit == 2 ? QColor(255, 0, 0) : QColor(255, 255, 255));
     }
-    const QStringList texts{"0",
-                            "OUT OFF ERROR VOLTAGE",
-                            "2",
-                            "MAX. OVER VOLTAGE",
-                            "MAX. OVER CURRENT",
-                            "SET OVER VOLTAGE",
-                            "SET OVER CURRENT",
-                            "OUT OFF ERROR CURRENT",
-                            "8"};
+    const QString meanings =
+        "0,OUT OFF ERROR VOLTAGE,2,MAX. OVER VOLTAGE,MAX. OVER CURRENT,SET OVER VOLTAGE,"
+        "SET OVER CURRENT,OUT OFF ERROR CURRENT,8";
+    const QStringList texts = meanings.split(',');
     for (int code = 0; code < texts.size(); ++code) {
         Line().Answer(DataWith(4, code));
         Window->Verdict("cmdDLE");
@@ -211,15 +206,11 @@ TEST_F(ScriptedTest, AnAddressThatIsNoNumberKeepsTheLastAndOneOutOfRangeIsReport
     Line().Answer({});
     Window->Verdict("cmdENQ");
     EXPECT_EQ(Line().WrittenData(), (std::vector<Bytes>{{12, 5, 17}}));
-    const std::vector<std::pair<const char*, Bytes>> wrapped{{"cmdENQ", {250, 5, 255}},
-                                                             {"cmdENQ", {251, 5, 0}},
-                                                             {"cmdENQ", {255, 5, 4}},
-                                                             {"cmdDLE", {255, 16, 15}}};
-    for (const auto& [button, probe] : wrapped) {
-        const auto address = probe.front();
+    for (const Bytes& probe : {Bytes{250, 5, 255}, {251, 5, 0}, {255, 5, 4}, {255, 16, 15}}) {
+        const auto address = probe[0];
         Window->SetAddress(QString::number(address));
         Line().Answer({address, 6, static_cast<std::uint8_t>(address + 6)});
-        EXPECT_EQ(Window->Verdict(button), "GOOD  ENQ") << int{address};
+        EXPECT_EQ(Window->Verdict(probe[1] == 5 ? "cmdENQ" : "cmdDLE"), "GOOD  ENQ") << +address;
         EXPECT_EQ(Line().WrittenData().back(), probe);
     }
     Line().ForgetWritten();
