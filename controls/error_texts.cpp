@@ -11,6 +11,10 @@ namespace zps {
 namespace {
 
 constexpr const char* NoDevice = "이 번호의 장치가 없습니다. 어댑터와 링크를 확인하십시오.";
+constexpr const char* OpenFolder =
+    "이 포트의 링크가 있는 폴더(zps-rs232)가 본인만 쓸 수 있는 것이 아닙니다. 폴더를 본인 소유, "
+    "권한 "
+    "0700으로 바꾸거나 링크를 지우십시오.";
 constexpr const char* NoRight =
     "이 포트를 사용할 권한이 없습니다. (Linux: dialout 그룹, Windows: 다른 프로그램이 사용 중)";
 
@@ -56,10 +60,11 @@ QString ComplaintText(const OverflowError& error) {
 }  // namespace
 
 QString ReasonText(const std::error_code& reason) {
+    if (reason == serial::PortFault::LinkFolderNotPrivate) return QString::fromUtf8(OpenFolder);
     const auto* known =
         std::ranges::find_if(Reasons, [&](const Reason& one) { return reason == one.Code; });
-    return known != Reasons.end() ? QString::fromUtf8(known->Text)
-                                  : QString::fromLocal8Bit(reason.message());
+    if (known != Reasons.end()) return QString::fromUtf8(known->Text);
+    return QStringLiteral("시스템이 이 포트를 열지 못합니다(오류 번호 %1).").arg(reason.value());
 }
 
 Message MessageOf(const serial::PortError& error) {

@@ -12,7 +12,7 @@ class PortError;
 }
 class OverflowError;
 
-// Why a port can't be used. A reason without a text of its own keeps the system's.
+// Why a port can't be used. A reason without a text of its own is told by its number.
 QString ReasonText(const std::error_code& reason);
 
 // The boxes that report an error.

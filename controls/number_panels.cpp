@@ -6,23 +6,22 @@
 
 namespace zps {
 
-NumberPanels::NumberPanels(const QString& name, int count, int perLine, QWidget* parent)
-    : QFrame(parent), Lines(new QGridLayout(this)), PerLine(perLine) {
+namespace {
+constexpr int Gap = 2;
+}  // namespace
+
+NumberPanels::NumberPanels(const QString& name, int count, int perLine, int lasting)
+    : PerLine(perLine),
+      Lasting(static_cast<std::size_t>(lasting)),
+      Shown(static_cast<std::size_t>(count)) {
     setObjectName(name);
     setAccessibleName(QStringLiteral("수신 데이타"));
-    Lines->setContentsMargins(0, 0, 0, 0);
-    Lines->setSpacing(2);
-    Grow(static_cast<std::size_t>(count));
+    for (int number = 1; number <= count; ++number) AddLabel(number);
 }
 
-void NumberPanels::Grow(std::size_t count) {
-    while (Panels.size() < count) AddPanel();
-}
-
-void NumberPanels::AddPanel() {
-    const int place = Count();
-    auto* label = MakeLabel(QStringLiteral("%1_%2").arg(objectName()).arg(place + 1), {},
-                            QStringLiteral("수신 바이트 %1").arg(place + 1));
+void NumberPanels::AddLabel(int number) {
+    auto* label = MakeLabel(QStringLiteral("%1_%2").arg(objectName()).arg(number), {},
+                            QStringLiteral("수신 바이트 %1").arg(number));
     label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setIndent(3);
@@ -30,21 +29,56 @@ void NumberPanels::AddPanel() {
     label->setText(QStringLiteral("000"));
     label->setMinimumSize(label->sizeHint() + QSize(1, 0));
     label->clear();
-    Lines->addWidget(label, place / PerLine, place % PerLine);
-    Lines->setColumnStretch(place % PerLine, 1);
-    Panels.push_back(label);
+    label->setParent(this);
+    Labels.push_back(label);
 }
 
-void NumberPanels::ShowBytes(std::span<const std::uint8_t> bytes) {
-    for (std::size_t i = 0; i < std::min(bytes.size(), Panels.size()); ++i) {
-        Panels[i]->setText(QString::number(bytes[i]));
+QSize NumberPanels::SizeOf(int lines) const {
+    const QSize cell = Labels.front()->minimumSize() + QSize(Gap, Gap);
+    return QSize(PerLine * cell.width(), lines * cell.height()) - QSize(Gap, Gap);
+}
+
+QSize NumberPanels::sizeHint() const {
+    return SizeOf(LineCount());
+}
+
+QSize NumberPanels::minimumSizeHint() const {
+    return sizeHint();
+}
+
+// Edges from the whole width and height: no line of panels ends before the next.
+void NumberPanels::resizeEvent(QResizeEvent* /*event*/) {
+    const auto edge = [](int length, int place, int count) {
+        return (length + Gap) * place / count;
+    };
+    for (int place = 0; place < Count(); ++place) {
+        const int column = place % PerLine;
+        const int line = place / PerLine;
+        const QPoint from(edge(width(), column, PerLine), edge(height(), line, LineCount()));
+        const QPoint to(edge(width(), column + 1, PerLine), edge(height(), line + 1, LineCount()));
+        Labels[static_cast<std::size_t>(place)]->setGeometry({from, to - QPoint(Gap + 1, Gap + 1)});
     }
 }
 
-void NumberPanels::Blank(int first, int last) {
-    for (int panel = first; panel <= last; ++panel) {
-        Panels.at(static_cast<std::size_t>(panel - 1))->clear();
+QString NumberPanels::Text(int panel) const {
+    const auto byte = Shown.at(static_cast<std::size_t>(panel - 1));
+    return byte ? QString::number(*byte) : QString();
+}
+
+void NumberPanels::ShowBytes(std::span<const std::uint8_t> bytes, int blankTo) {
+    const auto length = std::min(bytes.size(), Shown.size());
+    for (std::size_t i = 0; i < Shown.size(); ++i) {
+        if (i < length)
+            Shown[i] = bytes[i];
+        else if (i < static_cast<std::size_t>(blankTo) || i >= Lasting)
+            Shown[i].reset();
     }
+    Texts.Changed();
+}
+
+void NumberPanels::SetTexts() {
+    for (int panel = 1; panel <= Count(); ++panel)
+        Labels[static_cast<std::size_t>(panel - 1)]->setText(Text(panel));
 }
 
 }  // namespace zps

@@ -1,38 +1,54 @@
 // A row of numbered panels that shows the bytes of a reply.
 #pragma once
 
+#include "controls/paced.h"
+
 #include <QFrame>
-#include <QGridLayout>
 #include <QLabel>
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
 namespace zps {
 
+// Text tells at once what is to be shown; the labels, and with them screen readers, follow at the
+// pace of Paced.
 class NumberPanels : public QFrame {
   public:
-    // `name` is the given name of the row; panel i, counted from 1, is `name`_i. More than
-    // `perLine` panels go on in a further line.
-    NumberPanels(const QString& name, int count, int perLine, QWidget* parent = nullptr);
+    // `name` is the given name of the row; panel i, counted from 1, is a label `name`_i. The first
+    // `lasting` panels may outlast a reply; the others are blank where a reply has no byte for
+    // them.
+    NumberPanels(const QString& name, int count, int perLine, int lasting = 0);
 
-    int Count() const { return static_cast<int>(Panels.size()); }
-    QString Text(int panel) const { return Panels.at(static_cast<std::size_t>(panel - 1))->text(); }
+    int Count() const { return static_cast<int>(Labels.size()); }
+    // The least room that so many lines of panels take.
+    QSize SizeOf(int lines) const;
+    // What panel `panel` shows; std::out_of_range where there is none of that number.
+    QString Text(int panel) const;
 
-    // Shows `bytes` as decimal numbers from panel 1 on and leaves the other panels as they are.
-    // Bytes beyond the last panel are not shown; Grow makes room for them first.
-    void ShowBytes(std::span<const std::uint8_t> bytes);
-    void Grow(std::size_t count);
-    // Blanks the panels `first` to `last`; std::out_of_range where there is none of that number.
-    void Blank(int first, int last);
+    // Shows `bytes` as decimal numbers from panel 1 on; bytes beyond the last panel are not shown.
+    // Of the panels behind them those up to `blankTo` are blanked, later lasting ones left alone.
+    void ShowBytes(std::span<const std::uint8_t> bytes, int blankTo = 0);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    // The panels are placed here, not by a layout: that would lay out the window for each new text.
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void AddPanel();
+    void AddLabel(int number);
+    int LineCount() const { return (Count() + PerLine - 1) / PerLine; }
+    void SetTexts();
 
-    QGridLayout* Lines;
-    int PerLine;
-    std::vector<QLabel*> Panels;
+    const int PerLine;
+    const std::size_t Lasting;
+    std::vector<std::optional<std::uint8_t>> Shown;
+    std::vector<QLabel*> Labels;
+    Paced Texts{[this] { SetTexts(); }};
 };
 
 }  // namespace zps

@@ -33,8 +33,6 @@ class AsioPort final : public Port {
         : Loop(loop), Event(loop, [this] { return InBufferCount() > 0; }) {}
     ~AsioPort() override { SetPortOpen(false); }
 
-    int CommPort() const override { return Number; }
-    void SetCommPort(int number) override { Number = number; }
     bool PortOpen() const override { return Present != nullptr; }
     std::string Device() const override { return Present ? Present->Path : std::string(); }
     void SetPortOpen(bool open) override;
@@ -57,7 +55,6 @@ class AsioPort final : public Port {
     bool OpenDeviceAgain(Session& session);
 
     EventLoop& Loop;
-    int Number = 1;
     ReceiveEvent Event;
     std::shared_ptr<Session> Present;  // absent while the port is closed
 };
@@ -71,11 +68,11 @@ void AsioPort::SetPortOpen(bool open) {
         session->Device.reset();
         return;
     }
-    auto session = std::make_shared<Session>(Number);
+    auto session = std::make_shared<Session>(CommPort());
     try {
         OpenDevice(*session);
     } catch (const std::system_error& error) {
-        throw PortError(Number, error.code());
+        throw PortError(CommPort(), error.code());
     }
     Present = std::move(session);
     Event.Start();
@@ -87,6 +84,7 @@ void AsioPort::OpenDevice(Session& session) {
     const bool again = !session.Path.empty();
     const auto path = again ? session.Path : DevicePath(session.Number);
     if (path.empty()) throw std::system_error(std::make_error_code(std::errc::no_such_device));
+    if (const auto refusal = Refusal(path)) throw std::system_error(refusal);
     session.Device = std::make_unique<AsioDevice>(
         path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
             arrived.Put(bytes);
@@ -111,7 +109,7 @@ std::uint8_t AsioPort::Input() {
 }
 
 void AsioPort::Output(std::span<const std::uint8_t> block) {
-    if (!Present) throw PortError(Number, std::make_error_code(std::errc::bad_file_descriptor));
+    if (!Present) throw PortError(CommPort(), std::make_error_code(std::errc::bad_file_descriptor));
     auto& session = *Present;
     const bool here = session.Device && !session.Device->IsLost();
     if (here || OpenDeviceAgain(session)) session.Device->Write(block);
@@ -141,6 +139,14 @@ void AsioPort::Pause(milliseconds limit, WaitMode mode) {
 
 }  // namespace
 
+std::error_code make_error_code(PortFault fault) {
+    static const class : public std::error_category {
+        const char* name() const noexcept override { return "serial port"; }
+        std::string message(int) const override { return "link folder not private"; }
+    } category;
+    return {static_cast<int>(fault), category};
+}
+
 AsioPortMaker::AsioPortMaker(EventLoop& loop) : Loop(loop) {}
 
 std::unique_ptr<Port> AsioPortMaker::MakePort() {
@@ -149,6 +155,8 @@ std::unique_ptr<Port> AsioPortMaker::MakePort() {
 
 std::string AsioPortMaker::DeviceOf(int number) const {
     const auto path = DevicePath(number);
+    if (path.empty()) return {};
+    if (const auto refusal = Refusal(path)) throw PortError(number, refusal);
     std::error_code none;
     const auto target = std::filesystem::read_symlink(path, none);
     return none ? path : target.string();

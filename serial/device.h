@@ -21,6 +21,10 @@ using NativeHandle = int;
 // name, else the n-th serial device of the machine, USB adapters first, then the UARTs that exist.
 std::string DevicePath(int number);
 
+// Why `device`, which DevicePath has named now or before, may not be opened; no error if it may.
+// Asked before each opening, the later ones of a device that comes back included.
+std::error_code Refusal(const std::string& device);
+
 // Claims an open device for this program alone; an error if another program has it. Ends with
 // Release, or when the handle is closed.
 std::error_code Claim(NativeHandle device);

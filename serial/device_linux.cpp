@@ -1,6 +1,7 @@
 #include "serial/device_linux.h"
 
 #include "serial/device.h"
+#include "serial/port.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -37,11 +38,10 @@ bool IsPrivateFolder(const fs::path& folder) {
            status.st_uid == getuid() && (status.st_mode & 07777) == 0700;
 }
 
-std::string LinkOf(int number, const fs::path& folder) {
-    if (!IsPrivateFolder(folder)) return {};
-    const auto link = folder / ("COM" + std::to_string(number));
-    std::error_code absent;
-    return fs::is_symlink(link, absent) ? link.string() : std::string();
+// Also true where that can't be seen.
+bool MayExist(const fs::path& name) {
+    struct stat status {};
+    return lstat(name.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
 // A pseudo-terminal's far end holds the terminal open, and with it an exclusive use whose program
@@ -95,7 +95,8 @@ fs::path LinkFolderPath() {
 }
 
 std::string DevicePath(int number, const DeviceRoots& roots) {
-    if (auto link = LinkOf(number, roots.Links); !link.empty()) return link;
+    const auto link = roots.Links / ("COM" + std::to_string(number));
+    if (MayExist(link)) return link.string();
     int place = 0;
     for (const auto& kind : Kinds) {
         for (const auto& device : DevicesOf(kind, roots)) {
@@ -107,6 +108,18 @@ std::string DevicePath(int number, const DeviceRoots& roots) {
 
 std::string DevicePath(int number) {
     return DevicePath(number, {.Links = LinkFolderPath()});
+}
+
+std::error_code Refusal(const std::string& device) {
+    const auto folder = fs::path(device).parent_path();
+    if (folder == LinkFolderPath() && !IsPrivateFolder(folder))
+        return PortFault::LinkFolderNotPrivate;
+    struct stat status {};
+    if (stat(device.c_str(), &status) != 0) return {errno, std::generic_category()};
+    // Opening /dev/ptmx would make a new line that leads to nobody.
+    const bool multiplexer = status.st_rdev == makedev(5, 2);
+    if (S_ISCHR(status.st_mode) && !multiplexer) return {};
+    return std::make_error_code(std::errc::inappropriate_io_control_operation);
 }
 
 std::error_code Claim(NativeHandle device) {

@@ -14,6 +14,10 @@ std::string DevicePath(int number) {
     return length != 0 || GetLastError() == ERROR_INSUFFICIENT_BUFFER ? name : std::string();
 }
 
+std::error_code Refusal(const std::string&) {
+    return {};
+}
+
 // Windows opens a serial device for one handle at a time.
 std::error_code Claim(NativeHandle) {
     return {};

@@ -1,5 +1,6 @@
 #include "serial/inbox.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace zps::serial {
@@ -7,7 +8,8 @@ namespace zps::serial {
 void Inbox::Put(std::span<const std::uint8_t> bytes) {
     {
         const std::lock_guard lock(Mutex);
-        Bytes.insert(Bytes.end(), bytes.begin(), bytes.end());
+        const auto taken = bytes.first(std::min(bytes.size(), Room - Bytes.size()));
+        Bytes.insert(Bytes.end(), taken.begin(), taken.end());
     }
     Arrived.notify_all();
 }

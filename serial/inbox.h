@@ -15,6 +15,9 @@ namespace zps::serial {
 
 class Inbox {
   public:
+    static constexpr std::size_t Room = 16'384;
+
+    // What finds no room is lost: the bytes that came first are those of an answer.
     void Put(std::span<const std::uint8_t> bytes);
     std::size_t Count() const;
     void Clear();

@@ -10,6 +10,10 @@
 // port is open is no error: the line is silent, and each later Output tries to open the device
 // again.
 //
+// What has arrived and was not read is kept up to 16 384 bytes, 17 s of the line's 960 bytes/s;
+// what comes while that is full is lost. Who discards the input before a frame, as all windows do,
+// never loses a byte of its reply that way.
+//
 // Ownership: whoever creates a port owns it. Destroying it closes it.
 #pragma once
 
@@ -26,9 +30,16 @@
 
 namespace zps::serial {
 
-// A port can't be opened, or was written to while it was closed. The code compares with std::errc
-// on every system, `std::errc::bad_file_descriptor` is the closed port; `what()` is the system's
-// text.
+// Reasons for which a port can't be opened that the system does not know.
+enum class PortFault {
+    // The link COMn stands in a folder that is not for the user alone: anyone may have made it.
+    LinkFolderNotPrivate = 1
+};
+std::error_code make_error_code(PortFault fault);
+
+// A port can't be opened, or was written to while it was closed. The code is a PortFault or
+// compares with std::errc on every system; `std::errc::bad_file_descriptor` is the closed port.
+// `what()` is the system's text.
 class PortError : public std::system_error {
   public:
     PortError(int commPort, std::error_code reason)
@@ -47,8 +58,8 @@ class Port {
     virtual ~Port() = default;
 
     // Port number, 1 to 4. A new number counts from the next opening on.
-    virtual int CommPort() const = 0;
-    virtual void SetCommPort(int number) = 0;
+    int CommPort() const { return Number; }
+    void SetCommPort(int number) { Number = number; }
 
     // Opening claims the device for this program alone; opening an open port does nothing.
     // Closing lets written bytes leave first, for at most 0.2 s, and ends every wait.
@@ -80,6 +91,9 @@ class Port {
     // notifications are kept as one; that one runs after it, and only if bytes wait or, for
     // EventKind::InputAndOutput, a block has gone out since. Nothing is raised on a closed port.
     virtual void OnReceive(EventKind kind, std::function<void()> handler) = 0;
+
+  private:
+    int Number = 1;
 };
 
 // Makes the ports of the windows; a test hands out its own.
@@ -88,8 +102,11 @@ class PortMaker {
     virtual ~PortMaker() = default;
     virtual std::unique_ptr<Port> MakePort() = 0;
     // The device that port `number` would open now, for people ("/dev/ttyUSB0", "COM3"); empty if
-    // there is none.
+    // there is none. Throws PortError where there is one that the port would refuse.
     virtual std::string DeviceOf(int number) const = 0;
 };
 
 }  // namespace zps::serial
+
+template <>
+struct std::is_error_code_enum<zps::serial::PortFault> : std::true_type {};

@@ -1,6 +1,7 @@
 #include "set_manual/set_manual.h"
 
 #include "controls/colours.h"
+#include "controls/error_texts.h"
 #include "set_manual/models.h"
 #include "set_manual/result_look.h"
 #include "source/numbers.h"
@@ -153,13 +154,25 @@ void SET_MANUAL::PortReturned(bool open) {
     Power.ShowPanels(open && answered);
 }
 
+namespace {
+
+// What port `number` would open, or why it would not.
+QString DeviceHint(const serial::PortMaker& ports, int number) {
+    try {
+        const std::string device = ports.DeviceOf(number);
+        return device.empty() ? QStringLiteral("장치 없음") : QString::fromStdString(device);
+    } catch (const serial::PortError& error) {
+        return ReasonText(error.code());
+    }
+}
+
+}  // namespace
+
 bool SET_MANUAL::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         for (int number = 1; number <= PortCount; ++number) {
             if (watched != &Controls.optPORT(number)) continue;
-            const std::string device = PortsOfMachine.DeviceOf(number);
-            Controls.optPORT(number).setToolTip(device.empty() ? QStringLiteral("장치 없음")
-                                                               : QString::fromStdString(device));
+            Controls.optPORT(number).setToolTip(DeviceHint(PortsOfMachine, number));
         }
     }
     return QWidget::eventFilter(watched, event);

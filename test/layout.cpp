@@ -5,6 +5,8 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <array>
@@ -13,8 +15,10 @@ namespace zps {
 
 namespace {
 
-constexpr int PanelCount = 20;
+constexpr int PanelCount = 64;
 constexpr int PanelsPerLine = 10;
+constexpr int PanelLinesInView = 2;
+constexpr int LastingPanels = PanelsPerLine * PanelLinesInView;
 constexpr std::array LampCaptions{"Protect", "Vsense", "OUTPUT",  "AUTO",
                                   "MODE",    "OCP",    "REM/LOC", "REM ON/OFF"};
 
@@ -154,13 +158,30 @@ QLayout* MakeLamps(TestControls& controls) {
     return row;
 }
 
+// The lines of panels in an area that scrolls, so that a long reply leaves the window as it is.
+QWidget* MakePanels(TestControls& controls) {
+    auto* panels = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), PanelCount, PanelsPerLine,
+                                    LastingPanels);
+    controls.StatusBar_RXDATA = panels;
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    area->setAccessibleName(QStringLiteral("수신 데이타 보기"));
+    area->verticalScrollBar()->setAccessibleName(QStringLiteral("수신 데이타 이동"));
+    const QSize view = panels->SizeOf(PanelLinesInView);
+    area->setFixedHeight(view.height());
+    area->setMinimumWidth(view.width() + area->verticalScrollBar()->sizeHint().width());
+    area->setWidget(panels);
+    return area;
+}
+
 QWidget* MakeMonitor(TestControls& controls) {
     auto* box = new QGroupBox(QStringLiteral("POWER RX DATA CHECK 및 MONITOR"));
     box->setObjectName(QStringLiteral("frmTXRXDATA"));
     auto* column = new QVBoxLayout(box);
-    controls.StatusBar_RXDATA =
-        new NumberPanels(QStringLiteral("StatusBar_RXDATA"), PanelCount, PanelsPerLine);
-    column->addWidget(controls.StatusBar_RXDATA);
+    column->addWidget(MakePanels(controls));
     column->addLayout(MakeDecoded(controls));
     column->addLayout(MakeLamps(controls));
     return box;

@@ -3,7 +3,6 @@
 #include "controls/colours.h"
 #include "source/errors.h"
 #include "source/numbers.h"
-#include "test/monitor_reply.h"
 
 #include <limits>
 #include <utility>
@@ -72,22 +71,29 @@ void TEST::comPOWER_OnComm() {
     const bool judged = std::exchange(ProbesJudged, ProbesOut) == ProbesOut;
     if (judged && reply.empty()) return;
     const Verdict verdict = JudgeMonitorReply(reply, FormAddr);
-    NumberPanels& panels = *Controls.StatusBar_RXDATA;
-    panels.Grow(reply.size());
-    panels.ShowBytes(reply);
-    Controls.lblRXBUFFER->setText(QString::number(reply.size()));
-    Controls.lblRESULT->setText(QString::fromUtf8(TextOf(verdict)));
-    PaintBackground(*Controls.lblRESULT, IsGood(verdict) ? Colour::BrightGreen : Colour::Red);
-    ShowHeader(reply);
-    if (verdict == Verdict::Nothing) panels.Blank(1, DataLength);
-    if (verdict == Verdict::GoodEnq) panels.Blank(AckLength + 1, DataLength);
+    ShowPanels(reply, verdict);
+    // Not paced: what comes right after must not take their place.
     if (verdict == Verdict::GoodDle) ShowFields(reply);
+    Last = {reply.size(), verdict, ShownHeader(reply)};
+    Display.Changed();
 }
 
-void TEST::ShowHeader(const Bytes& reply) {
-    const auto header = ShownHeader(reply);
+// What is blanked is blank whatever came there: an acknowledgement has three bytes.
+void TEST::ShowPanels(std::span<const std::uint8_t> reply, Verdict verdict) {
+    NumberPanels& panels = *Controls.StatusBar_RXDATA;
+    if (verdict == Verdict::GoodEnq)
+        panels.ShowBytes(reply.first(AckLength), DataLength);
+    else
+        panels.ShowBytes(reply, verdict == Verdict::Nothing ? DataLength : 0);
+}
+
+void TEST::ShowLast() {
+    Controls.lblRXBUFFER->setText(QString::number(Last.Count));
+    Controls.lblRESULT->setText(QString::fromUtf8(TextOf(Last.Judged)));
+    PaintBackground(*Controls.lblRESULT, IsGood(Last.Judged) ? Colour::BrightGreen : Colour::Red);
     for (std::size_t i = 0; i < Controls.lblRXDATA.size(); ++i) {
-        Controls.lblRXDATA.at(i)->setText(header ? QString::number(header->at(i)) : QString());
+        Controls.lblRXDATA.at(i)->setText(Last.Header ? QString::number(Last.Header->at(i))
+                                                      : QString());
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/port_window.h"
+#include "test/monitor_reply.h"
 #include "test/test_controls.h"
 
 namespace zps {
@@ -10,7 +11,8 @@ class TEST : public PortWindow {
     Q_OBJECT
 
   public:
-    TEST(SOURCE& source, POWER& power, const Surroundings& around);
+    // In brackets, for a test framework's macro of this name takes other arguments.
+    (TEST)(SOURCE& source, POWER& power, const Surroundings& around);
 
     void Form_Load() override;
 
@@ -22,10 +24,20 @@ class TEST : public PortWindow {
     void txtPADDR_Change();
     void Probe(std::uint8_t controlCode);
     void comPOWER_OnComm();
-    void ShowHeader(const Bytes& reply);
+    void ShowPanels(std::span<const std::uint8_t> reply, Verdict verdict);
+    void ShowLast();
     void ShowFields(const Bytes& reply);
 
+    // Of the last reply.
+    struct Heard {
+        std::size_t Count = 0;
+        Verdict Judged = Verdict::Nothing;
+        std::optional<std::array<std::uint8_t, 3>> Header;
+    };
+
     TestControls Controls;
+    Heard Last;
+    Paced Display{[this] { ShowLast(); }};
     std::int16_t FormPort = 0;
     std::int16_t FormAddr = 0;
     unsigned ProbesOut = 0;

@@ -54,9 +54,7 @@ void ReplyHandler::comPOWER_OnComm() {
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
     if (wantsData && result != Reply::Data) CountBadData(reply);
-    auto& panels = *Parts.Controls.StatusBar_RXDATA;
-    panels.ShowBytes(reply);
-    panels.Blank(static_cast<int>(reply.size()) + 1, panels.Count());
+    Parts.Controls.StatusBar_RXDATA->ShowBytes(reply);
     RearmTimers();
     if (message) Parts.Boxes.Show(&Parts.Window, *message);
     if (FaultResetPending) FaultReset();

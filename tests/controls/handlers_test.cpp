@@ -1,9 +1,12 @@
+#include "controls/error_texts.h"
 #include "controls/timer.h"
 #include "source/errors.h"
 #include "source/step_frame.h"
 #include "tests/support/panel.h"
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace zps::tests {
 namespace {
@@ -71,8 +74,6 @@ TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
     EXPECT_EQ(refused(std::errc::device_or_resource_busy),
               "COM2 포트를 사용할 수 없습니다.\n다른 프로그램이 이 포트를 사용하고 있습니다.");
     EXPECT_TRUE(refused(std::errc::no_such_device).contains("장치가 없습니다"));
-    const auto unnamed = std::make_error_code(std::errc::no_lock_available);
-    EXPECT_TRUE(refused(std::errc::no_lock_available).endsWith(unnamed.message().c_str()));
     const std::vector<std::pair<std::function<void()>, QString>> values{
         {[] { ControlFrame(240, code::Dle); }, "256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
         {[] { TimeBytes("x.000"); }, "'x'은(는) 숫자가 아닙니다."},
@@ -83,8 +84,18 @@ TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
         for (const auto& [handler, text] : values)
             EXPECT_TRUE(reported(handler).endsWith("\n" + text)) << Boxes.LastText().toStdString();
     }
-    EXPECT_EQ(Boxes.Shown.size(), 13U);
+    EXPECT_EQ(Boxes.Shown.size(), 12U);
     EXPECT_FALSE(Events.Busy());
+}
+
+TEST(ReasonsOfAPort, AreToldInTheLanguageOfTheWindowsAndTheUnnamedByNumber) {
+    std::set<QString> told{ReasonText(serial::PortFault::LinkFolderNotPrivate)};
+    for (int reason = 1; reason < 4096; ++reason) {
+        const QString text = ReasonText({reason, std::system_category()});
+        ASSERT_TRUE(text.at(0).script() == QChar::Script_Hangul) << reason << text.toStdString();
+        if (!text.contains(QString::number(reason))) told.insert(text);
+    }
+    EXPECT_EQ(told.size(), 7U);
 }
 
 TEST_F(HandlersOfAWindow, ReportWhatATimerRepeatsOnceUntilItSucceeds) {

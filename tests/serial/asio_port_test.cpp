@@ -99,11 +99,40 @@ TEST_F(AsioPort, TellsWhyItCantBeOpenedInCodesThatAllSystemsShare) {
     Port->SetPortOpen(false);
     const std::vector<std::pair<const char*, std::errc>> cases{
         {"/dev/zps-absent", std::errc::no_such_file_or_directory},
-        {"/dev/null", std::errc::inappropriate_io_control_operation}};
+        {"/dev/null", std::errc::inappropriate_io_control_operation},
+        {"/dev/ptmx", std::errc::inappropriate_io_control_operation},
+        {"/dev", std::errc::inappropriate_io_control_operation}};
     for (const auto& [device, reason] : cases) {
         PointTo(device);
         EXPECT_EQ(Refusal(*Port), reason) << device;
     }
+}
+
+TEST_F(AsioPort, FollowsALinkOnlyWhileItsFolderIsForTheUserAloneAndSaysSo) {
+    using fs::perms;
+    const auto folder = Link.parent_path();
+    fs::permissions(folder, perms::all);
+    Far->HangUp();
+    Far = std::make_unique<PseudoTerminal>();
+    PointTo(Far->Name());
+    for (int time = 0; time < 2; ++time) Port->Output(Bytes{1});  // the first finds it gone
+    EXPECT_FALSE(Far->HasInput(100));
+
+    Port->SetPortOpen(false);
+    const auto refused = serial::make_error_code(serial::PortFault::LinkFolderNotPrivate);
+    for (const auto mode : {perms::all, perms::owner_all | perms::group_exec, perms::owner_all}) {
+        fs::permissions(folder, mode);
+        const bool follows = mode == perms::owner_all;
+        EXPECT_EQ(Refusal(*Port), follows ? std::error_code() : refused);
+        if (follows)
+            EXPECT_EQ(Maker.DeviceOf(1), Far->Name());
+        else
+            EXPECT_THROW(Maker.DeviceOf(1), PortError);
+    }
+    Port->SetPortOpen(false);
+    fs::rename(folder, Folder.Path() / "other");
+    fs::create_directory_symlink(Folder.Path() / "other", folder);
+    EXPECT_EQ(Refusal(*Port), refused);
 }
 
 class AsioPortWait : public AsioPort, public testing::WithParamInterface<WaitMode> {};

@@ -46,17 +46,17 @@ TEST_F(DeviceMapping, NumbersUsbAdaptersBeforeUartsThatExistInNaturalOrder) {
     EXPECT_EQ(DeviceOf(6), "");
 }
 
-TEST_F(DeviceMapping, PutsTheLinkOfANumberFirstEvenIfItLeadsNowhereInAFolderForTheUserAlone) {
-    AddDevice("ttyUSB0");
-    AddDevice("ttyUSB1");
+TEST_F(DeviceMapping, TakesNoOtherDeviceInPlaceOfWhateverBearsTheNameOfTheLink) {
+    for (const auto* name : {"ttyUSB0", "ttyUSB1", "ttyUSB2"}) AddDevice(name);
     fs::create_symlink("/nowhere/pts", Roots.Links / "COM1");
-    EXPECT_EQ(DeviceOf(1), Roots.Links / "COM1");
-    EXPECT_EQ(DeviceOf(2), Named("ttyUSB1"));
-    fs::permissions(Roots.Links, fs::perms::group_exec, fs::perm_options::add);
-    EXPECT_EQ(DeviceOf(1), Named("ttyUSB0"));
-    fs::permissions(Roots.Links, fs::perms::owner_all);
-    fs::create_directory_symlink(Roots.Links, Folder.Path() / "other");
-    Roots.Links = Folder.Path() / "other";
+    std::ofstream(Roots.Links / "COM2") << "x";
+    for (const auto folder : {fs::perms::owner_all, fs::perms::all}) {
+        fs::permissions(Roots.Links, folder);
+        EXPECT_EQ(DeviceOf(1), Roots.Links / "COM1");
+        EXPECT_EQ(DeviceOf(2), Roots.Links / "COM2");
+        EXPECT_EQ(DeviceOf(3), Named("ttyUSB2"));
+    }
+    Roots.Links /= "COM2";  // no folder: it has no link
     EXPECT_EQ(DeviceOf(1), Named("ttyUSB0"));
 }
 

@@ -64,6 +64,16 @@ TEST_F(ReceiveEventRule, NotificationsWhileTheHandlerRunsAreOneAfterIt) {
     EXPECT_EQ(Raised, 2);
 }
 
+TEST_F(ReceiveEventRule, OfAFloodTheBytesThatCameFirstAreKept) {
+    Line->Arrive({1, 6, 7});
+    for (int lump = 0; lump < 3; ++lump) Line->Arrive(Bytes(100'000, 255));
+    EXPECT_EQ(Port->InBufferCount(), 16'384U);
+    const Bytes kept = ReadAll();
+    EXPECT_EQ(Bytes(kept.begin(), kept.begin() + 4), (Bytes{1, 6, 7, 255}));
+    Line->Arrive({2});
+    EXPECT_EQ(ReadAll(), Bytes{2});
+}
+
 TEST_F(ReceiveEventRule, SurvivesAHandlerThatThrows) {
     Port->OnReceive(EventKind::Input, [&] {
         ++Raised;

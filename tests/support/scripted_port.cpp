@@ -1,11 +1,11 @@
 #include "tests/support/scripted_port.h"
 
+#include "serial/inbox.h"
 #include "serial/receive_event.h"
 
 #include <algorithm>
 #include <iterator>
 #include <span>
-#include <stdexcept>
 #include <utility>
 
 namespace zps::tests {
@@ -23,22 +23,20 @@ class ScriptedPort final : public serial::Port {
         : Maker(maker),
           Loop(loop),
           Line(std::move(line)),
-          Event(loop, [this] { return !Buffer.empty(); }) {}
+          Event(loop, [this] { return Arrived.Count() > 0; }) {}
     ~ScriptedPort() override { SetPortOpen(false); }
 
-    int CommPort() const override { return Number; }
-    void SetCommPort(int number) override { Number = number; }
     bool PortOpen() const override { return Opening != nullptr; }
     std::string Device() const override {
         return PortOpen() ? Line->Folder + std::to_string(OpenNumber) : std::string();
     }
     void SetPortOpen(bool open) override;
-    std::size_t InBufferCount() const override { return Buffer.size(); }
+    std::size_t InBufferCount() const override { return Arrived.Count(); }
     void DiscardInput() override {
-        if (!Buffer.empty()) Event.BytesDiscarded();
-        Buffer.clear();
+        if (InBufferCount() > 0) Event.BytesDiscarded();
+        Arrived.Clear();
     }
-    std::uint8_t Input() override;
+    std::uint8_t Input() override { return Arrived.Take(); }
     void Output(std::span<const std::uint8_t> block) override;
     bool WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) override;
     void Pause(milliseconds limit, WaitMode mode) override;
@@ -47,7 +45,7 @@ class ScriptedPort final : public serial::Port {
     }
 
     void Receive(const Bytes& bytes) {
-        Buffer.insert(Buffer.end(), bytes.begin(), bytes.end());
+        Arrived.Put(bytes);
         Event.BytesArrived();
     }
 
@@ -63,41 +61,34 @@ class ScriptedPort final : public serial::Port {
 
     EventLoop& Loop;
     const std::shared_ptr<ScriptedLine> Line;
-    int Number = 1;
     Lasting Opening;
-    std::deque<std::uint8_t> Buffer;
+    serial::Inbox Arrived;
     serial::ReceiveEvent Event;
 };
 
 void ScriptedPort::SetPortOpen(bool open) {
     if (open == PortOpen()) return;
-    Buffer.clear();
+    Arrived.Clear();
     if (!open) {
         *std::exchange(Opening, nullptr) = false;
         Line->Open = nullptr;
         Event.Stop();
         return;
     }
-    if (const auto refused = Line->Refused.find(Number); refused != Line->Refused.end())
-        throw PortError(Number, std::make_error_code(refused->second));
+    if (const auto refused = Line->Refused.find(CommPort()); refused != Line->Refused.end())
+        throw PortError(CommPort(), std::make_error_code(refused->second));
     if (Line->Open)
-        throw PortError(Number, std::make_error_code(std::errc::device_or_resource_busy));
+        throw PortError(CommPort(), std::make_error_code(std::errc::device_or_resource_busy));
     Opening = std::make_shared<bool>(true);
-    OpenNumber = Number;
+    OpenNumber = CommPort();
     Line->Open = this;
     Line->OnTheWay.clear();
     Event.Start();
 }
 
-std::uint8_t ScriptedPort::Input() {
-    if (Buffer.empty()) throw std::logic_error("no byte to read");
-    const auto byte = Buffer.front();
-    Buffer.pop_front();
-    return byte;
-}
-
 void ScriptedPort::Output(std::span<const std::uint8_t> block) {
-    if (!PortOpen()) throw PortError(Number, std::make_error_code(std::errc::bad_file_descriptor));
+    if (!PortOpen())
+        throw PortError(CommPort(), std::make_error_code(std::errc::bad_file_descriptor));
     Event.BlockGone();
     Line->Take(*this, Bytes(block.begin(), block.end()));
 }
@@ -130,8 +121,8 @@ void ScriptedPort::Wait(const Done& done, milliseconds limit, WaitMode mode) {
 bool ScriptedPort::WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) {
     const auto lasting = Opening;
     if (!lasting) return false;
-    Wait([this, count] { return Buffer.size() >= count; }, limit, mode);
-    return *lasting && Buffer.size() >= count;
+    Wait([this, count] { return Arrived.Count() >= count; }, limit, mode);
+    return *lasting && Arrived.Count() >= count;
 }
 
 void ScriptedPort::Pause(milliseconds limit, WaitMode mode) {

@@ -1,16 +1,27 @@
+// First, as a header of the project must stand behind it too.
 #include "test/test.h"
 
 #include "tests/support/panel.h"
 
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
+
+#include <ctime>
 
 namespace zps::tests {
 
 namespace {
 
 const Bytes DataReply{1, 2, 9, 5, 32, 0x07, 0xD0, 0x08, 0x84, 0x00, 0x64, 3, 3, 0x80};
+
+// The same with another byte at `place`.
+Bytes DataWith(std::size_t place, int byte) {
+    Bytes reply = DataReply;
+    reply.at(place) = static_cast<std::uint8_t>(byte);
+    return reply;
+}
 
 // The test window, opened from the menu.
 class Opened {
@@ -27,11 +38,16 @@ class Opened {
     QColor Paint(const QString& label) {
         return Get<QLabel>(label).palette().color(QPalette::Window);
     }
-    QStringList Panels() {
+    // The texts of several labels.
+    QString Texts(const char* names) {
         QStringList texts;
-        const auto& panels = Get<NumberPanels>("StatusBar_RXDATA");
-        for (int i = 1; i <= panels.Count(); ++i) texts << panels.Text(i);
-        return texts;
+        for (const QString& name : QString(names).split(' ')) texts << Text(name);
+        return texts.join(' ');
+    }
+    QString Panels(int count = 16) {
+        QStringList texts;
+        for (int i = 1; i <= count; ++i) texts << Get<NumberPanels>("StatusBar_RXDATA").Text(i);
+        return texts.join(' ').remove(QRegularExpression(" *$"));
     }
     // Presses a probe button by its key in the address field and waits for the verdict on it.
     QString Verdict(const char* button) {
@@ -85,24 +101,19 @@ TEST(TestWindow, ProbesTheSuppliesOnTheLineAndGivesThePortBack) {
     Opened window(panel);
     ASSERT_NE(window.Window, nullptr);
     EXPECT_FALSE(panel.Main().isEnabled());
-    EXPECT_TRUE(window.Window->isEnabled());
     EXPECT_EQ(window.Get<QLineEdit>("txtPCOMMPORT").text(), "1");
+    const char* const values = "lblVOLTAGE lblCURRENT";
     EXPECT_EQ(window.Verdict("cmdENQ"), "GOOD  ENQ");
-    EXPECT_EQ(window.Paint("lblRESULT"), QColor(0, 255, 0));
     EXPECT_EQ(window.Verdict("cmdDLE"), "GOOD  DLE");
-    EXPECT_EQ(window.Text("lblVOLTAGE"), "1500");
-    EXPECT_EQ(window.Text("lblCURRENT"), "100");
+    EXPECT_EQ(window.Texts(values), "1500 100");
     window.SetAddress("7");
     EXPECT_EQ(window.Verdict("cmdDLE"), "GOOD  DLE");
-    EXPECT_EQ(window.Text("lblVOLTAGE"), "200");
+    EXPECT_EQ(window.Texts(values), "200 50");
     window.SetAddress("8");
     EXPECT_EQ(window.Verdict("cmdENQ"), "ERROR  Nothing");
-    const std::vector<Bytes> probes{{1, 5, 6}, {7, 16, 23}, {8, 5, 13}};
-    std::vector<Bytes> sent;
-    for (const auto& frame : panel.Line().TakeReceived()) sent.push_back(frame);
-    for (const auto& probe : probes) {
+    const auto sent = panel.Line().TakeReceived();
+    for (const auto& probe : {Bytes{1, 5, 6}, Bytes{7, 16, 23}, Bytes{8, 5, 13}})
         EXPECT_EQ(std::count(sent.begin(), sent.end(), probe), 1) << int{probe[0]};
-    }
     const QString volts = panel.Get<QLineEdit>("txtVOLT").text();
     window.Window->close();
     EXPECT_TRUE(panel.Main().isEnabled());
@@ -112,118 +123,103 @@ TEST(TestWindow, ProbesTheSuppliesOnTheLineAndGivesThePortBack) {
     EXPECT_TRUE(WaitFor([&] { return panel.Line().StateOf(1).OverCurrentProtection; }));
 }
 
-TEST_F(ScriptedTest, JudgesEveryKindOfReplyByItsBytes) {
+// One after the other: what a reply does not touch stays as it was.
+TEST_F(ScriptedTest, JudgesEveryReplyByItsBytesAndTouchesOnlyWhatItBringsAnew) {
     struct Case {
         Bytes Reply;
-        const char* Button;
         const char* Verdict;
-        QStringList Header;
+        const char* Header;
+        const char* Panels;
+        const char* Fields;
     };
     Bytes burst = DataReply;
-    burst.resize(45, 77);
+    burst.insert(burst.end(), {66, 77});
+    const auto* const decoded = "5 Auto Test Ending 2000 2180 100 3";
+    const auto* const untouched = "STATUS ERROR VOLTAGE OVP CURRENT STEP";
     const std::vector<Case> cases{
-        {{}, "cmdENQ", "ERROR  Nothing", {"", "", ""}},
-        {{1}, "cmdENQ", "ERROR  TX/RX", {"", "", ""}},
-        {{1, 6}, "cmdENQ", "ERROR  TX/RX", {"", "", ""}},
-        {{1, 6, 7}, "cmdENQ", "GOOD  ENQ", {"1", "6", "7"}},
-        {{1, 21, 22}, "cmdENQ", "ERROR  ENQ", {"1", "21", "22"}},
-        {{1, 6, 8}, "cmdENQ", "ERROR  ENQ", {"1", "6", "8"}},
-        {{1, 6, 7, 9, 9}, "cmdENQ", "GOOD  ENQ", {"7", "9", "9"}},
-        {{1, 2, 8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, "cmdDLE", "ERROR  DLE", {"1", "2", "8"}},
-        {DataReply, "cmdDLE", "GOOD  DLE", {"1", "2", "9"}},
-        {burst, "cmdDLE", "GOOD  DLE", {"77", "77", "77"}},
+        {{1, 6, 7}, "GOOD  ENQ", "1 6 7", "1 6 7", untouched},
+        {{1, 21, 22}, "ERROR  ENQ", "1 21 22", "1 21 22", untouched},
+        {DataReply, "GOOD  DLE", "1 2 9", "1 2 9 5 32 7 208 8 132 0 100 3 3 128", decoded},
+        {{1, 6}, "ERROR  TX/RX", "  ", "1 6 9 5 32 7 208 8 132 0 100 3 3 128", decoded},
+        {{9}, "ERROR  TX/RX", "  ", "9 6 9 5 32 7 208 8 132 0 100 3 3 128", decoded},
+        {{1, 6, 7, 9, 9}, "GOOD  ENQ", "7 9 9", "1 6 7", decoded},
+        {{1, 6, 8}, "ERROR  ENQ", "1 6 8", "1 6 8", decoded},
+        {DataWith(2, 8), "ERROR  DLE", "1 2 8", "1 2 8 5 32 7 208 8 132 0 100 3 3 128", decoded},
+        {DataWith(0, 2), "ERROR  DLE", "2 2 9", "2 2 9 5 32 7 208 8 132 0 100 3 3 128", decoded},
+        {burst, "GOOD  DLE", "9 5 32", "1 2 9 5 32 7 208 8 132 0 100 3 3 128 66 77", decoded},
+        {{}, "ERROR  Nothing", "  ", "              66 77", decoded},
     };
     for (const auto& one : cases) {
-        SCOPED_TRACE(one.Verdict);
+        SCOPED_TRACE(one.Panels);
         Line().Answer(one.Reply);
-        EXPECT_EQ(Window->Verdict(one.Button), one.Verdict);
+        EXPECT_EQ(Window->Verdict(one.Reply.size() > 9 ? "cmdDLE" : "cmdENQ"), one.Verdict);
         const bool good = QString(one.Verdict).startsWith("GOOD");
         EXPECT_EQ(Window->Paint("lblRESULT"), good ? QColor(0, 255, 0) : QColor(255, 0, 0));
         EXPECT_EQ(Window->Text("lblRXBUFFER"), QString::number(one.Reply.size()));
-        for (int i = 0; i < 3; ++i) {
-            EXPECT_EQ(Window->Text(QString("lblRXDATA_%1").arg(i)), one.Header[i]);
-        }
+        EXPECT_EQ(Window->Texts("lblRXDATA_0 lblRXDATA_1 lblRXDATA_2"), one.Header);
+        EXPECT_EQ(Window->Panels(), one.Panels);
+        EXPECT_EQ(Window->Texts("lblSTATUS lblERROR lblVOLTAGE lblOVP lblCURRENT lblSTEP"),
+                  one.Fields);
     }
-}
-
-TEST_F(ScriptedTest, DecodesFieldsAndLampsAndKeepsThemUntilTheNextData) {
-    Line().Answer(DataReply);
-    Window->Verdict("cmdDLE");
-    const auto fields = [&] {
-        QStringList texts;
-        for (const char* name :
-             {"lblSTATUS", "lblERROR", "lblVOLTAGE", "lblOVP", "lblCURRENT", "lblSTEP"}) {
-            texts << Window->Text(name);
-        }
-        return texts;
-    };
-    const QStringList decoded{"5", "Auto Test Ending", "2000", "2180", "100", "3"};
-    EXPECT_EQ(fields(), decoded);
     for (int bit = 0; bit < 8; ++bit) {
         EXPECT_EQ(Window->Paint(QString("ledSTATUS_%1").arg(bit)),
                   bit == 0 || bit == 2 ? QColor(255, 0, 0) : QColor(255, 255, 255));
     }
-    Line().Answer({1, 6, 7});
-    Window->Verdict("cmdENQ");
-    EXPECT_EQ(fields(), decoded);
-    EXPECT_EQ(Window->Panels().mid(0, 14), QStringList({"1", "6", "7"}) + QStringList(11, ""));
-    Bytes other = DataReply;
-    other[2] = 8;  // no data reply
-    QStringList panels;
-    for (const std::uint8_t byte : other) panels << QString::number(byte);
-    Line().Answer(other);
-    EXPECT_EQ(Window->Verdict("cmdDLE"), "ERROR  DLE");
-    EXPECT_EQ(Window->Panels().mid(0, 14), panels);
-    Line().Answer({9, 21, 22});
-    EXPECT_EQ(Window->Verdict("cmdENQ"), "ERROR  ENQ");
-    EXPECT_EQ(Window->Panels().mid(0, 14), QStringList({"9", "21", "22"}) + panels.mid(3));
-    Line().Answer({});
-    EXPECT_EQ(Window->Verdict("cmdENQ"), "ERROR  Nothing");
-    EXPECT_EQ(Window->Panels().mid(0, 14), QStringList(14, ""));
-    EXPECT_EQ(fields(), decoded);
-    other[2] = 9;
-    for (const auto& [errorCode, text] :
-         std::vector<std::pair<int, QString>>{{1, "OUT OFF ERROR VOLTAGE"},
-                                              {2, "2"},
-                                              {3, "MAX. OVER VOLTAGE"},
-                                              {4, "MAX. OVER CURRENT"},
-                                              {5, "SET OVER VOLTAGE"},
-                                              {6, "SET OVER CURRENT"},
-                                              {7, "OUT OFF ERROR CURRENT"},
-                                              {16, "16"}}) {
-        other[4] = static_cast<std::uint8_t>(errorCode);
-        Line().Answer(other);
+    const QString meanings =
+        "0,OUT OFF ERROR VOLTAGE,2,MAX. OVER VOLTAGE,MAX. OVER CURRENT,SET OVER VOLTAGE,"
+        "SET OVER CURRENT,OUT OFF ERROR CURRENT,8";
+    const QStringList texts = meanings.split(',');
+    for (int code = 0; code < texts.size(); ++code) {
+        Line().Answer(DataWith(4, code));
         Window->Verdict("cmdDLE");
-        EXPECT_EQ(Window->Text("lblERROR"), text);
+        EXPECT_EQ(Window->Text("lblERROR"), texts[code]);
     }
+}
+
+// 9600 bytes are what waits after the machine has slept for ten seconds.
+TEST_F(ScriptedTest, AStreamCostsItLittleTimeAndLeavesItsSizeAndTheNextVerdictAsTheyAre) {
+    const QSize size = Window->Window->size();
+    double longest = 0;
+    for (const std::size_t lump : {30U, 9'600U, 100'000U, 20U}) {
+        const QString counted = QString::number(std::min<std::size_t>(lump, 16'384));
+        const auto before = std::clock();
+        Line().Arrive(Bytes(lump, 255));
+        const auto& last = Window->Get<QLabel>("StatusBar_RXDATA_20");
+        EXPECT_TRUE(WaitFor(
+            [&] { return Window->Text("lblRXBUFFER") == counted && last.text() == "255"; }));
+        longest = std::max(longest, static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC);
+    }
+    EXPECT_LT(longest, 0.05);
+    EXPECT_EQ(Window->Window->size(), size);
+    EXPECT_EQ(Window->Window->findChildren<QLabel*>(QRegularExpression("^StatusBar_")).size(), 64);
+    Line().Arrive(Bytes(1'000, 254));
+    Line().Answer({1, 6, 7});
+    EXPECT_EQ(Window->Verdict("cmdENQ"), "GOOD  ENQ");
+    EXPECT_EQ(Window->Panels(64),
+              "1 6 7" + QString(12, ' ') + QString("255 ").repeated(6).trimmed());
 }
 
 TEST_F(ScriptedTest, AnAddressThatIsNoNumberKeepsTheLastAndOneOutOfRangeIsReportedAtTheProbe) {
     Window->SetAddress("12");
     Window->SetAddress("12x");
     EXPECT_TRUE(Window->Get<QLineEdit>("txtPADDR").toolTip().contains("12"));
-    EXPECT_TRUE(Panel.Boxes.Shown.empty());
     Line().Answer({});
     Window->Verdict("cmdENQ");
     EXPECT_EQ(Line().WrittenData(), (std::vector<Bytes>{{12, 5, 17}}));
-    const std::vector<std::pair<const char*, Bytes>> wrapped{{"cmdENQ", {250, 5, 255}},
-                                                             {"cmdENQ", {251, 5, 0}},
-                                                             {"cmdENQ", {255, 5, 4}},
-                                                             {"cmdDLE", {255, 16, 15}}};
-    for (const auto& [button, probe] : wrapped) {
-        const auto address = probe.front();
+    for (const Bytes& probe : {Bytes{250, 5, 255}, {251, 5, 0}, {255, 5, 4}, {255, 16, 15}}) {
+        const auto address = probe[0];
         Window->SetAddress(QString::number(address));
         Line().Answer({address, 6, static_cast<std::uint8_t>(address + 6)});
-        EXPECT_EQ(Window->Verdict(button), "GOOD  ENQ") << int{address};
+        EXPECT_EQ(Window->Verdict(probe[1] == 5 ? "cmdENQ" : "cmdDLE"), "GOOD  ENQ") << +address;
         EXPECT_EQ(Line().WrittenData().back(), probe);
     }
     Line().ForgetWritten();
     Window->SetAddress("300");
     EXPECT_TRUE(Window->Get<QLineEdit>("txtPADDR").toolTip().isEmpty());
+    EXPECT_TRUE(Panel.Boxes.Shown.empty());
     Click("cmdENQ");
     EXPECT_EQ(Panel.Boxes.Shown.size(), 1U);
     EXPECT_TRUE(Line().WrittenData().empty());
-    EXPECT_TRUE(Window->Window->isVisible());
     Window->SetAddress("40000");
     EXPECT_TRUE(Window->Get<QLineEdit>("txtPADDR").toolTip().endsWith("너무 큼). 지금 주소: 300"));
 }
@@ -254,7 +250,6 @@ TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedAndLeavesBothWindowsUsable)
     EXPECT_TRUE(Window->Window->isVisible() && Window->Window->isEnabled());
     Click("cmdENQ");
     EXPECT_TRUE(reported(2, "열려 있지 않습니다"));
-    EXPECT_TRUE(Line().WrittenData().empty());
     Window->Window->close();
     EXPECT_TRUE(reported(3, "권한"));
     EXPECT_TRUE(Panel.Main().isVisible() && Panel.Main().isEnabled());
