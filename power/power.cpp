@@ -3,6 +3,7 @@
 #include "power/freeing_message_boxes.h"
 #include "power/link/polling.h"
 #include "power/log/measurement_log.h"
+#include "power/panel/frame_watch.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/power_parts.h"
 #include "power/run/auto_sequence.h"
@@ -17,8 +18,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QScrollArea>
-#include <QScrollBar>
 
 namespace zps {
 
@@ -35,6 +34,7 @@ struct POWER::Inside {
           Parts{source, State, Controls, Timers, Line, Held, Events, Boxes, around.Loop, window},
           Rows(Parts),
           Lock(Parts, around.Pointer),
+          Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
           Fields(Parts),
           Entry(Parts, Rows, Lock, Fields),
           Scrolling(Parts, Rows, Lock, Fields),
@@ -69,6 +69,7 @@ struct POWER::Inside {
     PowerParts Parts;
     StepList Rows;
     EditLock Lock;
+    FrameWatch Place;  // of the rows, to which the lock keeps the pointer
     Entries Fields;
     StepEntry Entry;
     StepScrolling Scrolling;
@@ -89,11 +90,6 @@ POWER::POWER(SOURCE& source, const Surroundings& around)
     c.lblORV_URL->OnDoubleClick = [this, &browser = around.Browser] {
         if (!Self->State.Switching) Self->Events.Run([&] { lblORV_URL_DblClick(browser); });
     };
-    // The frame of a locked row moves on the screen with what the window shows of it.
-    const auto* view = qobject_cast<QScrollArea*>(centralWidget());
-    for (const QScrollBar* bar : {view->horizontalScrollBar(), view->verticalScrollBar()}) {
-        connect(bar, &QScrollBar::valueChanged, this, [this] { Self->Lock.ResumeConfinement(); });
-    }
     Self->comPOWER->OnReceive(serial::EventKind::Input, [this] { comPOWER_Event(); });
 }
 
