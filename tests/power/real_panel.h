@@ -66,8 +66,11 @@ struct RealPanel : StepPanel {
     }
     // Clicks on a control; at its lower end, where that is asked for.
     static void ClickOn(const QWidget& control, int button = 1, bool atEnd = false) {
-        const QRect place = Pixels(control);
-        MoveTo(atEnd ? QPoint(place.center().x(), place.bottom() - 5 * Scale) : place.center());
+        const QRect area = Pixels(control);
+        const QPoint place(area.center().x(),
+                           atEnd ? area.bottom() - 5 * Scale : area.center().y());
+        MoveTo(place + QPoint(Scale, 0));  // a pointer that is there already would not be told of
+        MoveTo(place);
         EXPECT_TRUE(Await([&] { return control.underMouse(); }));
         Xdotool(QStringLiteral("click %1").arg(button));
     }

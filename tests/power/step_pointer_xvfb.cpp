@@ -18,7 +18,7 @@ TEST(RealPointer, StaysWithTheEditedRowAndLeavesNoButtonDownBehindABox) {
     QLineEdit& field = panel.Field("txPVOLT", 0);
     EXPECT_EQ(Reach(), Screen);
     panel.Type("txPVOLT_0", "151");
-    EXPECT_EQ(Reach(), panel.Frame());
+    EXPECT_TRUE(Await([&] { return Reach() == panel.Frame(); }));
     Xdotool("key alt+d");
     ASSERT_TRUE(Await([] { return QApplication::activePopupWidget() != nullptr; }));
     EXPECT_EQ(Reach(), Screen);
