@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Every control of the panel has a name and a role on the desktop's accessibility bus, and can be
-found, read and pressed through it, as a screen reader does, but not in a disabled window. On a display and a bus of its own:
+found, read and pressed through it, as a screen reader does. In a disabled window nothing can be
+pressed. On a display and a bus of its own:
 
     with-xvfb dbus-run-session -- names_test.py PANEL SIMULATOR
 """

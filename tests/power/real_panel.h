@@ -12,11 +12,6 @@
 
 namespace zps::tests {
 
-// What a loaded machine may take.
-inline bool Await(const std::function<bool()>& done) {
-    return WaitFor(done, 20s);
-}
-
 inline QString Xdotool(const QString& commands) {
     QProcess process;
     process.start("xdotool", commands.split(' '));
@@ -54,7 +49,11 @@ struct RealPanel : StepPanel {
         const QRect place(20, 40, 900, 700);
         if (!StepPanel::Open()) return false;
         Main().setGeometry(place);
-        return Await([&] { return Main().geometry() == place; });
+        QRect before;  // until the layout stands still
+        return WaitFor([&] {
+            const bool still = std::exchange(before, Frame()) == Frame();
+            return still && Main().geometry() == place;
+        });
     }
     QScrollArea& View() { return *Main().findChild<QScrollArea*>(); }
     // What the display shows of a control.
@@ -71,7 +70,7 @@ struct RealPanel : StepPanel {
                            atEnd ? area.bottom() - 5 * Scale : area.center().y());
         MoveTo(place + QPoint(Scale, 0));  // a pointer that is there already would not be told of
         MoveTo(place);
-        EXPECT_TRUE(Await([&] { return control.underMouse(); }));
+        EXPECT_TRUE(WaitFor([&] { return control.underMouse(); }));
         Xdotool(QStringLiteral("click %1").arg(button));
     }
 
@@ -79,10 +78,10 @@ struct RealPanel : StepPanel {
     // By its key, as soon as it can take one.
     void AnswerBox() {
         QWidget& box = *QApplication::activeModalWidget();
-        EXPECT_TRUE(Await([&] { return box.isActiveWindow(); }));
+        EXPECT_TRUE(WaitFor([&] { return box.isActiveWindow(); }));
         EXPECT_EQ(Reach(), Screen);
         Xdotool("key Return");
-        EXPECT_TRUE(Await([&] { return !box.isVisible(); })) << qPrintable(Boxes.LastText());
+        EXPECT_TRUE(WaitFor([&] { return !box.isVisible(); })) << qPrintable(Boxes.LastText());
         box.close();
     }
 };
