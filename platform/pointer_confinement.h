@@ -13,9 +13,10 @@ class PointerConfinement {
   public:
     virtual ~PointerConfinement() = default;
 
-    // Keeps the pointer within the rectangle that `frame` has on the screen now, moving it there if
-    // it is elsewhere. Call it again after the window has moved or was laid out anew. A frame that
-    // isn't shown changes nothing. `frame` stays the caller's, who releases before destroying it.
+    // Keeps the pointer within what can be seen of `frame` on the screen now, moving it there if it
+    // is elsewhere; free while that is nothing. Call it again, as often as you like, after the
+    // window has moved, was scrolled or was laid out anew. A frame that isn't shown changes
+    // nothing. `frame` stays the caller's, who releases before destroying it.
     virtual void Confine(QWidget& frame) = 0;
 
     // Lets the pointer go everywhere. Does nothing if it is free.

@@ -38,11 +38,12 @@ xcb_connection_t* Connection() {
     return x11 ? x11->connection() : nullptr;
 }
 
-// Where the frame is in its top-level window, in the server's pixels.
+// Where the frame is in its top-level window, as far as it can be seen, in the server's pixels.
 QRect PixelsInWindow(const QWidget& frame) {
-    const QPointF corner = frame.mapTo(frame.window(), QPoint(0, 0));
+    const QRect seen = frame.visibleRegion().boundingRect();
+    const QPointF corner = frame.mapTo(frame.window(), seen.topLeft());
     const qreal scale = frame.devicePixelRatio();
-    return QRectF(corner * scale, QSizeF(frame.size()) * scale).toAlignedRect();
+    return QRectF(corner * scale, QSizeF(seen.size()) * scale).toAlignedRect();
 }
 
 xcb_window_t TopLevelOf(const QWidget& frame) {
@@ -50,14 +51,13 @@ xcb_window_t TopLevelOf(const QWidget& frame) {
 }
 
 // Any error of these requests shows in the grab, which then fails.
-xcb_window_t MakeFence(xcb_connection_t* connection, const QWidget& frame) {
+xcb_window_t MakeFence(xcb_connection_t* connection, xcb_window_t window, const QRect& area) {
     const auto fence = xcb_generate_id(connection);
-    const QRect area = PixelsInWindow(frame);
     const auto made = xcb_create_window_checked(
-        connection, XCB_COPY_FROM_PARENT, fence, TopLevelOf(frame),
-        static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
-        static_cast<std::uint16_t>(area.width()), static_cast<std::uint16_t>(area.height()), 0,
-        XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+        connection, XCB_COPY_FROM_PARENT, fence, window, static_cast<std::int16_t>(area.x()),
+        static_cast<std::int16_t>(area.y()), static_cast<std::uint16_t>(area.width()),
+        static_cast<std::uint16_t>(area.height()), 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+        XCB_COPY_FROM_PARENT, 0, nullptr);
     xcb_discard_reply(connection, made.sequence);
     if (xcb_get_extension_data(connection, &xcb_shape_id)->present) {
         const auto shaped =
@@ -122,7 +122,9 @@ void X11PointerConfinement::PutFence() {
     TakeFence();
     auto* connection = Connection();
     if (!connection || !Frame || QApplication::activePopupWidget()) return;
-    Fence = MakeFence(connection, *Frame);
+    const QRect area = PixelsInWindow(*Frame);
+    if (area.isEmpty()) return;
+    Fence = MakeFence(connection, TopLevelOf(*Frame), area);
     if (GrabPointer(connection, TopLevelOf(*Frame), Fence)) return;
     TakeFence();
     Again.start();

@@ -2,6 +2,7 @@
 
 #include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
+#include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
@@ -15,8 +16,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QScrollArea>
-#include <QScrollBar>
 
 namespace zps {
 
@@ -51,6 +50,7 @@ struct POWER::Inside {
     HeldSteps Held;
     ReadOuts Shown;
     EditLock Lock;
+    FrameWatch Place;
     bool OvpUnderLoad = false;  // the list has been scrolled since the output went on
 
     Entries Fields;
@@ -81,6 +81,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Held(source, *comPOWER, Line, Time),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
+      Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
       Fields(Parts, Door),
       Ways(Parts, Door, Fields),
       Rows(Parts, Held),
@@ -171,11 +172,6 @@ POWER::POWER(SOURCE& source, const Surroundings& around) {
     c.lblORV_URL->OnDoubleClick = [this, &browser = around.Browser] {
         Self->Ways.Run([&] { lblORV_URL_DblClick(browser); });
     };
-    // The frame of a locked row moves on the screen with what the window shows of it.
-    const auto* view = qobject_cast<QScrollArea*>(centralWidget());
-    for (const QScrollBar* bar : {view->horizontalScrollBar(), view->verticalScrollBar()}) {
-        connect(bar, &QScrollBar::valueChanged, this, [this] { Self->Lock.ResumeConfinement(); });
-    }
     Self->comPOWER->OnReceive(serial::EventKind::Input, [this] { comPOWER_Event(); });
 }
 

@@ -1,10 +1,12 @@
 #!/usr/bin/python3
 """Every control of the panel has a name and a role on the desktop's accessibility bus, and can be
-found, read and pressed through it, as a screen reader does. On a display and a bus of its own:
+found, read and pressed through it, as a screen reader does. In a disabled window nothing can be
+pressed. On a display and a bus of its own:
 
     with-xvfb dbus-run-session -- names_test.py PANEL SIMULATOR
 """
 import os
+import signal
 import subprocess
 import sys
 import tempfile
@@ -120,6 +122,32 @@ def check_log():
         fail("a row of the log can't be selected")
 
 
+def windows():
+    desktop = Atspi.get_desktop(0)
+    programs = [desktop.get_child_at_index(index) for index in range(desktop.get_child_count())]
+    tops = [top.get_child_at_index(i) for top in programs for i in range(top.get_child_count())]
+    return sorted(top.get_name() for top in tops if top.get_state_set().contains(Atspi.StateType.SHOWING))
+
+
+def check_disabled(panel, supply):
+    """While the settings window probes a silent supply, no command of the main window does anything."""
+    press("출력")
+    wait_for(lambda: says("출력 상태", "OFF"), "the output switched off")
+    choose("ZPS설정(R)")
+    wait_for(lambda: find("통신 확인"), "the settings window")
+    expected = windows()
+    supply.send_signal(signal.SIGSTOP)
+    press("통신 확인")
+    for command in ("TEST(T)", "ZPS설정(R)", "측정 데이타 삭제(C)", "프로그램 종료(X)"):
+        choose(command)
+        if panel.poll() is not None or windows() != expected:
+            fail(f"{command} in a disabled window: {windows()}, exit code {panel.poll()}")
+    wait_for(lambda: panel.poll() or says("통신 확인 결과", "통신에라 = 응답무!!!"), "the end of the probe")
+    if panel.poll() is not None or windows() != expected:
+        fail(f"after the probe: {windows()}, exit code {panel.poll()}")
+    print("A disabled window does nothing")
+
+
 def use_panel():
     check_names("ZPS설정", IN_SETTINGS)
     wait_for(lambda: says("DATA 확인 결과", "통신ok = DATA수신!!!"), "the spoken result")
@@ -157,7 +185,9 @@ def main():
         panel = subprocess.Popen([program], env=environment)
         try:
             use_panel()
+            check_disabled(panel, supply)
         finally:
+            supply.send_signal(signal.SIGCONT)
             panel.kill()
             supply.terminate()
             supply.wait()

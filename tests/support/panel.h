@@ -24,7 +24,7 @@ namespace zps::tests {
 using namespace std::chrono_literals;
 
 // Runs events until `done`, at most for `limit`; whether it came about.
-bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit = 5s);
+bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit = 20s);
 
 // Answers message boxes at once and remembers them.
 class ScriptedBoxes : public MessageBoxes {
@@ -118,7 +118,7 @@ class Panel {
     void Leave();
 
     // Waits until the settings window shows this caption for the data probe.
-    bool WaitForDataResult(const QString& caption, std::chrono::milliseconds limit = 5s);
+    bool WaitForDataResult(const QString& caption, std::chrono::milliseconds limit = 20s);
 
   private:
     template <class Control>
