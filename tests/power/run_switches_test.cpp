@@ -1,4 +1,5 @@
 // The five switches: what they send, show and wait for.
+#include "controls/entry_field.h"
 #include "tests/power/run_panel.h"
 
 #include <QElapsedTimer>
@@ -156,6 +157,79 @@ TEST_F(RunSwitches, OutputOnWaitsForAReplyInProgressAndIgnoresEveryOtherClick) {
     EXPECT_TRUE(waited >= 290 && waited < 900) << waited;
     EXPECT_EQ(Sent(), "X1A1");
     EXPECT_TRUE(Boxes.Shown.empty() && Main().isEnabled());
+}
+
+TEST_F(RunSwitches, AnObjectionDuringTheWaitCallsTheSwitchingOnOffAndALineSaysWhy) {
+    using Case = std::pair<Bytes, const char*>;
+    for (const auto& [answer, words] : {Case{{1, 21, 22}, "거부"}, Case{Reading(1, 9), "코드 9"},
+                                        Case{Reading(1, 5), "코드 5"}}) {
+        Line().Answer({});
+        Click("cmdOCP");
+        if (answer.size() > 3) Source().ReplyFlag = ExpectData;
+        QTimer::singleShot(100, &Main(), [&] { Line().Arrive(answer); });
+        Sent();
+        Click("cmdOUTPUT");
+        EXPECT_EQ(Sent() + Texts(*this, {"Output_ONOFF"}), "OFF");
+        EXPECT_TRUE(Text("lblNOTICE").contains(words)) << Text("lblNOTICE").toStdString();
+        ASSERT_TRUE(Quiet());
+    }
+    // A box that is up for longer than a second.
+    Line().Answer({});
+    Click("cmdOCP");
+    Boxes.WhileUp = [](const Message&) { QTest::qWait(1200); };
+    QTimer::singleShot(100, &Main(), [&] { Boxes.Show(&Main(), {}); });
+    Sent();
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Sent() + Texts(*this, {"Output_ONOFF"}), "OFF");
+    EXPECT_TRUE(Text("lblNOTICE").contains("1초"));
+}
+
+TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
+    Enter(*this, "txPVOLT_0", "50");
+    ASSERT_TRUE(Quiet() && SwitchOn());
+    Sent();
+    Click("cmdPREMOTE");
+    EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));
+    ASSERT_TRUE(AreSent(5));
+    EXPECT_EQ(Sent().substr(0, 5), "r????");
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF", "cmdPREMOTE", "Rem_Loc"}), "ON REMOTE REMOTE");
+    ASSERT_TRUE(Handled(Reading(1, 5)));  // a trip is seen
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+}
+
+TEST_F(RunSwitches, WhatTheSupplyReportsOtherwiseThanAskedIsMarkedFromTheSecondPollOn) {
+    auto& label = Get<QLabel>("OCP_ONOFF");
+    Click("cmdOCP");
+    ASSERT_TRUE(Quiet() && SwitchOn());
+    ASSERT_TRUE(Handled(Reading(4, 1)));
+    EXPECT_EQ(label.text(), "ON");
+    EXPECT_EQ(label.toolTip(), "전원 장치는 OFF 상태라고 알립니다");
+    EXPECT_EQ(Lit("OCPLED"), PaleGreen);
+    ASSERT_TRUE(Handled(Reading(4 + 32)));
+    EXPECT_EQ(label.toolTip(), "");
+    EXPECT_EQ(Lit("OCPLED"), BrightGreen);
+}
+
+TEST_F(RunSwitches, AValueThatTheSupplyRefusedIsMarkedUntilItIsSentAgain) {
+    auto& field = Get<EntryField>("txPVOLT_0");
+    Line().Answer({1, 21, 22});
+    Enter(*this, "txPVOLT_0", "5");
+    ASSERT_TRUE(Quiet());
+    EXPECT_TRUE(field.Refused());
+    EXPECT_FALSE(Get<EntryField>("txPCURR_0").Refused());
+    Click("txPSTEP_0");
+    EXPECT_EQ(Sent(), "V1");
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_TRUE(Text("lblNOTICE").contains("단계 00")) << Text("lblNOTICE").toStdString();
+    EXPECT_TRUE(Boxes.Shown.empty());
+    field.setFocus();
+    Sent();
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Sent().substr(0, 2), "V1");
+    ASSERT_TRUE(WaitFor([&] { return !field.Refused(); }));
+    Sent();
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(Sent(), "");
 }
 
 TEST_F(RunSwitches, OutputOnWaitsForAStepStartOrCallsItOffAfterASecond) {
