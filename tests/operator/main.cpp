@@ -4,20 +4,16 @@
 
 #include <QCommandLineParser>
 
-#include <algorithm>
-#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <deque>
-#include <thread>
 #include <unistd.h>
 
 namespace {
 
 using namespace std::chrono_literals;
 
-// No action takes longer, also on a loaded machine.
-constexpr auto Patience = 60s;
+constexpr unsigned Patience = 60;  // seconds for one action, on a loaded machine
 #ifdef __SANITIZE_ADDRESS__
 constexpr auto LongestWork = 600ms;
 #else
@@ -25,119 +21,71 @@ constexpr auto LongestWork = 120ms;
 #endif
 constexpr std::size_t Remembered = 30;
 
-// How to do it again, and what was done last. Also for a signal's handler, which must not build it.
+// How to do it again, and what was done last: told also where the program ends in the middle.
 std::string Again;
-std::string Report;
+std::deque<std::string> Done;
+const std::string* Doing = &Again;
 
-void Tell(const char* wrong) {
-    for (const std::string_view text : {"wrong: ", wrong, "\n", Again.c_str(), Report.c_str()}) {
-        [[maybe_unused]] const auto count = write(STDOUT_FILENO, text.data(), text.size());
-    }
+void Tell(const std::string& wrong) {
+    std::printf("wrong: %s\n%s", wrong.c_str(), Again.c_str());
+    for (const auto& one : Done) std::printf("    %s\n", one.c_str());
+    std::printf("    %s\n", Doing->c_str());
+    std::fflush(stdout);
 }
 
 void Crashed(int number) {
-    Tell(number == SIGSEGV ? "crash: segmentation fault" : "crash: abort");
     std::signal(number, SIG_DFL);
-    std::raise(number);
-}
-
-class History {
-  public:
-    void Add(const std::string& action) {
-        Last.push_back(action);
-        if (Last.size() > Remembered) Last.pop_front();
-        Report.clear();
-        for (const auto& one : Last) Report += "    " + one + '\n';
-    }
-
-  private:
-    std::deque<std::string> Last;
-};
-
-// Ends the program when nothing moves any more.
-class Watchdog {
-  public:
-    void Moved() { ++Moves; }
-
-  private:
-    void Watch(const std::stop_token& stop) {
-        unsigned seen = 0;
-        for (auto quiet = 0ms; !stop.stop_requested(); quiet += 100ms) {
-            if (seen != Moves) quiet = 0ms;
-            seen = Moves;
-            if (quiet > Patience) {
-                Tell("hang");
-                _exit(2);
-            }
-            std::this_thread::sleep_for(100ms);
-        }
-    }
-
-    std::atomic<unsigned> Moves = 0;
-    std::jthread Thread{[this](const std::stop_token& stop) { Watch(stop); }};
-};
-
-struct Task {
-    unsigned Seed;
-    int Actions;
-    QStringList Known;  // how findings begin that are passed over
-    bool Verbose;
-};
-
-// The first thing that is wrong and not known; empty if nothing is.
-std::string RunOne(zps::tests::WatchedApplication& application, const Task& task) {
-    Watchdog watchdog;
-    History history;
-    zps::tests::Operator person(task.Seed);
-    const auto judged = [&](std::vector<std::string> wrong) {
-        watchdog.Moved();
-        history.Add(person.Done());
-        if (task.Verbose) std::printf("%s\n", person.Done().c_str());
-        const auto [held, of] = application.TakeLongest();
-        if (held > LongestWork)
-            wrong.push_back("the window thread was held: " +
-                            std::to_string(duration_cast<std::chrono::milliseconds>(held).count()) +
-                            " ms, by " + of);
-        std::erase_if(wrong, [&](const std::string& one) {
-            return std::ranges::any_of(task.Known, [&](const QString& known) {
-                return one.starts_with(known.toStdString());
-            });
-        });
-        return wrong.empty() ? std::string() : wrong.front();
-    };
-    const auto start = person.Start();
-    application.TakeLongest();  // the first showing of a window loads its fonts
-    std::string wrong = judged(start);
-    for (int number = 0; number < task.Actions && wrong.empty(); ++number) {
-        wrong = judged(person.Act(number));
-    }
-    return wrong.empty() ? judged(person.ComeHome()) : wrong;
+    Tell(number == SIGSEGV ? "crash" : number == SIGALRM ? "hang" : "abort");
+    std::raise(number == SIGALRM ? SIGABRT : number);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    zps::tests::WatchedApplication application(count, arguments);
-    QApplication::setQuitOnLastWindowClosed(false);
-    zps::DressApplication();
     // The toolkit's remarks on windows that are not there any more.
     qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext&, const QString& text) {
         if (kind == QtFatalMsg) std::printf("%s\n", qPrintable(text));
     });
+    zps::tests::WatchedApplication application(count, arguments);
+    QApplication::setQuitOnLastWindowClosed(false);
+    zps::DressApplication();
     QCommandLineParser words;
     words.addOptions({{"seed", "which operator", "number", "1"},
                       {"actions", "how many actions", "number", "300"},
                       {"known", "passes over findings that begin so; repeatable", "text"},
+                      {"without", "leaves out an action; repeatable", "name"},
                       {"verbose", "tells each action"}});
     words.addHelpOption();
     words.process(application);
-    const Task task{words.value("seed").toUInt(), words.value("actions").toInt(),
-                    words.values("known"), words.isSet("verbose")};
-    Again = "again: test_operator --seed " + std::to_string(task.Seed) + " --actions " +
-            std::to_string(task.Actions) + '\n';
-    for (const int number : {SIGSEGV, SIGABRT}) std::signal(number, Crashed);
-    const std::string wrong = RunOne(application, task);
-    if (!wrong.empty()) Tell(wrong.c_str());
-    return wrong.empty() ? 0 : 1;
+    Again = "again: test_operator --seed " + words.value("seed").toStdString() + " --actions " +
+            words.value("actions").toStdString() + '\n';
+    for (const int number : {SIGSEGV, SIGABRT, SIGALRM}) std::signal(number, Crashed);
+
+    zps::tests::Operator person(words.value("seed").toUInt());
+    Doing = &person.Doing;
+    const auto good = [&](zps::tests::Findings wrong) {
+        alarm(Patience);
+        const auto [held, by] = application.TakeLongest();
+        const auto span = std::chrono::duration_cast<std::chrono::milliseconds>(held);
+        if (span > LongestWork)
+            wrong.push_back("the window thread was held: " + std::to_string(span.count()) +
+                            " ms, by " + by);
+        for (const QString& known : words.values("known")) {
+            std::erase_if(wrong,
+                          [&](const auto& one) { return one.starts_with(known.toStdString()); });
+        }
+        if (words.isSet("verbose")) std::printf("%s\n", Doing->c_str());
+        if (!wrong.empty()) Tell(wrong.front());
+        Done.push_back(*Doing);
+        if (Done.size() > Remembered) Done.pop_front();
+        return wrong.empty();
+    };
+    const auto start = person.Start();
+    application.TakeLongest();  // the first showing of a window loads its fonts
+    bool right = good(start);
+    for (int number = 0; number < words.value("actions").toInt() && right; ++number) {
+        right = good(person.Act(number, words.values("without")));
+    }
+    return right && good(person.ComeHome()) ? 0 : 1;
 }

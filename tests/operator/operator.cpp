@@ -1,7 +1,6 @@
 #include "tests/operator/operator.h"
 
-#include "test/test.h"
-
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
 #include <QTimer>
@@ -11,103 +10,95 @@
 namespace zps::tests {
 
 namespace {
-
-const std::string Nowhere = "/dev/zps-no-such-line";
-
-bool IsSettings(const QObject& window) {
-    return window.objectName() == QStringLiteral("SET_MANUAL");
-}
-
+constexpr auto Nowhere = "/dev/zps-no-such-line";
+const auto DataReceived = QStringLiteral("통신ok = DATA수신!!!");
 }  // namespace
 
-// Different ratings everywhere: what is shown tells whose they are.
+// Different ratings everywhere: what is shown tells whose they are. Ratings that come garbled can't
+// be told from good ones, so the settings window gets a good line.
 Operator::Operator(unsigned seed)
     : Panel({{}, {.Address = 30, .Volts = 20, .Amps = 5}}),
       SecondLine({{.Address = 1, .Volts = 40, .Amps = 2}}),
       Second(2, SecondLine.DeviceName()),
       Absent(3, Nowhere),
       Judge(Panel, {{1, &Panel.Line()}, {2, &SecondLine}}),
-      // Nobody can tell garbled ratings from others: the reply has no check byte that counts.
       Watch([this](QObject& watched, const QEvent& event) {
-          if (event.type() == QEvent::Show && IsSettings(watched)) Panel.Line().SetFaults({});
+          if (event.type() == QEvent::Show && &watched == Panel.Run.Settings())
+              Panel.Line().SetFaults({});
       }),
       Seed(seed) {
     Panel.Boxes.WhileUp = [this](const Message& message) { AnswerBox(message); };
-    Elsewhere.setObjectName(QStringLiteral("elsewhere"));
-    Elsewhere.resize(100, 50);
 }
 
-Operator::Findings Operator::AllWrong() {
+Findings Operator::AllWrong() {
     auto all = Judge.Judge();
     all.insert(all.end(), Wrong.begin(), Wrong.end());
     Wrong.clear();
     return all;
 }
 
-Operator::Findings Operator::Start() {
-    if (!Panel.Identify()) Complain("the supply was not identified");
-    Panel.Run.Settings()->close();
-    if (!WaitFor([&] { return View.StepOf(0).Held; })) Complain("the top step was not started");
-    Run(300);
+Findings Operator::Start() {
+    if (!Panel.Open()) Complain("the supply did not come into use");
     return AllWrong();
 }
 
-Operator::Findings Operator::Act(int number) {
+Findings Operator::Act(int number, const QStringList& without) {
     Random.seed(Seed * 100'003U + static_cast<unsigned>(number));
     const auto actions = Actions();
-    const auto add = [](int sum, const Action& action) { return sum + action.Weight; };
-    int draw = Draw(std::accumulate(actions.begin(), actions.end(), 0, add));
+    int draw = Draw(std::accumulate(actions.begin(), actions.end(), 0,
+                                    [](int sum, const Action& one) { return sum + one.Weight; }));
     const Action* action = actions.data();
     while ((draw -= action->Weight) >= 0) ++action;
-    Did = std::to_string(number) + ' ' + action->Name + ':';
+    Doing = std::to_string(number) + ' ' + Situation() + ": " + action->Name + ':';
     if (!Judge.Plugged && Chance(20)) Plug();
     if (Chance(15)) SetFaults({});
-    action->Do(*this);
+    if (!without.contains(QLatin1String(action->Name))) action->Do(*this);
     Run(Pick({0, 0, 1, 3, 8}));
     return AllWrong();
 }
 
-Operator::Findings Operator::ComeHome() {
-    Did = "coming home";
-    if (const auto lost = WayHome(); !lost.empty()) Complain("no way home: " + lost);
+std::string Operator::Situation() const {
+    if (!View.MainHasPort()) return View.PortWindow()->objectName().toStdString();
+    if (!View.Usable("cmdPREMOTE")) return "no panel";
+    return View.ShownOn() ? "on" : View.Text("Rem_Loc");
+}
+
+Findings Operator::ComeHome() {
+    Doing = "coming home:";
+    Plug();
+    SetFaults({});
+    // A report that was under way may come between.
+    std::string lost = "no way home";
+    for (int tries = 0; tries < 3 && !lost.empty(); ++tries) lost = WayHome();
+    if (!lost.empty()) Complain("no way home: " + lost);
     return AllWrong();
 }
 
 std::string Operator::WayHome() {
-    Plug();
-    SetFaults({});
-    Run(200);
-    for (int tries = 0; tries < 5 && Panel.Run.Settings() == nullptr; ++tries) {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window != &Panel.Main() && window->isVisible()) window->close();
-        }
-        Panel.Main().activateWindow();
-        Run(50);
-        Key(Qt::Key_Escape);
-        Key(Qt::Key_Escape);
-        Run(20);
-        const bool locked = !Panel.Get<QAction>("mnuSET_MANU").isEnabled();
-        if (locked) Panel.Click(View.ShownOn() ? "cmdOUTPUT" : "cmdPREMOTE");
-        Run(locked ? 1200 : 20);
-        OpenSettings(*this);
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != &Panel.Main()) window->close();
     }
+    Panel.Main().activateWindow();
+    Run(20);
+    for (int times = 0; times < 3; ++times) Key(Qt::Key_Escape);
+    if (!View.MenuUsable()) Panel.Click(View.ShownOn() ? "cmdOUTPUT" : "cmdPREMOTE");
+    WaitFor([this] { return View.MenuUsable(); }, 1500ms);
+    OpenSettings(*this);
     if (Panel.Run.Settings() == nullptr) return "the settings window does not open";
     Panel.GetSetting<QAbstractButton>("optPORT_1").click();
     auto& addresses = Panel.GetSetting<QComboBox>("cmbADDR");
     addresses.setCurrentIndex(0);
     Q_EMIT addresses.activated(0);
     Run(1000);
-    if (!Panel.WaitForDataResult(QStringLiteral("통신ok = DATA수신!!!")))
-        return "the supply is not identified";
+    if (!Panel.WaitForDataResult(DataReceived)) return "the supply is not identified";
     Panel.Run.Settings()->close();
     Run(700);
-    const int row = View.Text("txtSTEP") == View.Text("txPSTEP_3") ? 4 : 3;
-    const auto button = "txPSTEP_" + std::to_string(row);
-    if (!View.Usable(button.c_str())) return "a step can't be selected";
-    Panel.Click(button.c_str());
-    const int step = View.Text(button.c_str()).toInt();
-    Run(200);
-    return View.StepOf(step).Held ? "" : "a step can't be sent";
+    const char* button = View.Text("txtSTEP") == View.Text("txPSTEP_3") ? "txPSTEP_4" : "txPSTEP_3";
+    const auto step = std::stoul(View.Text(button));
+    if (!View.Usable(button)) return "a step can't be selected";
+    Panel.Click(button);
+    Run(300);
+    return View.Held(step) ? "" : "a step can't be sent";
 }
 
 // A box takes the activation, or a second, or somebody else does something meanwhile.
@@ -124,18 +115,21 @@ void Operator::AnswerBox(const Message& message) {
         if (Chance(30)) ActFromOutside(*this);
     }
     --BoxesUp;
-    const bool end = message.Title == QStringLiteral("프로그램 종료");
-    Panel.Boxes.Answers = {!end && Chance(50) ? Answer::Yes : Answer::No};
+    const bool ends = message.Title == QStringLiteral("프로그램 종료");
+    Panel.Boxes.Answers = {!ends && Chance(50) ? Answer::Yes : Answer::No};
     Say('[' + message.Title + ']');
 }
 
-void Operator::Mouse(QWidget* control, const QPoint& at, bool twice) {
-    QWindow* window = control->window()->windowHandle();
-    if (window == nullptr || !control->visibleRegion().contains(at)) return;
-    const QPoint place = control->mapTo(control->window(), at);
+void Operator::Click(QWidget* control, std::optional<QPoint> at, bool twice) {
+    const QPoint place = control == nullptr ? QPoint() : at.value_or(control->rect().center());
+    if (control == nullptr || !control->visibleRegion().contains(place)) return;
     Say(control->objectName());
-    twice ? QTest::mouseDClick(window, Qt::LeftButton, {}, place)
-          : QTest::mouseClick(window, Qt::LeftButton, {}, place);
+    const QPoint there = control->mapTo(control->window(), place);
+    (twice ? qOverload<QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int>(
+                 &QTest::mouseDClick)
+           : qOverload<QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int>(
+                 &QTest::mouseClick))(control->window()->windowHandle(), Qt::LeftButton, {}, there,
+                                      -1);
 }
 
 void Operator::Key(int key, Qt::KeyboardModifiers with) {
@@ -143,13 +137,7 @@ void Operator::Key(int key, Qt::KeyboardModifiers with) {
         QTest::keyClick(window, static_cast<Qt::Key>(key), with);
 }
 
-void Operator::Type(const QString& text) {
-    for (const QChar& one : text) {
-        if (QWindow* window = QGuiApplication::focusWindow())
-            QTest::keyClick(window, one.toLatin1());
-    }
-}
-
+// The link goes first: nobody must open what takes the name of the terminal next.
 void Operator::Unplug() {
     Judge.Plugged = false;
     Panel.Link().Point(Nowhere);
@@ -162,17 +150,11 @@ void Operator::Plug() {
     Judge.Plugged = true;
 }
 
-// Replies that are still under way belong to frames that had the faults before.
+// The replies that are still under way belong to frames of before.
 void Operator::SetFaults(const simulator::Faults& faults) {
     const auto late = Panel.Line().PresentFaults().Delay;
     if (late > 0ms) Run(static_cast<int>(late.count()) + 50);
     Panel.Line().SetFaults(faults);
-}
-
-QWidget* Operator::PortWindow() {
-    Program& program = Panel.Run;
-    if (auto* settings = program.Settings()) return settings;
-    return program.Test();
 }
 
 }  // namespace zps::tests

@@ -1,10 +1,8 @@
 #include "tests/operator/oracle.h"
 
-#include "controls/lamp.h"
 #include "simulator/command.h"
 #include "source/frame.h"
-
-#include <QPushButton>
+#include "test/test.h"
 
 #include <cmath>
 #include <filesystem>
@@ -12,73 +10,52 @@
 namespace zps::tests {
 
 namespace fs = std::filesystem;
+using simulator::FrameKind;
 using simulator::SupplyState;
-using std::chrono::milliseconds;
+
+QWidget* PanelView::Test() const {
+    return Panel.Run.Test();
+}
 
 namespace {
 
-// How long a step may be shown as held after its values were lost: the answer may take 1 s.
-constexpr auto DoubtLimit = 1600ms;
-// The watch brings lost polls back after 1 s.
+constexpr auto AnswerLimit = 1600ms;  // an answer may take 1 s, and the watch comes by a bit later
 constexpr auto PollLimit = 2500ms;
 constexpr auto LampLimit = 1500ms;
 
+// As the main window shows them.
 std::string RatingsOf(const SupplyState& supply) {
-    return QStringLiteral("%1V/%2A")
-        .arg(std::lround(supply.Options.Volts))
-        .arg(std::lround(supply.Options.Amps))
-        .toStdString();
+    return std::to_string(std::lround(supply.Options.Volts)) + "V/" +
+           std::to_string(std::lround(supply.Options.Amps)) + "A";
 }
 
-std::string Hex(const Bytes& bytes) {
-    return QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()))
-        .toHex(' ')
-        .toStdString();
-}
-
-int Word(const Bytes& data, std::size_t at = 0) {
-    return data[at] * 256 + data[at + 1];
-}
-
-// Whether a supply with these ratings may be told this.
 bool WithinRatings(const simulator::Command& command, const SupplyState& supply) {
-    const auto counts = [&](double most, int scale) {
-        return Word(command.Data) <= std::lround(most * scale);
-    };
+    const int count = command.Data[0] * 256 + command.Data[1];
     switch (command.Letter) {
         case 'V':
-            return counts(supply.Options.Volts, supply.VoltScale);
+            return count <= std::lround(supply.Options.Volts * supply.VoltScale);
         case 'C':
-            return counts(supply.Options.Amps, supply.CurrScale);
+            return count <= std::lround(supply.Options.Amps * supply.CurrScale);
         case 'O':
-            return counts(supply.Options.Volts * simulator::HeadroomShare, supply.VoltScale);
-        case 'T':
-            return Word(command.Data) <= 50000 && Word(command.Data, 2) < 1000 &&
-                   command.Data[4] < 100;
-        default:
-            return Word(command.Data) <= 50000 && command.Data[2] < 100;
+            return count <=
+                   std::lround(supply.Options.Volts * simulator::HeadroomShare * supply.VoltScale);
+        default:  // the supply itself refuses a time or slope that is too long
+            return true;
     }
 }
 
-bool IsValue(const simulator::Command& command) {
-    return std::string_view("VCOTD").find(command.Letter) != std::string_view::npos;
-}
-
-double Seconds(std::chrono::microseconds time) {
-    return std::chrono::duration<double>(time).count();
-}
-
-// In all five values, as exactly as the wire can tell.
-bool Equal(const PanelView::Step& shown, const simulator::StepValues& held,
+// Exactly, as far as the wire can tell.
+bool Equal(const std::array<double, 5>& shown, const simulator::StepValues& held,
            const SupplyState& supply) {
-    const auto near = [](double a, double b, double step) {
-        return std::abs(a - b) <= step * 0.51;
-    };
-    return near(shown.Volts, held.Volts, 1.0 / supply.VoltScale) &&
-           near(shown.Amps, held.Amps, 1.0 / supply.CurrScale) &&
-           near(shown.OvpVolts, held.OvpVolts, 1.0 / supply.VoltScale) &&
-           near(shown.Seconds, Seconds(held.StepTime), 1e-5) &&
-           near(shown.SlopeSeconds, Seconds(held.Slope), 1e-5);
+    const auto seconds = [](auto time) { return std::chrono::duration<double>(time).count(); };
+    const std::array has{held.Volts, held.Amps, held.OvpVolts, seconds(held.StepTime),
+                         seconds(held.Slope)};
+    const std::array unit{1.0 / supply.VoltScale, 1.0 / supply.CurrScale, 1.0 / supply.VoltScale,
+                          1e-5, 1e-5};
+    for (std::size_t i = 0; i < has.size(); ++i) {
+        if (std::abs(shown.at(i) - has.at(i)) > unit.at(i) * 0.51) return false;
+    }
+    return true;
 }
 
 // How often this process has the device open.
@@ -93,172 +70,127 @@ int OpensOf(const std::string& device) {
 
 }  // namespace
 
-Oracle::Oracle(SimulatedPanel& panel, std::map<int, simulator::Line*> lines)
-    : Panel(panel), View(panel), Lines(std::move(lines)) {}
-
-std::vector<std::string> Oracle::Judge() {
-    const Time now = simulator::Clock::now();
-    Passed = std::min(duration_cast<milliseconds>(now - LastJudged), 100ms);
-    std::vector<std::string> wrong;
-    for (const auto judge :
-         {&Oracle::JudgeFrames, &Oracle::JudgePolling, &Oracle::JudgeHeldSteps,
-          &Oracle::JudgeSwitches, &Oracle::JudgeReadOut, &Oracle::JudgeWindows}) {
-        wrong.push_back((this->*judge)());
+Findings Oracle::Judge() {
+    const auto now = simulator::Clock::now();
+    Passed = std::min(duration_cast<Milliseconds>(now - LastJudged), 100ms);
+    for (const auto& [port, line] : Lines) {
+        for (const auto& frame : line->TakeReceivedTimed()) JudgeFrame(*line, frame);
     }
-    std::erase(wrong, "");
+    JudgeHeldSteps();
+    JudgeSwitches();
+    JudgeWindows();
     LastJudged = now;
-    WasOff = !View.ShownOn();
+    WasOn = View.ShownOn();
     HadPort = View.MainHasPort();
-    ShownRatings = View.Text("lblSPEC_VA").toStdString();
-    return wrong;
+    HadRatings = View.Text("lblSPEC_VA");
+    return std::exchange(Wrong, {});
+}
+
+void Oracle::Persists(const std::string& what, bool so, Milliseconds limit) {
+    auto& time = Lasting[what];
+    time = so ? time + Passed : 0ms;
+    if (time > limit) Wrong.push_back(what);
 }
 
 std::optional<SupplyState> Oracle::RatedSupply() const {
     const auto line = Lines.find(View.Port());
     if (line == Lines.end()) return {};
     for (const int address : line->second->Addresses()) {
-        if (address != View.Address()) continue;
         auto supply = line->second->StateOf(address);
-        if (RatingsOf(supply) == View.Text("lblSPEC_VA").toStdString()) return supply;
+        if (address == View.Address() && RatingsOf(supply) == View.Text("lblSPEC_VA"))
+            return supply;
     }
     return {};
 }
 
-std::string Oracle::JudgeFrames() {
-    std::string wrong;
-    for (const auto& [port, line] : Lines) {
-        for (const auto& frame : line->TakeReceivedTimed()) {
-            if (wrong.empty()) wrong = JudgeFrame(*line, frame);
-        }
-    }
-    return wrong;
-}
-
-std::string Oracle::JudgeFrame(simulator::Line& line, const simulator::Frame& frame) {
-    const bool poll = frame.Kind == simulator::FrameKind::Control && frame.Content[1] == code::Dle;
-    if (poll) return JudgePoll(frame);
+void Oracle::JudgeFrame(simulator::Line& line, const simulator::Frame& frame) {
+    if (frame.Kind == FrameKind::Control && frame.Content[1] == code::Dle) return JudgePoll(frame);
     PollsWhileOff = 0;
-    if (frame.Kind != simulator::FrameKind::Commands) return {};
+    if (frame.Kind != FrameKind::Commands) return;
+    SupplyState to;
+    to.Options = {.Volts = 0, .Amps = 0};  // nobody
     for (const int address : line.Addresses()) {
-        if (address == frame.Content[0]) return JudgeCommands(line.StateOf(address), frame.Content);
+        if (address == frame.Content[0]) to = line.StateOf(address);
     }
-    SupplyState nobody;
-    nobody.Options = {.Volts = 0, .Amps = 0};
-    return JudgeCommands(nobody, frame.Content);
+    JudgeValues(to, frame.Content);
 }
 
-std::string Oracle::JudgeCommands(const SupplyState& supply, const Bytes& frame) const {
-    const auto commands = simulator::ParseCommands(std::span(frame).subspan(3, frame.at(2)));
-    if (!commands) return "a frame that no supply understands: " + Hex(frame);
-    const auto rated = RatingsOf(supply);
-    const auto shown = View.Text("lblSPEC_VA").toStdString();
+void Oracle::JudgeValues(const SupplyState& supply, const Bytes& frame) {
+    const auto bytes = std::span(frame);
+    const auto commands = simulator::ParseCommands(bytes.subspan(3, frame.at(2)));
+    const auto hex =
+        QByteArray(reinterpret_cast<const char*>(frame.data()), static_cast<int>(frame.size()))
+            .toHex(' ')
+            .toStdString();
+    const std::string to = " in " + hex + " to " + RatingsOf(supply);
+    if (!commands) return Wrong.push_back("a value beyond all ratings: " + to);
     for (const auto& command : *commands) {
-        if (!IsValue(command)) continue;
-        if (rated != shown && rated != ShownRatings)
-            return "a value for a supply of unknown ratings: " + Hex(frame) + ", it has " + rated +
-                   ", shown are " + shown;
-        if (!WithinRatings(command, supply))
-            return "a value beyond the ratings: " + Hex(frame) + ", it has " + rated;
+        if (std::string_view("VCOTD").find(command.Letter) == std::string_view::npos) continue;
+        const auto shown = View.Text("lblSPEC_VA");
+        if (RatingsOf(supply) != shown && RatingsOf(supply) != HadRatings)
+            Wrong.push_back("a value to a supply of other ratings: " + to + ", shown " + shown);
+        else if (!WithinRatings(command, supply))
+            Wrong.push_back("a value beyond the ratings: " + (command.Letter + to));
     }
-    return {};
 }
 
 // A step start polls once behind its own frame; more than that is polling.
-std::string Oracle::JudgePoll(const simulator::Frame& frame) {
-    WithoutPoll = {};
-    const bool off = WasOff && !View.ShownOn() && HadPort && View.MainHasPort();
+void Oracle::JudgePoll(const simulator::Frame& frame) {
+    Lasting["no poll while the output is shown on"] = 0ms;
+    const bool off = !WasOn && !View.ShownOn() && HadPort && View.MainHasPort();
     PollsWhileOff = off && frame.FirstAt > LastJudged ? PollsWhileOff + 1 : 0;
-    return PollsWhileOff > 1 ? "polled while the output is shown off" : "";
+    if (PollsWhileOff > 1) Wrong.push_back("polled while the output is shown off");
 }
 
-std::string Oracle::JudgePolling() {
-    const bool due = !WasOff && View.ShownOn() && HadPort && View.MainHasPort() && Plugged;
-    WithoutPoll = due ? WithoutPoll + Passed : 0ms;
-    return WithoutPoll > PollLimit ? "no poll while the output is shown on" : "";
-}
-
-std::string Oracle::JudgeHeldSteps() {
+void Oracle::JudgeHeldSteps() {
     const auto supply = RatedSupply();
-    for (int number = 0; number < StepCount; ++number) {
-        const auto step = static_cast<std::size_t>(number);
-        const auto shown = View.StepOf(number);
-        const bool wrong = supply && shown.Held && !Equal(shown, supply->Steps.at(step), *supply);
-        WronglyHeld.at(step) = wrong ? WronglyHeld.at(step) + Passed : 0ms;
-        if (WronglyHeld.at(step) <= DoubtLimit) continue;
-        const auto& held = supply->Steps.at(step);
-        return QStringLiteral(
-                   "a step is marked as held that is not: step %1, "
-                   "shown %2 V %3 A %4 V %5 s %6 s, held ")
-                   .arg(number)
-                   .arg(shown.Volts)
-                   .arg(shown.Amps)
-                   .arg(shown.OvpVolts)
-                   .arg(shown.Seconds)
-                   .arg(shown.SlopeSeconds)
-                   .toStdString() +
-               QStringLiteral("%1 V %2 A %3 V %4 s %5 s")
-                   .arg(held.Volts)
-                   .arg(held.Amps)
-                   .arg(held.OvpVolts)
-                   .arg(Seconds(held.StepTime))
-                   .arg(Seconds(held.Slope))
-                   .toStdString();
+    for (std::size_t step = 0; step < StepCount; ++step) {
+        const bool wrong =
+            supply && View.Held(step) && !Equal(View.Values(step), supply->Steps.at(step), *supply);
+        Persists("a step is marked as held that is not: " + std::to_string(step), wrong,
+                 AnswerLimit);
     }
-    return {};
 }
 
-std::string Oracle::JudgeSwitches() {
-    const auto lit = [&](const char* lamp, Colour colour) {
-        return Panel.Get<Lamp>(lamp).Lit() == colour;
-    };
-    if (View.ShownOn() != lit("OutputLED", Colour::DarkRed)) return "OUTPUT: label against lamp";
-    const bool remote = View.Text("Rem_Loc") == QStringLiteral("REMOTE");
-    if (remote != lit("RemoteLED", Colour::PaleOrange)) return "REMOTE: label against lamp";
-    if (remote == (View.Text("lblPREMOTE") == QStringLiteral("LOC"))) return "REMOTE: both labels";
-    if (View.Text("cmdPREMOTE") != View.Text("Rem_Loc")) return "REMOTE: caption against label";
-
-    struct Function {
-        const char* Label;
-        const char* Light;
-        Colour Active;
-    };
-    for (const auto& [label, light, active] :
-         {Function{"Auto_ONOFF", "AutoLED", Colour::DarkRed},
-          Function{"Vsense_ONOFF", "VsenseLED", Colour::BrightGreen},
-          Function{"OCP_ONOFF", "OCPLED", Colour::BrightGreen}}) {
-        // The lamp shows what the supply reports; where that differs for long, a tool tip says so.
-        const bool told = !Panel.Get<QWidget>(label).toolTip().isEmpty() ||
-                          !Panel.Get<QWidget>(light).toolTip().isEmpty();
-        const bool differ = (View.Text(label) == QStringLiteral("ON")) != lit(light, active);
-        auto& since = Contradicted[label];
-        since = differ && !told ? since + Passed : 0ms;
-        if (since > LampLimit) return std::string(label) + " against its lamp";
-    }
-    return {};
-}
-
-// A number measured by a supply whose ratings the panel does not have.
-std::string Oracle::JudgeReadOut() {
-    if (!View.ShownOn() || WasOff || !View.MainHasPort() || !View.Usable("cmdOUTPUT")) return {};
+void Oracle::JudgeSwitches() {
+    const bool on = View.ShownOn();
+    const bool uses = WasOn && on && HadPort && View.MainHasPort();
+    Persists("no poll while the output is shown on", uses && Plugged, PollLimit);
     bool number = false;
-    View.Text("txtVOLT").toDouble(&number);
-    if (!number || RatedSupply()) return {};
-    return "a measured value in unknown units: " + View.Text("txtVOLT").toStdString() + " V";
+    QString::fromStdString(View.Text("txtVOLT")).toDouble(&number);
+    if (uses && View.Usable("cmdOUTPUT") && number && !RatedSupply())
+        Wrong.push_back("a measured value in unknown units");
+    if (on != View.Lit("OutputLED", Colour::DarkRed)) Wrong.push_back("OUTPUT: label and lamp");
+
+    const bool remote = View.Text("Rem_Loc") == "REMOTE";
+    if (remote != View.Lit("RemoteLED", Colour::PaleOrange))
+        Wrong.push_back("REMOTE: label and lamp");
+    if (remote == (View.Text("lblPREMOTE") == "LOC")) Wrong.push_back("REMOTE: labels");
+    if (View.Text("cmdPREMOTE") != View.Text("Rem_Loc")) Wrong.push_back("REMOTE: caption");
+
+    // Their lamps show what the supply reports; where that differs for long, a tool tip says so.
+    for (const std::string name : {"Auto", "Vsense", "OCP"}) {
+        const auto label = name + "_ONOFF";
+        const auto lamp = name + "LED";
+        const bool lit =
+            View.Lit(lamp.c_str(), name == "Auto" ? Colour::DarkRed : Colour::BrightGreen);
+        const bool told = !View.Panel.Get<QWidget>(label.c_str()).toolTip().isEmpty() ||
+                          !View.Panel.Get<QWidget>(lamp.c_str()).toolTip().isEmpty();
+        Persists(name + ": label and lamp", lit != (View.Text(label.c_str()) == "ON") && !told,
+                 LampLimit);
+    }
 }
 
-std::string Oracle::JudgeWindows() {
-    if (Panel.Main().isEnabled() != View.MainHasPort())
-        return "main window enabled against open windows";
+void Oracle::JudgeWindows() {
+    if (View.Panel.Main().isEnabled() != View.MainHasPort())
+        Wrong.push_back("main window enabled against the other windows");
     for (const auto& [port, line] : Lines) {
-        const std::string device = line->DeviceName();
-        // The line itself keeps it open once.
-        if (!device.empty() && OpensOf(device) > 2) return "two holders of the port";
+        const std::string device = line->DeviceName();  // the line itself keeps it open once
+        if (!device.empty() && OpensOf(device) > 2) Wrong.push_back("two holders of the port");
     }
-    if (!View.MainHasPort()) return {};
-    const bool settings = Panel.Get<QAction>("mnuSET_MANU").isEnabled();
-    const bool off = View.ShownOn() && View.Usable("cmdOUTPUT");
-    if (!settings && !off && !View.Usable("cmdPREMOTE")) return "no way to the settings window";
-    return {};
+    const bool canSwitchOff = View.ShownOn() && View.Usable("cmdOUTPUT");
+    if (View.MainHasPort() && !View.MenuUsable() && !canSwitchOff && !View.Usable("cmdPREMOTE"))
+        Wrong.push_back("no way to the settings window");
 }
 
 }  // namespace zps::tests

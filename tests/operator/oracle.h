@@ -3,55 +3,51 @@
 
 #include "tests/operator/panel_view.h"
 
-#include <array>
 #include <map>
 #include <string>
 #include <vector>
 
 namespace zps::tests {
 
+using Findings = std::vector<std::string>;
+
 class Oracle {
   public:
-    // `lines`: by the number of the port behind which each is.
-    Oracle(SimulatedPanel& panel, std::map<int, simulator::Line*> lines);
+    // `lines`: by the number of the port behind which each is. No two supplies have equal ratings.
+    Oracle(SimulatedPanel& panel, std::map<int, simulator::Line*> lines)
+        : View{panel}, Lines(std::move(lines)) {}
 
     // What is wrong now, or came over the lines since the last call.
-    std::vector<std::string> Judge();
+    Findings Judge();
 
-    // Whether the supplies hear the panel at all; counts for what they should have heard.
-    bool Plugged = true;
+    bool Plugged = true;  // whether the first line hears the panel
 
   private:
-    using Time = simulator::Time;
+    using Milliseconds = std::chrono::milliseconds;
 
-    // The supply that the panel talks to, if its ratings are those that the panel shows.
+    void JudgeFrame(simulator::Line& line, const simulator::Frame& frame);
+    void JudgePoll(const simulator::Frame& frame);
+    void JudgeValues(const simulator::SupplyState& supply, const Bytes& frame);
+    void JudgeHeldSteps();
+    void JudgeSwitches();
+    void JudgeWindows();
+    // The supply that the panel talks to, if its ratings are those that are shown.
     std::optional<simulator::SupplyState> RatedSupply() const;
-    std::string JudgeFrames();
-    std::string JudgeFrame(simulator::Line& line, const simulator::Frame& frame);
-    std::string JudgeCommands(const simulator::SupplyState& supply, const Bytes& frame) const;
-    std::string JudgePoll(const simulator::Frame& frame);
-    std::string JudgePolling();
-    std::string JudgeHeldSteps();
-    std::string JudgeSwitches();
-    std::string JudgeReadOut();
-    std::string JudgeWindows();
+    // Wrong once it has been `so` for longer than `limit`.
+    void Persists(const std::string& what, bool so, Milliseconds limit);
 
-    SimulatedPanel& Panel;
     PanelView View;
     std::map<int, simulator::Line*> Lines;
-
+    Findings Wrong;
     // How it was at the last call.
-    Time LastJudged{};
-    bool WasOff = true;
+    simulator::Time LastJudged{};
+    bool WasOn = false;
     bool HadPort = false;
-    std::string ShownRatings;
-
-    // Time that the panel had to act, as far as it counts: a machine that stands still takes none.
-    std::chrono::milliseconds Passed{};
+    std::string HadRatings;
     int PollsWhileOff = 0;
-    std::chrono::milliseconds WithoutPoll{};
-    std::array<std::chrono::milliseconds, StepCount> WronglyHeld{};
-    std::map<std::string, std::chrono::milliseconds> Contradicted;
+    // Since then, as far as the panel could act: a machine that stands still takes no time.
+    Milliseconds Passed{};
+    std::map<std::string, Milliseconds> Lasting;
 };
 
 }  // namespace zps::tests

@@ -1,40 +1,46 @@
-// What the operator's judge knows of the panel: what it shows, and what it believes.
+// What the operator's judge knows of the panel. All use of what the windows share is in here.
 #pragma once
 
+#include "controls/lamp.h"
+#include "source/numbers.h"
 #include "tests/support/panel.h"
 
 namespace zps::tests {
 
-// All use of what the windows share is in here.
-class PanelView {
-  public:
-    explicit PanelView(SimulatedPanel& panel) : Panel(panel) {}
+struct PanelView {
+    SimulatedPanel& Panel;
 
     // Whom the panel talks to.
-    int Port() const;
-    int Address() const;
-    // The values of a step as its row shows them, and whether the supply is said to hold them.
-    struct Step {
-        bool Held;
-        double Volts;
-        double Amps;
-        double OvpVolts;
-        double Seconds;
-        double SlopeSeconds;
-    };
-    Step StepOf(int number) const;
-
-    // Whether neither the settings nor the test window is open.
-    bool MainHasPort() const { return !Panel.Run.Settings() && !Panel.Run.Test(); }
-    QString Text(const char* name) const {
-        return Panel.Get<QWidget>(name).property("text").toString();
+    int Port() const { return Panel.Source().CommPort; }
+    int Address() const { return Panel.Source().PowerAddr; }
+    // Whether a step is marked as held, and its values as its row shows them: voltage, current,
+    // over-voltage level, time and slope.
+    bool Held(std::size_t step) const { return Panel.Source().StepFlag.at(step); }
+    std::array<double, 5> Values(std::size_t step) const {
+        const SOURCE& source = Panel.Source();
+        return {LeadingNumber(source.StepVolt.at(step)), LeadingNumber(source.StepCurr.at(step)),
+                LeadingNumber(source.StepOvp.at(step)), LeadingNumber(source.StepTime.at(step)),
+                LeadingNumber(source.StepSlope.at(step))};
     }
-    bool ShownOn() const { return Text("Output_ONOFF") == QStringLiteral("ON"); }
-    // Visible and enabled, so that a person can press it.
-    bool Usable(const char* name) const;
+
+    QWidget* PortWindow() const { return Panel.Run.Settings() ? Panel.Run.Settings() : Test(); }
+    bool MainHasPort() const { return PortWindow() == nullptr; }
+    // In the main window.
+    std::string Text(const char* name) const {
+        return Panel.Get<QWidget>(name).property("text").toString().toStdString();
+    }
+    bool ShownOn() const { return Text("Output_ONOFF") == "ON"; }
+    bool Usable(const char* name) const {
+        const auto& control = Panel.Get<QWidget>(name);
+        return control.isVisible() && control.isEnabled();
+    }
+    bool MenuUsable() const { return Panel.Get<QAction>("mnuSET_MANU").isEnabled(); }
+    bool Lit(const char* lamp, Colour colour) const {
+        return Panel.Get<Lamp>(lamp).Lit() == colour;
+    }
 
   private:
-    SimulatedPanel& Panel;
+    QWidget* Test() const;
 };
 
 }  // namespace zps::tests

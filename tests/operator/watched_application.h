@@ -11,40 +11,30 @@
 
 namespace zps::tests {
 
-// Work is counted in the thread's own processor time, so that neither a loaded machine nor a wait
-// that sleeps looks like it.
+// Work is the thread's own processor time: neither a loaded machine nor a wait that sleeps counts.
 class WatchedApplication : public QApplication {
   public:
     using Duration = std::chrono::nanoseconds;
 
     WatchedApplication(int& count, char** arguments) : QApplication(count, arguments) {
-        auto* dispatcher = QAbstractEventDispatcher::instance();
         // An event that runs events of its own does not hold them up.
-        connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { Begin(); });
-        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] { Begin(); });
+        const auto* loop = QAbstractEventDispatcher::instance();
+        connect(loop, &QAbstractEventDispatcher::awake, this, [this] { Begin(); });
     }
 
     bool notify(QObject* receiver, QEvent* event) override {
-        const bool outermost = std::exchange(Between, false);
-        if (!outermost) return QApplication::notify(receiver, event);
-        Begin();
-        Between = false;
-        const char* who = receiver->metaObject()->className();
-        const int what = event->type();
+        if (!std::exchange(Between, false)) return QApplication::notify(receiver, event);
+        Begun = Worked();
+        const std::string what = std::string(receiver->metaObject()->className()) + ", event " +
+                                 std::to_string(event->type());
         const bool done = QApplication::notify(receiver, event);
-        const Duration took = Worked() - Begun;
-        if (took > Longest) {
-            Longest = took;
-            Of = std::string(who) + ", event " + std::to_string(what);
-        }
+        Longest = std::max(Longest, {Worked() - Begun, what});
         Begin();
         return done;
     }
 
     // The longest work in one go since the last call, and on what.
-    std::pair<Duration, std::string> TakeLongest() {
-        return {std::exchange(Longest, {}), std::exchange(Of, {})};
-    }
+    std::pair<Duration, std::string> TakeLongest() { return std::exchange(Longest, {}); }
 
   private:
     static Duration Worked() {
@@ -57,10 +47,9 @@ class WatchedApplication : public QApplication {
         Between = true;
     }
 
-    bool Between = true;  // no event is being handled that has not given way to others
+    bool Between = true;  // the next event is not part of one that is being handled
     Duration Begun{};
-    Duration Longest{};
-    std::string Of;
+    std::pair<Duration, std::string> Longest;
 };
 
 }  // namespace zps::tests
