@@ -152,8 +152,9 @@ void Operator::Plug() {
 
 // The replies that are still under way belong to frames of before.
 void Operator::SetFaults(const simulator::Faults& faults) {
-    const auto late = Panel.Line().PresentFaults().Delay;
-    if (late > 0ms) Run(static_cast<int>(late.count()) + 50);
+    const auto before = Panel.Line().PresentFaults();
+    const bool late = before.Delay > 0ms || before.Split > 0 || before.Duplicate > 0;
+    if (late) Run(static_cast<int>(before.Delay.count()) + 50);
     Panel.Line().SetFaults(faults);
 }
 

@@ -44,18 +44,21 @@ bool WithinRatings(const simulator::Command& command, const SupplyState& supply)
     }
 }
 
-// Exactly, as far as the wire can tell.
-bool Equal(const std::array<double, 5>& shown, const simulator::StepValues& held,
-           const SupplyState& supply) {
+// Where the two differ, as exactly as the wire can tell; empty if nowhere.
+std::string Difference(const std::array<double, 5>& shown, const simulator::StepValues& held,
+                       const SupplyState& supply) {
     const auto seconds = [](auto time) { return std::chrono::duration<double>(time).count(); };
     const std::array has{held.Volts, held.Amps, held.OvpVolts, seconds(held.StepTime),
                          seconds(held.Slope)};
     const std::array unit{1.0 / supply.VoltScale, 1.0 / supply.CurrScale, 1.0 / supply.VoltScale,
                           1e-5, 1e-5};
+    constexpr std::array names{"voltage", "current", "over-voltage", "time", "slope"};
     for (std::size_t i = 0; i < has.size(); ++i) {
-        if (std::abs(shown.at(i) - has.at(i)) > unit.at(i) * 0.51) return false;
+        if (std::abs(shown.at(i) - has.at(i)) > unit.at(i) * 0.51)
+            return std::string(names.at(i)) + ' ' + std::to_string(shown.at(i)) +
+                   ", the supply has " + std::to_string(has.at(i));
     }
-    return true;
+    return {};
 }
 
 // How often this process has the device open.
@@ -76,6 +79,7 @@ Findings Oracle::Judge() {
     for (const auto& [port, line] : Lines) {
         for (const auto& frame : line->TakeReceivedTimed()) JudgeFrame(*line, frame);
     }
+    if (!Plugged) PollsWhileOff = 0;  // what should stand between two polls may be lost
     JudgeHeldSteps();
     JudgeSwitches();
     JudgeWindows();
@@ -86,10 +90,11 @@ Findings Oracle::Judge() {
     return std::exchange(Wrong, {});
 }
 
-void Oracle::Persists(const std::string& what, bool so, Milliseconds limit) {
+void Oracle::Persists(const std::string& what, bool so, Milliseconds limit,
+                      const std::string& how) {
     auto& time = Lasting[what];
     time = so ? time + Passed : 0ms;
-    if (time > limit) Wrong.push_back(what);
+    if (time > limit) Wrong.push_back(what + how);
 }
 
 std::optional<SupplyState> Oracle::RatedSupply() const {
@@ -145,10 +150,11 @@ void Oracle::JudgePoll(const simulator::Frame& frame) {
 void Oracle::JudgeHeldSteps() {
     const auto supply = RatedSupply();
     for (std::size_t step = 0; step < StepCount; ++step) {
-        const bool wrong =
-            supply && View.Held(step) && !Equal(View.Values(step), supply->Steps.at(step), *supply);
-        Persists("a step is marked as held that is not: " + std::to_string(step), wrong,
-                 AnswerLimit);
+        std::string differs;
+        if (supply && View.Held(step))
+            differs = Difference(View.Values(step), supply->Steps.at(step), *supply);
+        Persists("a step is marked as held that is not: " + std::to_string(step), !differs.empty(),
+                 AnswerLimit, ' ' + differs);
     }
 }
 

@@ -34,7 +34,8 @@ class Oracle {
     // The supply that the panel talks to, if its ratings are those that are shown.
     std::optional<simulator::SupplyState> RatedSupply() const;
     // Wrong once it has been `so` for longer than `limit`.
-    void Persists(const std::string& what, bool so, Milliseconds limit);
+    void Persists(const std::string& what, bool so, Milliseconds limit,
+                  const std::string& how = {});
 
     PanelView View;
     std::map<int, simulator::Line*> Lines;
