@@ -142,7 +142,9 @@ void Oracle::JudgeValues(const SupplyState& supply, const Bytes& frame) {
 // A step start polls once behind its own frame; more than that is polling.
 void Oracle::JudgePoll(const simulator::Frame& frame) {
     Lasting["no poll while the output is shown on"] = 0ms;
-    const bool off = !WasOn && !View.ShownOn() && HadPort && View.MainHasPort();
+    // What it was meanwhile is not known of a long action.
+    const bool off = !WasOn && !View.ShownOn() && HadPort && View.MainHasPort() &&
+                     simulator::Clock::now() - LastJudged < 600ms;
     PollsWhileOff = off && frame.FirstAt > LastJudged ? PollsWhileOff + 1 : 0;
     if (PollsWhileOff > 1) Wrong.push_back("polled while the output is shown off");
 }
