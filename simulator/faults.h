@@ -16,6 +16,7 @@ struct Faults {
     double Duplicate = 0;                // it comes twice
     std::chrono::milliseconds Delay{0};  // every reply leaves this much later
     bool Silent = false;                 // the supplies hear nothing and answer nothing
+    bool Refuse = false;                 // they answer every command with NAK and carry none out
 };
 
 struct Piece {

@@ -94,8 +94,10 @@ void Line::Inside::HandleFrames(Time now) {
 
 void Line::Inside::HandleFrame(const Frame& frame, Time now) {
     if (Present.Silent) return;
+    Frame heard = frame;
+    if (Present.Refuse && frame.Kind == FrameKind::Commands) heard.Kind = FrameKind::Broken;
     for (Supply& supply : Supplies)
-        if (const auto reply = supply.Answer(frame, now)) Schedule(frame, *reply, now);
+        if (const auto reply = supply.Answer(heard, now)) Schedule(frame, *reply, now);
 }
 
 // A request comes in at once here but would have taken its time on a line; bytes that trickled in
