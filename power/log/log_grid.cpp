@@ -1,7 +1,5 @@
 #include "power/log/log_grid.h"
 
-#include "power/log/log_grid_accessible.h"
-
 #include <QAction>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -30,7 +28,6 @@ QRect TextRect(const QRect& cell) {
 LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
     verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이타 표 이동"));
-    SpeakLogGrids();
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

@@ -2,6 +2,7 @@
 
 #include "controls/flowing_row.h"
 #include "controls/widgets.h"
+#include "power/log/log_grid_accessible.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -30,6 +31,7 @@ MeasurementLog::MeasurementLog(QWidget* parent)
       MSFlexGrid1(new LogGrid(*Model, this)),
       MSChart1(new LogChart(this)),
       Label6(new QLabel(QStringLiteral("1"), this)) {
+    SpeakLogGrids();
     MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
     MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이타 표"));
     MSChart1->setObjectName(QStringLiteral("MSChart1"));
