@@ -159,10 +159,9 @@ QWidget* MakeSwitches(PowerControls& controls) {
         state->setAlignment(Qt::AlignCenter);
         Enlarge(*state, 1.1);
         state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
-        auto* light = new Lamp;
+        auto* light = new Lamp(row.Idle);
         light->setObjectName(QString::fromUtf8(row.LightName));
         light->setAccessibleName(accessible + QStringLiteral(" 표시등"));
-        light->Light(row.Idle);
         controls.*row.Button = button;
         controls.*row.State = state;
         controls.*row.Light = light;
