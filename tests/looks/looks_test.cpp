@@ -1,6 +1,7 @@
 // How the windows look in other type faces and on other desktops. With LOOKS_FOLDER set it leaves a
 // picture of each window in each of them there.
 #include "about/about.h"
+#include "controls/colours.h"
 #include "power/log/measurement_log.h"
 #include "test/test.h"
 #include "tests/support/panel.h"
@@ -15,8 +16,6 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace zps::tests {
 
@@ -35,20 +34,6 @@ QPalette DarkPalette() {
     QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
     dark.setColor(QPalette::Base, QColor(35, 35, 35));
     return dark;
-}
-
-double Luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-    const double a = Luminance(one) + 0.05;
-    const double b = Luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
 }
 
 std::string NameOf(const QWidget& control, const QString& text) {
