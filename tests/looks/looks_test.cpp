@@ -74,6 +74,12 @@ void ExpectGoodLooks(QWidget& window) {
     }
 }
 
+void ExpectPainted(QWidget& button, Colour colour) {
+    const QImage picture = button.grab().toImage();
+    for (const QPoint place : {QPoint(5, 5), {picture.width() - 6, picture.height() / 2}})
+        EXPECT_EQ(picture.pixelColor(place), ToQColor(colour)) << NameOf(button, {});
+}
+
 class Looks : public testing::TestWithParam<Desktop> {
   protected:
     Looks() : Font(QApplication::font()), Palette(QApplication::palette()) {
@@ -146,6 +152,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     SimulatedPanel panel;
     ASSERT_TRUE(panel.Identify());
     Look(*panel.Run.Settings(), "settings");
+    ExpectPainted(panel.GetSetting<QPushButton>("cmdZPS_ENQ"), Colour::LightGreen);
     panel.Run.Settings()->close();
     ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
     panel.Type("txPVOLT_0", "123.4");
@@ -173,6 +180,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     panel.Line().Trip(1, OverCurrentTrip);
     probe("cmdDLE", "GOOD  DLE");
     Look(test, "test");
+    ExpectPainted(*test.findChild<QPushButton*>("cmdDLE"), Colour::LightCyan);
     panel.Line().SetFaults({.Garble = 1});
     probe("cmdENQ", "ERROR  ENQ");
     Look(test, "test-error");
