@@ -122,7 +122,7 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
     Parts.Controls.txtVOLT->setText(voltText);
     Parts.Controls.txtCURR->setText(currText);
     Log.NoteReply();
-    Log.Append(values.Step, volts, amps, voltText, currText);
+    Log.Append(values.Step, {volts, source.VoltDecimalsFine}, {amps, source.CurrDecimalsFine});
 }
 
 void ReplyHandler::CountBadData(const Bytes& reply) {
