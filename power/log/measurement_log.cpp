@@ -40,7 +40,7 @@ void MeasurementLog::LayOut() {
     column->addLayout(top);
     column->addWidget(MSFlexGrid1, 1);
     auto* parts = new FlowingRow(QBoxLayout::TopToBottom);
-    parts->Add(*table, 1);
+    parts->Add(*table, 0);  // as wide as its columns; the chart has the rest
     parts->Add(*MSChart1, 1);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);

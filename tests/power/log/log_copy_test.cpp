@@ -23,8 +23,7 @@ class LogCopying : public ShownLog {
     // Many samples of 1 V, 2 V and so on, without the chart's part.
     void FillWithMany() {
         auto& model = *Log.findChild<LogModel*>();
-        for (int k = 1; k <= Many; ++k)
-            model.Append({static_cast<float>(k), 0, 0, 0, 2, 0}, k);
+        for (int k = 1; k <= Many; ++k) model.Append({static_cast<float>(k), 0, 0, 0, 2, 0}, k);
     }
 
     void CopyAll() {
