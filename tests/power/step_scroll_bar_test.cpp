@@ -59,5 +59,29 @@ TEST_F(StepScroll, APressEndsWithTheBoxThatComesUpInItOrOverIt) {
     EXPECT_TRUE(Boxes.Shown.empty());
 }
 
+TEST_F(StepScroll, TheWheelScrollsAnywhereOverTheRowsAndChangesNoValue) {
+    for (const char* over : {"vscAUTOSTEP", "fraSTEPLIST", "txPSTEP_2", "txPVOLT_0", "txPOVP_6"}) {
+        SCOPED_TRACE(over);
+        EXPECT_LT(Turn(over, 1), 0);
+        EXPECT_GT(Turn(over, -1), 0);
+        EXPECT_EQ(Turn(over, -1), 0);
+    }
+    EXPECT_EQ(Source().StepVolt[0] + Field("txPVOLT", 0).text().toStdString(), "0.000.00");
+    Main().resize(700, 400);
+    auto& view = *Main().findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_TRUE(WaitFor([&] { return view.maximum() > 0; }));
+    Type("txPVOLT_0", "3");
+    const int place = view.value();
+    for (const char* over : {"vscAUTOSTEP", "fraSTEPLIST", "txPVOLT_0", "txPVOLT_1"}) {
+        EXPECT_EQ(Turn(over, 1), 0) << over;
+        EXPECT_EQ(view.value(), place) << over;
+    }
+    EXPECT_TRUE(Locked() && Sent().empty());
+    Leave();
+    Type("txtPAUTOCOUNT", "50001");
+    EXPECT_EQ(Turn("txPTIME_3", 1), 0);
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+}
+
 }  // namespace
 }  // namespace zps::tests
