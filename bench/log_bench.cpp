@@ -30,13 +30,11 @@ struct FilledLog {
         }
         QApplication::processEvents();
     }
-    void Append() { Log.Append(3, 12.1F, 0.1F, VoltText, CurrText); }
+    void Append() { Log.Append(3, {12.1F, 3}, {0.1F, 4}); }
     void JumpToTheOtherEnd() {
         Grid.verticalScrollBar()->setValue(Grid.TopRow() == 1 ? Grid.RowCount() : 0);
     }
 
-    const QString VoltText = QStringLiteral("12.100");
-    const QString CurrText = QStringLiteral("0.1000");
     MeasurementLog Log;
     LogModel& Model = *Log.findChild<LogModel*>();
     LogGrid& Grid = *Log.findChild<LogGrid*>();
@@ -120,8 +118,8 @@ void ReplotChart(benchmark::State& state) {
     while (state.KeepRunning()) {
         ++turn;
         for (int row = 0; row < ChartRows; ++row) {
-            table[static_cast<std::size_t>(row)] = {QString::number(10 + (row * 7 + turn) % 5),
-                                                    QString::number((row * 3 + turn) % 7)};
+            table[static_cast<std::size_t>(row)] = {static_cast<float>(10 + (row * 7 + turn) % 5),
+                                                    static_cast<float>((row * 3 + turn) % 7)};
         }
         filled.Chart.SetData(table);
         QApplication::processEvents();

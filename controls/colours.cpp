@@ -2,6 +2,7 @@
 
 #include <QPalette>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zps {
@@ -37,9 +38,16 @@ QColor ToQColor(Colour colour) {
     return {part(0), part(8), part(16)};
 }
 
+double Contrast(const QColor& one, const QColor& other) {
+    constexpr double stray = 0.05;  // light that any screen reflects
+    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
+    return (light + stray) / (dark + stray);
+}
+
 QColor ReadableOn(const QColor& background) {
-    constexpr double EqualContrast = 0.179;  // where black and white text contrast alike
-    return Luminance(background) > EqualContrast ? Qt::black : Qt::white;
+    const bool whiteReadsBetter =
+        Contrast(background, Qt::white) >= Contrast(background, Qt::black);
+    return whiteReadsBetter ? Qt::white : Qt::black;
 }
 
 void PaintBackground(QWidget& control, const QColor& background) {

@@ -27,6 +27,10 @@ enum class Colour : std::uint32_t {
 
 QColor ToQColor(Colour colour);
 
+// How far two colours stand apart: 1 (not at all) to 21 (black and white); a text is read well from
+// 4 or so.
+double Contrast(const QColor& one, const QColor& other);
+
 // Black or white, whichever reads better on `background`.
 QColor ReadableOn(const QColor& background);
 

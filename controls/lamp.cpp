@@ -5,16 +5,20 @@
 
 namespace zps {
 
-Lamp::Lamp(QWidget* parent) : QWidget(parent) {
+Lamp::Lamp(Colour idle, QWidget* parent) : QWidget(parent), Idle(idle), Shown(idle) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    Describe();
 }
 
 void Lamp::Light(Colour colour) {
-    if (Idle && colour == Shown) return;
-    if (!Idle) Idle = colour;
+    if (colour == Shown) return;
     Shown = colour;
-    setAccessibleDescription(colour == *Idle ? QStringLiteral("꺼짐") : QStringLiteral("켜짐"));
+    Describe();
     update();
+}
+
+void Lamp::Describe() {
+    setAccessibleDescription(Shown == Idle ? QStringLiteral("꺼짐") : QStringLiteral("켜짐"));
 }
 
 QSize Lamp::sizeHint() const {

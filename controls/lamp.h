@@ -5,15 +5,13 @@
 
 #include <QWidget>
 
-#include <optional>
-
 namespace zps {
 
 class Lamp : public QWidget {
   public:
-    explicit Lamp(QWidget* parent = nullptr);
+    // It shows `idle` until it is lit; any other colour means that it is.
+    explicit Lamp(Colour idle, QWidget* parent = nullptr);
 
-    // The first colour that it is given is that of the idle lamp; any other means that it is lit.
     void Light(Colour colour);
     Colour Lit() const { return Shown; }
 
@@ -23,8 +21,10 @@ class Lamp : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    Colour Shown = Colour::White;
-    std::optional<Colour> Idle;
+    void Describe();
+
+    const Colour Idle;
+    Colour Shown;
 };
 
 }  // namespace zps

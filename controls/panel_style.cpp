@@ -2,27 +2,56 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <QWidget>
+#include <qdrawutil.h>
 
 namespace zps {
+
+namespace {
+
+// Its colour means something and is its own, not that of the desktop's buttons.
+bool IsPainted(const QWidget* button) {
+    return button != nullptr && button->testAttribute(Qt::WA_SetPalette) &&
+           button->palette().isBrushSet(QPalette::Normal, QPalette::Button);
+}
+
+}  // namespace
 
 PanelStyle::PanelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
-    if (element != PE_FrameGroupBox) {
-        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_FrameGroupBox) return DrawGroupFrame(*option, *painter);
+    if (IsPainted(widget)) {
+        if (element == PE_PanelButtonCommand) return DrawPaintedButton(*option, *painter);
+        if (element == PE_FrameFocusRect) return;  // would tint the colour; its own frame tells
     }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
     // Below the title, as the toolkit's own style has it.
     constexpr int gap = 3;
-    const int title = option->fontMetrics.height() + gap;
-    QColor line = option->palette.color(QPalette::WindowText);
+    const int title = option.fontMetrics.height() + gap;
+    QColor line = option.palette.color(QPalette::WindowText);
     line.setAlphaF(0.3F);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(line);
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 3, 3);
-    painter->restore();
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(line);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 3, 3);
+    painter.restore();
+}
+
+// Flat, so that the colour is the same everywhere; what the button does is told by its frame.
+void PanelStyle::DrawPaintedButton(const QStyleOption& option, QPainter& painter) {
+    const bool pressed = option.state.testAnyFlags(State_Sunken | State_On);
+    const bool focused = option.state.testFlags(State_HasFocus | State_KeyboardFocusChange);
+    QColor frame =
+        option.palette.color(focused && !pressed ? QPalette::Highlight : QPalette::ButtonText);
+    if (!focused && !pressed) frame.setAlphaF(option.state & State_Enabled ? 0.4F : 0.15F);
+    painter.fillRect(option.rect, option.palette.color(QPalette::Button));
+    qDrawPlainRect(&painter, option.rect, frame, pressed ? 3 : focused ? 2 : 1);
 }
 
 }  // namespace zps

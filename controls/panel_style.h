@@ -1,4 +1,5 @@
-// The look of the windows: the toolkit's own style with frames that are seen on a dark desktop too.
+// The look of the windows: the toolkit's own style with frames that are seen on a dark desktop too,
+// and with buttons that have exactly the colour that they were given.
 #pragma once
 
 #include <QProxyStyle>
@@ -12,6 +13,10 @@ class PanelStyle : public QProxyStyle {
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
+
+  private:
+    static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);
+    static void DrawPaintedButton(const QStyleOption& option, QPainter& painter);
 };
 
 }  // namespace zps

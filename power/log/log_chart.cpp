@@ -3,8 +3,6 @@
 
 #include "power/log/log_chart.h"
 
-#include "source/numbers.h"
-
 #include <QEvent>
 #include <QVBoxLayout>
 #include <qcustomplot.h>
@@ -36,11 +34,7 @@ constexpr std::array<Curve, ChartColumns> Curves{
     Curve{"전류", "전류 (A)", 0xFFB03A00, 0xFFFFB070, Qt::DashLine, QCPScatterStyle::ssSquare, 1.6},
 };
 
-constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
-
-double PointOf(const QString& text) {
-    return text.isEmpty() ? Gap : LeadingNumber(text.toStdString());
-}
+constexpr float Gap = std::numeric_limits<float>::quiet_NaN();
 
 // Away from zero to the next round number, at most a third more: an axis that stands still can be
 // read, and need not be drawn again with every sample.
@@ -173,7 +167,7 @@ void LogChart::Replace(const ChartTable& table) {
     bool axesStand = true;
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         QVector<double> values;
-        for (const auto& row : table) values << PointOf(row[column]);
+        for (const auto& row : table) values << row[column].value_or(Gap);
         QCPGraph& graph = *Plot->Graphs[column];
         graph.setData(places, values, true);
         const QCPRange range = RangeFor(values, Curves[column].Room);

@@ -1,19 +1,13 @@
 // The chart of the measurement log.
 #pragma once
 
-#include <QString>
+#include "power/log/chart_table.h"
+
 #include <QWidget>
 
-#include <array>
 #include <memory>
 
 namespace zps {
-
-constexpr int ChartRows = 20;
-constexpr int ChartColumns = 2;  // voltage, current
-
-// Voltage and current as texts; an empty text is a gap.
-using ChartTable = std::array<std::array<QString, ChartColumns>, ChartRows>;
 
 // Plots a table of twenty points: the voltage by the left axis, the current by the right one. Its
 // colours follow the desktop's, light or dark.

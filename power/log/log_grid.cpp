@@ -1,7 +1,5 @@
 #include "power/log/log_grid.h"
 
-#include "power/log/log_grid_accessible.h"
-
 #include <QAction>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -16,8 +14,8 @@ namespace zps {
 
 namespace {
 
-constexpr int CellMargin = 5;       // px, left and right of a cell's text
-constexpr int MinColumnWidth = 91;  // px
+constexpr int CellMargin = 5;         // px, left and right of a cell's text
+constexpr int LeastColumnWidth = 91;  // px
 constexpr int SuggestedRows = 12;
 constexpr int MinRows = 5;
 
@@ -30,11 +28,11 @@ QRect TextRect(const QRect& cell) {
 LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
     verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이타 표 이동"));
-    SpeakLogGrids();
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     AddCopyActions();
+    MeasureColumns();
     connect(&model, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first) { RowsChanged(first + 1); });
     connect(&model, &QAbstractItemModel::rowsRemoved, this,
@@ -76,11 +74,18 @@ int LogGrid::RowHeight() const {
 }
 
 QRect LogGrid::CellRect(int row, int column) const {
-    const int columns = Model.columnCount();
-    const int left = viewport()->width() * column / columns;
-    const int right = viewport()->width() * (column + 1) / columns;
     const int line = row == 0 ? 0 : row - TopRow() + 1;
-    return {left, line * RowHeight(), right - left, RowHeight()};
+    return {column * ColumnWidth, line * RowHeight(), ColumnWidth, RowHeight()};
+}
+
+void LogGrid::MeasureColumns() {
+    ColumnWidth = LeastColumnWidth;
+    const auto makeRoomFor = [this](const QString& text) {
+        const int needed = fontMetrics().horizontalAdvance(text) + 2 * CellMargin;
+        ColumnWidth = std::max(ColumnWidth, needed);
+    };
+    makeRoomFor(QStringLiteral("0000000.00"));  // 115 days in seconds
+    for (int column = 0; column < Model.columnCount(); ++column) makeRoomFor(CellText(0, column));
 }
 
 int LogGrid::RowAt(int y) const {
@@ -89,10 +94,8 @@ int LogGrid::RowAt(int y) const {
 }
 
 QSize LogGrid::SizeForRows(int rows) const {
-    const int text = fontMetrics().horizontalAdvance(QStringLiteral("0000000.00"));
-    const int column = std::max(MinColumnWidth, text + 2 * CellMargin);
     const int frame = 2 * frameWidth();
-    return {Model.columnCount() * column + verticalScrollBar()->sizeHint().width() + frame,
+    return {Model.columnCount() * ColumnWidth + verticalScrollBar()->sizeHint().width() + frame,
             (rows + 1) * RowHeight() + frame};
 }
 
@@ -148,6 +151,7 @@ bool LogGrid::event(QEvent* event) {
             break;
         case QEvent::FontChange:
         case QEvent::StyleChange:
+            MeasureColumns();
             updateGeometry();
             UpdateScrollBar();
             break;

@@ -10,7 +10,8 @@
 
 namespace zps {
 
-// A table with a header row and columns of equal width. Besides the model it holds no memory that
+// A table with a header row and columns of equal width, wide enough for their texts; what a wider
+// grid has beside them stays empty. Besides the model it holds no memory that
 // grows with the rows, and no operation's cost does. The toolkit's own table view keeps an entry
 // for each row in its header, which millions of samples make both slow and large.
 //
@@ -64,6 +65,7 @@ class LogGrid : public QAbstractScrollArea {
     void AddCopyActions();
     void RowsChanged(int first);
     void UpdateScrollBar();
+    void MeasureColumns();
     void SelectAll();
     void MoveTo(int row, bool extend);
     void DescribeSelection();
@@ -78,6 +80,7 @@ class LogGrid : public QAbstractScrollArea {
 
     QAbstractItemModel& Model;
     LogCopy Copy;
+    int ColumnWidth = 0;  // px
     int Anchor = 1;       // where the selection began
     int Current = 1;      // where it was moved to
     bool Chosen = false;  // not until somebody selects is the selection shown

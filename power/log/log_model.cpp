@@ -6,17 +6,35 @@ namespace zps {
 
 namespace {
 
-constexpr std::array Titles{"NO", "TIME(sec)", "STEP", "Voltage(V)", "Current(A)"};
-static_assert(Titles.size() == LogColumns);
-
-QString ValueText(float value, int decimals) {
-    if (decimals < 0) return {};
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
-
 QString SecondsText(std::uint32_t hundredths) {
     return QString::number(hundredths / 100) + u'.' + QChar(u'0' + hundredths / 10 % 10) +
            QChar(u'0' + hundredths % 10);
+}
+
+QString ValueText(float value, int decimals) {
+    return QString::fromStdString(FormatFixed(value, decimals));
+}
+
+// All that tells the columns apart. They are of one width.
+struct Column {
+    const char* Title;
+    QString (*Text)(const Sample& sample, std::int32_t number);
+};
+constexpr std::array<Column, LogColumns> Columns{{
+    {"NO", [](const Sample& /*of*/, std::int32_t number) { return QString::number(number); }},
+    {"TIME(sec)", [](const Sample& of, std::int32_t) { return SecondsText(of.Hundredths); }},
+    {"STEP",
+     [](const Sample& of, std::int32_t) { return QString::fromStdString(FormatStep(of.Step)); }},
+    {"Voltage(V)",
+     [](const Sample& of, std::int32_t) { return ValueText(of.Volts, of.VoltDecimals); }},
+    {"Current(A)",
+     [](const Sample& of, std::int32_t) { return ValueText(of.Amps, of.CurrDecimals); }},
+}};
+
+std::optional<float> NumberIn(const QString& text) {
+    bool isNumber = false;
+    const float number = text.toFloat(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
 }
 
 // Cells and titles have the same alignment.
@@ -29,8 +47,8 @@ QVariant TextOrAlignment(int role, const QString& text) {
 
 LogModel::LogModel(QObject* parent) : QAbstractTableModel(parent) {}
 
-void LogModel::SetZeroRow(const RowTexts& texts) {
-    ZeroRow = texts;
+void LogModel::SetZeroRow(const QString& step, const QString& volts, const QString& amps) {
+    ZeroRow = {QStringLiteral("0"), QStringLiteral("0"), step, volts, amps};
     Q_EMIT dataChanged(index(0, 0), index(0, LogColumns - 1));
 }
 
@@ -48,6 +66,13 @@ void LogModel::ClearSamples() {
     endRemoveRows();
 }
 
+ChartPoint LogModel::PointAt(int row) const {
+    if (row >= rowCount()) return {};
+    if (row == 0) return {NumberIn(ZeroRow[LogColumns - 2]), NumberIn(ZeroRow[LogColumns - 1])};
+    const Sample sample = Samples.At(static_cast<std::size_t>(row - 1));
+    return {sample.Volts, sample.Amps};
+}
+
 int LogModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(Samples.Count()) + 1;
 }
@@ -61,29 +86,14 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole) return TextOrAlignment(role, {});
     const auto row = static_cast<std::size_t>(index.row());
     const auto column = static_cast<std::size_t>(index.column());
-    return row == 0 ? ZeroRow[column] : SampleText(row - 1, static_cast<LogColumn>(column));
+    if (row == 0) return ZeroRow[column];
+    return Columns[column].Text(Samples.At(row - 1), Samples.NumberAt(row - 1));
 }
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= LogColumns) return {};
-    return TextOrAlignment(role, QString::fromLatin1(Titles[static_cast<std::size_t>(section)]));
-}
-
-QString LogModel::SampleText(std::size_t sample, LogColumn column) const {
-    const Sample values = Samples.At(sample);
-    switch (column) {
-        case LogColumn::No:
-            return QString::number(Samples.NumberAt(sample));
-        case LogColumn::Time:
-            return SecondsText(values.Hundredths);
-        case LogColumn::Step:
-            return QString::fromStdString(FormatStep(values.Step));
-        case LogColumn::Voltage:
-            return ValueText(values.Volts, values.VoltDecimals);
-        case LogColumn::Current:
-            return ValueText(values.Amps, values.CurrDecimals);
-    }
-    return {};
+    return TextOrAlignment(role,
+                           QString::fromLatin1(Columns[static_cast<std::size_t>(section)].Title));
 }
 
 }  // namespace zps

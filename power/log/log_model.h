@@ -1,6 +1,7 @@
 // The measurement log as a table: a zero row, then one row for each sample.
 #pragma once
 
+#include "power/log/chart_table.h"
 #include "power/log/sample_store.h"
 
 #include <QAbstractTableModel>
@@ -10,23 +11,23 @@
 
 namespace zps {
 
-// The columns of the log, in order.
-enum class LogColumn : std::uint8_t { No, Time, Step, Voltage, Current };
-constexpr int LogColumns = 5;
+constexpr int LogColumns = 5;  // number, time, step, voltage, current
 
 class LogModel : public QAbstractTableModel {
     Q_OBJECT
   public:
-    using RowTexts = std::array<QString, LogColumns>;
-
     explicit LogModel(QObject* parent = nullptr);
 
-    // The first row, which is always there; it holds texts as they come.
-    void SetZeroRow(const RowTexts& texts);
+    // The first row, which is always there; its texts are shown as they come.
+    void SetZeroRow(const QString& step, const QString& volts = QStringLiteral("0"),
+                    const QString& amps = QStringLiteral("0"));
     // Adds a row at the end; `number` is the sample's number in its run.
     void Append(const Sample& sample, std::int32_t number);
     // Removes all rows but the first.
     void ClearSamples();
+
+    // What the chart shows of `row`; gaps where there is no row, or no number in the zero row.
+    ChartPoint PointAt(int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -35,9 +36,7 @@ class LogModel : public QAbstractTableModel {
                         int role = Qt::DisplayRole) const override;
 
   private:
-    QString SampleText(std::size_t sample, LogColumn column) const;
-
-    RowTexts ZeroRow;
+    std::array<QString, LogColumns> ZeroRow;
     SampleStore Samples;
 };
 

@@ -2,27 +2,12 @@
 
 #include "controls/flowing_row.h"
 #include "controls/widgets.h"
+#include "power/log/log_grid_accessible.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace zps {
-
-namespace {
-
-QString Zero() {
-    return QStringLiteral("0");
-}
-
-std::int8_t DecimalsOf(const QString& text) {
-    if (text.isEmpty()) return -1;
-    const auto point = text.indexOf(u'.');
-    return static_cast<std::int8_t>(point < 0 ? 0 : text.size() - point - 1);
-}
-
-}  // namespace
 
 MeasurementLog::MeasurementLog(QWidget* parent)
     : QWidget(parent),
@@ -30,6 +15,7 @@ MeasurementLog::MeasurementLog(QWidget* parent)
       MSFlexGrid1(new LogGrid(*Model, this)),
       MSChart1(new LogChart(this)),
       Label6(new QLabel(QStringLiteral("1"), this)) {
+    SpeakLogGrids();
     MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
     MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이타 표"));
     MSChart1->setObjectName(QStringLiteral("MSChart1"));
@@ -54,7 +40,7 @@ void MeasurementLog::LayOut() {
     column->addLayout(top);
     column->addWidget(MSFlexGrid1, 1);
     auto* parts = new FlowingRow(QBoxLayout::TopToBottom);
-    parts->Add(*table, 1);
+    parts->Add(*table, 0);  // as wide as its columns; the chart has the rest
     parts->Add(*MSChart1, 1);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
@@ -62,58 +48,32 @@ void MeasurementLog::LayOut() {
 }
 
 void MeasurementLog::Restart(const QString& stepCaption) {
-    Model->SetZeroRow({Zero(), Zero(), stepCaption, Zero(), Zero()});
-    EmptyChartData();
-    SampleNo = 0;
-    LogStart.reset();
+    Model->SetZeroRow(stepCaption);
+    Run.Restart();
 }
 
 void MeasurementLog::NoteReply() {
-    if (SampleNo == 0 && !LogStart) NoteStart();
+    if (Run.Answered()) MSChart1->SetData(Run.Chart());
 }
 
-void MeasurementLog::NoteStart() {
-    LogStart = Now();
-    MSChart1->SetData(ChartData);
-}
-
-void MeasurementLog::Append(int step, float volts, float amps, const QString& voltText,
-                            const QString& currText) {
-    if (!LogStart) NoteStart();
-    ++SampleNo;
-    using Hundredths = std::chrono::duration<std::uint32_t, std::centi>;
-    const auto passed = Now() - *LogStart + std::chrono::milliseconds(5);  // halves go up
-    Model->Append({.Volts = volts,
-                   .Amps = amps,
-                   .Hundredths = std::chrono::duration_cast<Hundredths>(passed).count(),
+void MeasurementLog::Append(int step, Reading volts, Reading amps) {
+    const LogRun::Entry entry = Run.Take({volts.Value, amps.Value});
+    Model->Append({.Volts = volts.Value,
+                   .Amps = amps.Value,
+                   .Hundredths = entry.Hundredths,
                    .Step = static_cast<std::uint8_t>(step),
-                   .VoltDecimals = DecimalsOf(voltText),
-                   .CurrDecimals = DecimalsOf(currText)},
-                  SampleNo);
-    AddToChartData(voltText, currText);
-    MSChart1->SetData(ChartData);
-}
-
-void MeasurementLog::AddToChartData(const QString& voltText, const QString& currText) {
-    if (SampleValue < ChartRows) {
-        ++SampleValue;
-    } else {
-        std::rotate(ChartData.begin(), ChartData.begin() + 1, ChartData.end());
-    }
-    ChartData[static_cast<std::size_t>(SampleValue - 1)] = {voltText, currText};
-}
-
-void MeasurementLog::EmptyChartData() {
-    ChartData = {};
-    SampleValue = 0;
+                   .VoltDecimals = static_cast<std::int8_t>(volts.Decimals),
+                   .CurrDecimals = static_cast<std::int8_t>(amps.Decimals)},
+                  entry.Number);
+    MSChart1->SetData(Run.Chart());
 }
 
 void MeasurementLog::Clear(const QString& stepCaption, const QString& voltText,
                            const QString& currText) {
     Model->ClearSamples();  // scrolls, and so may fill the chart
-    EmptyChartData();
-    MSChart1->SetData(ChartData);
-    Model->SetZeroRow({Zero(), Zero(), stepCaption, voltText, currText});
+    Run.EmptyChart();
+    MSChart1->SetData(Run.Chart());
+    Model->SetZeroRow(stepCaption, voltText, currText);
     MSFlexGrid1->SelectRow(1);
 }
 
@@ -121,23 +81,14 @@ void MeasurementLog::MSFlexGrid1_Scroll() {
     const int top = MSFlexGrid1->TopRow();
     Label6->setText(QString::number(top));
     if (Running()) return;
-    for (int row = 0; row < ChartRows; ++row) {
-        const auto cell = [&](LogColumn column) {
-            return CellText(top + row, static_cast<int>(column));
-        };
-        ChartData[static_cast<std::size_t>(row)] = {cell(LogColumn::Voltage),
-                                                    cell(LogColumn::Current)};
-    }
-    MSChart1->SetData(ChartData);
+    ChartTable seen;
+    for (int row = 0; auto& point : seen) point = Model->PointAt(top - 1 + row++);
+    Run.PutIntoChart(seen);
+    MSChart1->SetData(seen);
 }
 
-QString MeasurementLog::CellText(int row, int column) const {
-    if (row == 0) return Model->headerData(column, Qt::Horizontal).toString();
-    return Model->index(row - 1, column).data().toString();
-}
-
-const std::array<QString, ChartColumns>& MeasurementLog::ChartRow(int row) const {
-    return ChartData.at(static_cast<std::size_t>(row - 1));
+const ChartPoint& MeasurementLog::ChartRow(int row) const {
+    return Run.Chart().at(static_cast<std::size_t>(row - 1));
 }
 
 }  // namespace zps

@@ -5,28 +5,30 @@
 #include "power/log/log_chart.h"
 #include "power/log/log_grid.h"
 #include "power/log/log_model.h"
+#include "power/log/log_run.h"
 
 #include <QLabel>
 #include <QWidget>
 
-#include <chrono>
-#include <cstdint>
 #include <functional>
-#include <optional>
 #include <utility>
 
 namespace zps {
+
+// A value that the supply has measured, and the decimals (0 to 5) that the panel shows it with.
+struct Reading {
+    float Value;
+    int Decimals;
+};
 
 // Row 1 of the grid is the zero row of the run; each sample appends a row. Rows of earlier runs
 // stay until the operator clears them. All calls are made on the window thread.
 class MeasurementLog : public QWidget {
     Q_OBJECT
   public:
-    using Clock = std::chrono::steady_clock;
-
     explicit MeasurementLog(QWidget* parent = nullptr);
-    // The log takes the time from here; it must never go back.
-    void SetClock(std::function<Clock::time_point()> now) { Now = std::move(now); }
+    // Before any run: the log takes the time from here; it must never go back.
+    void SetClock(LogRun::Now now) { Run = LogRun(std::move(now)); }
 
     // A run begins: the numbers start again at 1 and the chart will start empty.
     void Restart(const QString& stepCaption);
@@ -34,37 +36,28 @@ class MeasurementLog : public QWidget {
     void SetRunning(std::function<bool()> outputOn) { Running = std::move(outputOn); }
     // The supply has answered. The first answer of a run notes its start.
     void NoteReply();
-    // A sample: the step (0 to 255) and the values in volts and amperes, with the texts that the
-    // panel shows them by.
-    void Append(int step, float volts, float amps, const QString& voltText,
-                const QString& currText);
+    // A sample: the step (0 to 255) and the values in volts and amperes.
+    void Append(int step, Reading volts, Reading amps);
     // Removes all samples. Row 1 shows the texts. A run that is under way goes on counting.
     void Clear(const QString& stepCaption, const QString& voltText, const QString& currText);
 
     // Rows of the grid, the header among them: 2 at least.
     int RowCount() const { return MSFlexGrid1->RowCount() + 1; }
     // A cell's text; row 0 holds the titles.
-    QString CellText(int row, int column) const;
-    // Voltage and current in `row` (1 to 20) of the chart's table; an empty text is a gap.
-    const std::array<QString, ChartColumns>& ChartRow(int row) const;
+    QString CellText(int row, int column) const { return MSFlexGrid1->CellText(row, column); }
+    // Voltage and current in `row` (1 to 20) of the chart's table.
+    const ChartPoint& ChartRow(int row) const;
 
   private:
     void LayOut();
     void MSFlexGrid1_Scroll();
-    void NoteStart();
-    void EmptyChartData();
-    void AddToChartData(const QString& voltText, const QString& currText);
 
     LogModel* Model;
     LogGrid* MSFlexGrid1;
     LogChart* MSChart1;
     QLabel* Label6;  // the number of the top visible row
 
-    std::function<Clock::time_point()> Now = &Clock::now;
-    ChartTable ChartData;
-    std::int32_t SampleNo = 0;                  // samples of the run
-    std::int32_t SampleValue = 0;               // those that came since the chart was emptied
-    std::optional<Clock::time_point> LogStart;  // not set until the run's first reply
+    LogRun Run;
     std::function<bool()> Running = [] { return false; };
 };
 

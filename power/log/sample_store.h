@@ -16,7 +16,7 @@ struct Sample {
     float Amps;
     std::uint32_t Hundredths;  // of a second, since the run's start; enough for 497 days
     std::uint8_t Step;         // as the supply numbers it
-    std::int8_t VoltDecimals;  // below 0: shown as an empty text
+    std::int8_t VoltDecimals;  // 0 to 5
     std::int8_t CurrDecimals;  // the same
 };
 

@@ -130,10 +130,9 @@ QWidget* MakeSwitches(PowerControls& controls) {
         label->setAlignment(Qt::AlignCenter);
         Enlarge(*label, 1.1);
         label->setMinimumWidth(WidthFor(*label, QStringLiteral("REMOTE")));
-        auto* light = new Lamp;
+        auto* light = new Lamp(function.Idle);
         light->setObjectName(QString::fromUtf8(function.LightName));
         light->setAccessibleName(accessible + QStringLiteral(" 표시등"));
-        light->Light(function.Idle);
         controls.*function.Button = button;
         controls.*function.Label = label;
         controls.*function.Light = light;

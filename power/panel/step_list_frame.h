@@ -1,15 +1,21 @@
 // The frame around the step list.
 #pragma once
 
+#include <QCoreApplication>
 #include <QFrame>
+#include <QScrollBar>
+#include <QWheelEvent>
 
 namespace zps {
 
 // While a row is being edited, Tab goes round among what can be used in the list, as the pointer
-// does.
+// does. The wheel turns the list's scroll bar anywhere over the rows, and nothing while the bar is
+// disabled.
 class StepListFrame : public QFrame {
   public:
     void KeepFocus(bool on) { Kept = on; }
+    // `bar` is a child of the frame.
+    void SetBar(QScrollBar& bar) { Bar = &bar; }
 
   protected:
     bool focusNextPrevChild(bool next) override {
@@ -24,6 +30,11 @@ class StepListFrame : public QFrame {
         return true;
     }
 
+    void wheelEvent(QWheelEvent* event) override {
+        if (Bar != nullptr && Bar->isEnabled()) QCoreApplication::sendEvent(Bar, event);
+        event->accept();
+    }
+
   private:
     bool TakesFocus(const QWidget& control) const {
         return isAncestorOf(&control) && control.isEnabled() &&
@@ -31,6 +42,7 @@ class StepListFrame : public QFrame {
     }
 
     bool Kept = false;
+    QScrollBar* Bar = nullptr;
 };
 
 }  // namespace zps

@@ -101,6 +101,7 @@ void MakeStepList(PowerControls& controls) {
     bar->setPageStep(RowCount);
     bar->setFocusPolicy(Qt::TabFocus);
     controls.vscAUTOSTEP = bar;
+    frame->SetBar(*bar);
     grid->addWidget(bar, 1, static_cast<int>(Columns.size()) + 1, RowCount, 1);
 }
 

@@ -104,8 +104,8 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
     // timer for it would only stretch the time between two polls.
     Around.Shown.ShowReading(volts, amps);
     Around.Log.NoteReply();
-    Around.Log.Append(values.Step, volts, amps, Parts.Controls.txtVOLT->text(),
-                      Parts.Controls.txtCURR->text());
+    Around.Log.Append(values.Step, {volts, source.VoltDecimalsFine()},
+                      {amps, source.CurrDecimalsFine()});
 }
 
 void ReplyHandler::CountBadData(const Bytes& reply) {

@@ -1,6 +1,7 @@
 // How the windows look in other type faces and on other desktops. With LOOKS_FOLDER set it leaves a
 // picture of each window in each of them there.
 #include "about/about.h"
+#include "controls/colours.h"
 #include "power/log/measurement_log.h"
 #include "test/test.h"
 #include "tests/support/panel.h"
@@ -15,8 +16,6 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace zps::tests {
 
@@ -35,20 +34,6 @@ QPalette DarkPalette() {
     QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
     dark.setColor(QPalette::Base, QColor(35, 35, 35));
     return dark;
-}
-
-double Luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-    const double a = Luminance(one) + 0.05;
-    const double b = Luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
 }
 
 std::string NameOf(const QWidget& control, const QString& text) {
@@ -87,6 +72,12 @@ void ExpectGoodLooks(QWidget& window) {
         EXPECT_GE(field->height(), metrics.height()) << NameOf(*field, field->text());
         ExpectReadable(*field, field->text(), QPalette::Base, QPalette::Text);
     }
+}
+
+void ExpectPainted(QWidget& button, Colour colour) {
+    const QImage picture = button.grab().toImage();
+    for (const QPoint place : {QPoint(5, 5), {picture.width() - 6, picture.height() / 2}})
+        EXPECT_EQ(picture.pixelColor(place), ToQColor(colour)) << NameOf(button, {});
 }
 
 class Looks : public testing::TestWithParam<Desktop> {
@@ -161,6 +152,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     SimulatedPanel panel;
     ASSERT_TRUE(panel.Identify());
     Look(*panel.Run.Settings(), "settings");
+    ExpectPainted(panel.GetSetting<QPushButton>("cmdZPS_ENQ"), Colour::LightGreen);
     panel.Run.Settings()->close();
     ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
     panel.Type("txPVOLT_0", "123.4");
@@ -188,6 +180,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     panel.Line().Trip(1, OverCurrentTrip);
     probe("cmdDLE", "GOOD  DLE");
     Look(test, "test");
+    ExpectPainted(*test.findChild<QPushButton*>("cmdDLE"), Colour::LightCyan);
     panel.Line().SetFaults({.Garble = 1});
     probe("cmdENQ", "ERROR  ENQ");
     Look(test, "test-error");

@@ -68,16 +68,16 @@ TEST_F(RunPolling, NoPollOfHundredsIsLostAndEachIsASampleOfTheLog) {
     }
     EXPECT_TRUE(Row(polls + 1).ends_with(" 00 12.500 0.1250")) << Row(polls + 1);
     EXPECT_EQ(Texts(*this, {"txtSTEP", "txtVOLT", "txtCURR"}), "00 12.500 0.1250");
-    EXPECT_EQ(Log().ChartRow(20)[0], "12.500");
+    EXPECT_EQ(Log().ChartRow(20)[0], 12.5F);
 
     for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");  // a new run behind the old one
-    EXPECT_EQ(Log().ChartRow(1)[0], "");
+    EXPECT_EQ(Log().ChartRow(1)[0], std::nullopt);
     ASSERT_TRUE(Samples(1));
     EXPECT_TRUE(Row(polls + 2).starts_with("1 "));
     Click("cmdPREMOTE");  // its step start takes the output for off: the chart follows the grid
     ASSERT_TRUE(WaitFor([&] { return Source().TxFrame.size() == 32; }));
     Get<QAbstractScrollArea>("MSFlexGrid1").verticalScrollBar()->setValue(0);
-    EXPECT_EQ(Log().ChartRow(1)[0], "0");
+    EXPECT_EQ(Log().ChartRow(1)[0], 0);
     Boxes.Answers = {Answer::No, Answer::Yes};
     Choose("mnuData_Clear");
     EXPECT_EQ(Boxes.LastTitle() + ": " + Boxes.LastText(),

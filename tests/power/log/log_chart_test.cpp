@@ -30,7 +30,7 @@ TEST_F(Charting, PlotsTheSamplesUntilTheFirstReplyOfTheNextRun) {
     Sample(1, 3);
     Log.Restart({});
     EXPECT_EQ(ShownChart.PlottedValue(0, 0), 1.0);
-    EXPECT_EQ(ShownChart.PlottedValue(2, 1), 0.3);
+    EXPECT_EQ(ShownChart.PlottedValue(2, 1), 0.3F);
     EXPECT_TRUE(std::isnan(ShownChart.PlottedValue(3, 0)));
     Log.NoteReply();
     EXPECT_TRUE(std::isnan(ShownChart.PlottedValue(2, 1)));

@@ -20,6 +20,12 @@ class LogCopying : public ShownLog {
         StartRun();
     }
 
+    // Many samples of 1 V, 2 V and so on, without the chart's part.
+    void FillWithMany() {
+        auto& model = *Log.findChild<LogModel*>();
+        for (int k = 1; k <= Many; ++k) model.Append({static_cast<float>(k), 0, 0, 0, 2, 0}, k);
+    }
+
     void CopyAll() {
         Log.activateWindow();
         ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == &Log; }));
@@ -68,7 +74,7 @@ TEST_F(LogCopying, ContextMenuCopiesAndSelectsAll) {
 }
 
 TEST_F(LogCopying, LongCopyShowsItsProgressAndLeavesTheLogAlive) {
-    Sample(1, Many);
+    FillWithMany();
     CopyAll();
     ASSERT_NE(Progress(), nullptr);
     ASSERT_TRUE(QTest::qWaitFor([this] { return Progress()->value() > 2000; }, 30'000));
@@ -85,7 +91,7 @@ TEST_F(LogCopying, LongCopyShowsItsProgressAndLeavesTheLogAlive) {
 }
 
 TEST_F(LogCopying, CopyThatIsCancelledOrLosesItsRowsLeavesTheClipboardAsItWas) {
-    Sample(1, Many);
+    FillWithMany();
     for (const bool cancels : {true, false}) {
         CopyAll();
         ASSERT_NE(Progress(), nullptr);

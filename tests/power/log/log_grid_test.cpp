@@ -36,6 +36,20 @@ TEST_F(ShownLog, GridFollowsTheNewestRowAtTheEndAndElseStaysWhereItWasScrolled) 
     EXPECT_EQ(Grid.TopRow(), 221 - Grid.VisibleRows() + 1);
 }
 
+TEST_F(ShownLog, ColumnsAreNinetyOnePixelsWideAndWiderOnlyForALargerFont) {
+    for (const int width : {1000, 1600, 500}) {
+        Log.resize(width, 300);
+        QCoreApplication::processEvents();
+        for (int column = 0; column < LogColumns; ++column)
+            EXPECT_EQ(Grid.CellRect(1, column).width(), 91) << width;
+        EXPECT_LE(Grid.CellRect(1, 4).right(), Grid.viewport()->width()) << width;
+    }
+    QFont large = Log.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    Log.setFont(large);
+    EXPECT_GT(Grid.CellRect(1, 4).width(), 91);
+}
+
 TEST_F(ShownLog, KeysAndMouseMoveAndExtendTheSelection) {
     struct Press {
         Qt::Key Key;

@@ -26,31 +26,19 @@ TEST_F(ShownLog, CountsEachRunFromItsFirstReplyAndKeepsTheRowsOfEarlierRuns) {
     Sample(4, 5);  // the first reply is a sample
     EXPECT_EQ(Row(5), "1|0.00|04|4.00|0.400");
     EXPECT_EQ(Row(6), "2|0.17|05|5.00|0.500");
-    EXPECT_EQ(Chart(1), "4.00|0.400");
+    EXPECT_EQ(Chart(1), "4|0.4");
 }
 
 TEST_F(ShownLog, KeepsTheTextsOfThePanelWhateverItsDecimals) {
-    const std::pair<float, QString> readings[]{{0.1999F, "0.19990"},
-                                               {1.0005F, "1.001"},
-                                               {19.99F, "19.990"},
-                                               {163.45F, "163.5"},
-                                               {600.4F, "600"}};
+    const std::pair<Reading, QString> readings[]{{{0.1999F, 5}, "0.19990"},
+                                                 {{1.0005F, 3}, "1.001"},
+                                                 {{19.99F, 3}, "19.990"},
+                                                 {{163.45F, 1}, "163.5"},
+                                                 {{600.4F, 0}, "600"}};
     StartRun();
-    for (const auto& [value, text] : readings) Log.Append(255, value, value, text, text);
+    for (const auto& [reading, text] : readings) Log.Append(255, reading, reading);
     int row = 2;
     for (const auto& reading : readings) EXPECT_EQ(Log.CellText(row++, 3), reading.second);
-}
-
-TEST_F(ShownLog, ChartFillsToTwentySamplesAndThenMovesUp) {
-    StartRun();
-    Sample(1, 19);
-    EXPECT_EQ(Chart(19), "19.00|1.900");
-    EXPECT_EQ(Chart(20), "|");
-    Sample(20, 20);
-    EXPECT_EQ(Chart(1), "1.00|0.100");
-    Sample(21, 45);
-    EXPECT_EQ(Chart(1), "26.00|2.600");
-    EXPECT_EQ(Chart(20), "45.00|4.500");
 }
 
 TEST_F(ShownLog, ClearLeavesRowOneWithTheSetValuesAndARunGoesOnCounting) {
@@ -63,7 +51,7 @@ TEST_F(ShownLog, ClearLeavesRowOneWithTheSetValuesAndARunGoesOnCounting) {
     for (int row = 1; row <= ChartRows; ++row) EXPECT_EQ(Chart(row), "|");
     Sample(31, 32);
     EXPECT_EQ(Row(3), "32|5.12|32|32.00|3.200");
-    EXPECT_EQ(Chart(2), "32.00|3.200");
+    EXPECT_EQ(Chart(2), "32|3.2");
     EXPECT_EQ(Chart(3), "|");
 }
 
@@ -72,17 +60,26 @@ TEST_F(ShownLog, ScrollingShowsTheRowNumberAndFillsTheChartOnlyWithTheOutputOff)
     Sample(1, 100);
     ScrollTo(10);
     EXPECT_EQ(TopRowShown(), "10");
-    EXPECT_EQ(Chart(1), "81.00|8.100");
+    EXPECT_EQ(Chart(1), "81|8.1");
     Log.SetRunning([] { return false; });
     ScrollTo(11);  // row 1 is the zero row
-    EXPECT_EQ(Chart(1), "10.00|1.000");
-    EXPECT_EQ(Chart(20), "29.00|2.900");
+    EXPECT_EQ(Chart(1), "10|1");
+    EXPECT_EQ(Chart(20), "29|2.9");
     QTest::keyClick(&Grid, Qt::Key_End);
     const int rows = Grid.VisibleRows();
     ASSERT_LT(rows, ChartRows);
     EXPECT_EQ(TopRowShown(), std::to_string(101 - rows + 1));
-    EXPECT_EQ(Chart(rows), "100.00|10.000");
+    EXPECT_EQ(Chart(rows), "100|10");
     EXPECT_EQ(Chart(rows + 1), "|");
+    for (const auto& [volts, amps, point] :
+         {std::tuple{"12.50", "1.5", "12.5|1.5"}, {"----", "", "|"}}) {
+        Log.Clear(Step, QLatin1String(volts), QLatin1String(amps));
+        Sample(1, 20);
+        ScrollTo(2);
+        ScrollTo(1);
+        EXPECT_EQ(Chart(1), point);
+        EXPECT_EQ(Chart(2), "1|0.1");
+    }
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 namespace zps::tests {
@@ -34,8 +35,7 @@ class ShownLog : public testing::Test {
         for (int k = from; k <= to; ++k) {
             Time += std::chrono::milliseconds(165);
             const auto volts = static_cast<float>(k);
-            Log.Append(k % 100, volts, volts / 10, QString::number(k) + QStringLiteral(".00"),
-                       QString::number(volts / 10, 'f', 3));
+            Log.Append(k % 100, {volts, 2}, {volts / 10, 3});
         }
     }
 
@@ -46,7 +46,10 @@ class ShownLog : public testing::Test {
         return cells.join(u'|').toStdString();
     }
     std::string Chart(int row) const {
-        return (Log.ChartRow(row)[0] + u'|' + Log.ChartRow(row)[1]).toStdString();
+        const auto text = [](std::optional<float> value) {
+            return value ? QString::number(*value).toStdString() : "";
+        };
+        return text(Log.ChartRow(row)[0]) + '|' + text(Log.ChartRow(row)[1]);
     }
 
     std::string TopRowShown() { return Control<QLabel>("Label6").text().toStdString(); }
@@ -57,7 +60,7 @@ class ShownLog : public testing::Test {
         return *Log.findChild<Kind*>(QString::fromLatin1(name));
     }
 
-    MeasurementLog::Clock::time_point Time{std::chrono::hours(1)};
+    LogRun::Clock::time_point Time{std::chrono::hours(1)};
     MeasurementLog Log;
     LogGrid& Grid = Control<LogGrid>("MSFlexGrid1");
 };

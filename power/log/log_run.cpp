@@ -1,0 +1,40 @@
+#include "power/log/log_run.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zps {
+
+LogRun::LogRun(Now now) : Time(std::move(now)) {}
+
+void LogRun::Restart() {
+    EmptyChart();
+    SampleNo = 0;
+    LogStart.reset();
+}
+
+bool LogRun::Answered() {
+    if (LogStart) return false;
+    LogStart = Time();
+    return true;
+}
+
+LogRun::Entry LogRun::Take(const ChartPoint& point) {
+    Answered();
+    if (SampleValue < ChartRows) {
+        ++SampleValue;
+    } else {
+        std::rotate(ChartData.begin(), ChartData.begin() + 1, ChartData.end());
+    }
+    ChartData[static_cast<std::size_t>(SampleValue - 1)] = point;
+    using Hundredths = std::chrono::duration<std::uint32_t, std::centi>;
+    const auto passed = Time() - *LogStart + std::chrono::milliseconds(5);  // halves go up
+    return {++SampleNo, std::chrono::duration_cast<Hundredths>(passed).count()};
+}
+
+void LogRun::EmptyChart() {
+    ChartData = {};
+    SampleValue = 0;
+}
+
+}  // namespace zps
