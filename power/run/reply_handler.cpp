@@ -103,7 +103,6 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
     // No tick of tmrDLE can come during this update: ticks wait for a handler to end. Stopping the
     // timer for it would only stretch the time between two polls.
     Around.Shown.ShowReading(volts, amps);
-    Around.Log.NoteReply();
     Around.Log.Append(values.Step, {volts, source.VoltDecimalsFine()},
                       {amps, source.CurrDecimalsFine()});
 }

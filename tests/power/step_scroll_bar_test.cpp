@@ -66,7 +66,7 @@ TEST_F(StepScroll, TheWheelScrollsAnywhereOverTheRowsAndChangesNoValue) {
         EXPECT_GT(Turn(over, -1), 0);
         EXPECT_EQ(Turn(over, -1), 0);
     }
-    EXPECT_EQ(Source().StepVolt[0] + Field("txPVOLT", 0).text().toStdString(), "0.000.00");
+    EXPECT_EQ(Source().StepVolt(0) + Field("txPVOLT", 0).text().toStdString(), "0.000.00");
     Main().resize(700, 400);
     auto& view = *Main().findChild<QScrollArea*>()->verticalScrollBar();
     ASSERT_TRUE(WaitFor([&] { return view.maximum() > 0; }));
