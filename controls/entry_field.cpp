@@ -61,7 +61,7 @@ void EntryField::focusInEvent(QFocusEvent* event) {
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    FocusByMouse = WholeByMouse = false;
+    FocusByMouse = WholeByMouse = WholeBefore = false;
     if (On.FocusOut) On.FocusOut(WayOf(event->reason()));
 }
 
@@ -83,7 +83,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
 }
 
 void EntryField::mousePressEvent(QMouseEvent* event) {
-    WholeByMouse = std::exchange(FocusByMouse, false);
+    WholeBefore = std::exchange(WholeByMouse, std::exchange(FocusByMouse, false));
     QLineEdit::mousePressEvent(event);
     if (WholeByMouse) selectAll();
 }
@@ -94,6 +94,8 @@ void EntryField::mouseMoveEvent(QMouseEvent* event) {
 
 void EntryField::mouseDoubleClickEvent(QMouseEvent* event) {
     QLineEdit::mouseDoubleClickEvent(event);
+    // It comes alone, behind one press or behind two, as the system has it.
+    WholeByMouse = WholeByMouse || WholeBefore || std::exchange(FocusByMouse, false);
     if (WholeByMouse) selectAll();
 }
 

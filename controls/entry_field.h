@@ -56,6 +56,7 @@ class EntryField : public QLineEdit {
     // again.
     bool FocusByMouse = false;
     bool WholeByMouse = false;
+    bool WholeBefore = false;  // the same of the press before
 };
 
 }  // namespace zps

@@ -18,6 +18,7 @@ void Commands::Connect(QAction& menu, std::function<void()> command) {
 
 void Commands::Connect(QAbstractButton& button, std::function<void()> command, OpenEntry entry) {
     const auto clicked = [this, &button, command = std::move(command), entry] {
+        if (!button.isEnabled()) return;       // pressed from outside, and disabled since
         const bool byKey = button.hasFocus();  // the mouse does not give it
         Run(command, entry);
         if (byKey && Parts.Controls.cmdFOCUS->hasFocus()) button.setFocus();

@@ -1,9 +1,9 @@
 // Every way in is a door: what was typed, or set from outside, is judged before anything else
 // happens, and nothing gets past an entry in error or a window that takes nothing.
 #include "controls/entry_field.h"
+#include "power/log/measurement_log.h"
 #include "tests/power/run_panel.h"
 
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QMenuBar>
 #include <QScrollBar>
@@ -14,19 +14,20 @@ namespace {
 class Doors : public ScriptedRun {
   protected:
     EntryField& Volt() { return Get<EntryField>("txPVOLT_0"); }
-    // Behind the menu bar, which keeps the keys after the menu has gone.
+    // As Alt does, and a menu that was opened by key and left again.
     void GoByMenuBar() {
-        QTest::keyClick(&Main(), Qt::Key_D, Qt::AltModifier);
-        ASSERT_TRUE(WaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
-        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        Main().menuWidget()->setFocus(Qt::MenuBarFocusReason);
         EXPECT_FALSE(Volt().hasFocus());
     }
     static void SetFromOutside(QWidget& field, const QString& text) {
         QAccessible::queryAccessibleInterface(&field)->setText(QAccessible::Value, text);
     }
-    static void PressFromOutside(QWidget& control) {
-        QAccessible::queryAccessibleInterface(&control)->actionInterface()->doAction(
+    // The toolkit holds such a button down for a moment before it clicks.
+    static void PressFromOutside(QAbstractButton& button) {
+        QAccessible::queryAccessibleInterface(&button)->actionInterface()->doAction(
             QAccessibleActionInterface::pressAction());
+        ASSERT_TRUE(button.isDown());
+        ASSERT_TRUE(WaitFor([&] { return !button.isDown(); }));
     }
     // What a person may do next, by whatever way, and what it sends.
     struct Way {
@@ -35,10 +36,9 @@ class Doors : public ScriptedRun {
     };
     std::vector<Way> Ways() {
         return {{[&] { Click("cmdOCP"); }, "X1"},
-                {[&] { PressFromOutside(Get<QWidget>("cmdOCP")); }, "X0"},
+                {[&] { PressFromOutside(Get<QPushButton>("cmdOCP")); }, "X0"},
                 {[&] { Choose("mnuData_Clear"); }, ""},
-                {[&] { Click("txPSTEP_1"); }, "U"},
-                {[&] { PressFromOutside(Get<QWidget>("txPSTEP_0")); }, "U"},
+                {[&] { Click("txPSTEP_0"); }, ""},
                 {[&] { Get<QWidget>("MSFlexGrid1").setFocus(); }, ""},
                 {[&] { Get<QWidget>("txPCURR_0").setFocus(); }, ""},
                 {[&] { Main().close(); }, ""},
@@ -47,17 +47,15 @@ class Doors : public ScriptedRun {
 };
 
 TEST_F(Doors, AnEntryLeftByWayOfTheMenuBarIsCommittedBeforeAnythingElseIsDone) {
-    int volts = 1;
+    int digit = 0;
     for (const auto& way : Ways()) {
-        Type("txPVOLT_0", QString::number(++volts));
+        const std::string volts = "1." + std::to_string(++digit);
+        Type("txPVOLT_0", QString::fromStdString(volts));
         GoByMenuBar();
         Sent();
         way.Do();
-        EXPECT_EQ(Source().StepVolt(0), std::to_string(volts) + ".00");
+        EXPECT_EQ(Source().StepVolt(0), volts + "0");
         EXPECT_EQ(Sent(), std::string("V0") + way.Sent);
-        ASSERT_TRUE(Quiet());
-        QTest::keyClick(Main().menuWidget(), Qt::Key_Escape);
-        Click("txPSTEP_0");
         ASSERT_TRUE(Quiet());
     }
 }
@@ -65,6 +63,7 @@ TEST_F(Doors, AnEntryLeftByWayOfTheMenuBarIsCommittedBeforeAnythingElseIsDone) {
 TEST_F(Doors, AnEntryInErrorLeftByWayOfTheMenuBarLetsNothingHappen) {
     for (const bool outside : {false, true}) {
         for (const auto& way : Ways()) {
+            SCOPED_TRACE(way.Sent);
             Boxes.Shown.clear();
             if (outside) {
                 SetFromOutside(Volt(), "151");
@@ -78,7 +77,6 @@ TEST_F(Doors, AnEntryInErrorLeftByWayOfTheMenuBarLetsNothingHappen) {
             EXPECT_EQ(Boxes.LastTitle(), "VOLTAGE 설정 오류");
             EXPECT_TRUE(Volt().hasFocus());
             EXPECT_EQ(Sent(), "");
-            QTest::keyClick(Main().menuWidget(), Qt::Key_Escape);
             QTest::keyClick(&Volt(), Qt::Key_Escape);
             EXPECT_EQ(Volt().text(), "0.00");
         }
@@ -124,8 +122,9 @@ TEST_F(Doors, AClickIntoAFieldSelectsItsWholeTextAndASecondOnePlacesTheCursor) {
 TEST_F(Doors, ASupplyOfUnknownRatingsIsShownNoNumberAndGetsNone) {
     ASSERT_TRUE(SwitchOn());
     EXPECT_EQ(Texts(*this, {"txtVOLT", "txtCURR"}), "12.100 0.1000");
-    const auto rows = [&] { return Get<QAbstractItemView>("MSFlexGrid1").model()->rowCount(); };
+    const auto rows = [&] { return Main().findChild<MeasurementLog*>()->RowCount(); };
     Source().Forget();
+    Main().ConnectionChanged();
     const int before = rows();
     ASSERT_TRUE(Handled(Reading(4)));
     EXPECT_EQ(Texts(*this, {"txtVOLT", "txtCURR"}), "---- ----");

@@ -74,8 +74,8 @@ TEST_F(RunPolling, NoPollOfHundredsIsLostAndEachIsASampleOfTheLog) {
     EXPECT_EQ(Log().ChartRow(1)[0], std::nullopt);
     ASSERT_TRUE(Samples(1));
     EXPECT_TRUE(Row(polls + 2).starts_with("1 "));
-    Click("cmdPREMOTE");  // its step start takes the output for off: the chart follows the grid
-    ASSERT_TRUE(WaitFor([&] { return Source().TxFrame.size() == 32; }));
+    Click("cmdOUTPUT");  // the chart follows the grid now
+    ASSERT_TRUE(Settle());
     Get<QAbstractScrollArea>("MSFlexGrid1").verticalScrollBar()->setValue(0);
     EXPECT_EQ(Log().ChartRow(1)[0], 0);
     Boxes.Answers = {Answer::No, Answer::Yes};

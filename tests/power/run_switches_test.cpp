@@ -186,7 +186,7 @@ TEST_F(RunSwitches, AnObjectionDuringTheWaitCallsTheSwitchingOnOffAndALineSaysWh
 
 TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
     Enter(*this, "txPVOLT_0", "50");
-    ASSERT_TRUE(Quiet() && SwitchOn());
+    ASSERT_TRUE(Quiet() && SwitchOn() && Handled(Reading(4 + 192)));
     Sent();
     Click("cmdPREMOTE");
     EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));

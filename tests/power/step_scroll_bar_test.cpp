@@ -45,14 +45,16 @@ TEST_F(StepScroll, APressEndsWithTheBoxThatComesUpInItOrOverIt) {
     EXPECT_EQ(Boxes.Shown.size(), 1U);
     EXPECT_FALSE(RunsAway());
     EXPECT_EQ(Bar().value(), 0);
+    EXPECT_TRUE(Get<QWidget>("txtPAUTOSTEP").hasFocus());
     BackAtOnce = true;
-    Turn("vscAUTOSTEP", 1);
-    EXPECT_LE(Boxes.Shown.size(), 2U);  // one a turn
+    EXPECT_LT(Turn("vscAUTOSTEP", 1), 0);  // the operator has been told
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
     Boxes.Shown.clear();
     Type("txtPAUTOSTEP", "");
     Leave();
+    const int before = Bar().value();
     PressArrow();
-    EXPECT_EQ(Bar().value(), 1);
+    EXPECT_EQ(Bar().value(), before + 1);
     EXPECT_TRUE(RunsAway());  // it is still down
     Boxes.WhileUp({});
     EXPECT_FALSE(RunsAway());
