@@ -98,7 +98,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Sequence(Parts, Fields),
       Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log}) {
     source.Rows = &Rows;
-    Boxes.Free(Lock);
+    Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
     Out.OnChange([this] { ShowOutput(); });
     Lock.OnChange([this] { Refresh(); });

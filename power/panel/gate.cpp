@@ -29,19 +29,14 @@ bool IsInput(QEvent::Type type) {
 
 }  // namespace
 
-Gate::Shut::Shut(Gate& gate) : Of(gate) {
-    Of.IsShut = true;
+Gate::Shut::Shut(Gate& gate) : Across(gate), Window(gate.Window) {
     QCoreApplication::instance()->installEventFilter(this);
-}
-
-Gate::Shut::~Shut() {
-    Of.IsShut = false;
 }
 
 bool Gate::Shut::eventFilter(QObject* watched, QEvent* event) {
     const auto* widget = qobject_cast<QWidget*>(watched);
     // A message box that has come up meanwhile can be answered.
-    return IsInput(event->type()) && widget != nullptr && widget->window() == &Of.Window;
+    return IsInput(event->type()) && widget != nullptr && widget->window() == &Window;
 }
 
 }  // namespace zps

@@ -93,6 +93,11 @@ TEST_F(Doors, TextFromOutsideIsAnEntryOnlyWhereAPersonCouldTypeIt) {
     ASSERT_TRUE(Quiet());
     Leave();
     EXPECT_EQ(Sent(), "C39");
+    Boxes.WhileUp = [&](const Message&) { SetFromOutside(Volt(), "7"); };
+    Choose("mnuData_Clear");
+    Boxes.WhileUp = {};
+    Boxes.Shown.clear();
+    EXPECT_EQ(Volt().text(), "12.00");
     SetFromOutside(Get<QWidget>("txPVOLT_3"), "7");  // not the selected row
     EXPECT_EQ(Get<QLineEdit>("txPVOLT_3").text(), "0.00");
     Choose("mnuTEST");
