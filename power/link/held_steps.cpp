@@ -34,7 +34,6 @@ void HeldSteps::Put(const Sent& sent, const Frame& frame) {
             if (MaybeAt.test(Index(other))) Lose(other, sent.Values);
         }
     }
-    Lose(sent.Step, sent.Values);
     Mark(sent.Step, (Acknowledged.at(Index(sent.Step)) | sent.Values).all());
     try {
         Line.Send(frame, ExpectAck);

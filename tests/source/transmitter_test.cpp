@@ -40,6 +40,8 @@ TEST_F(Transmitting, WaitsWithItsEventsHeldForAReplyOfTheLastSecondAndThenSweeps
         EXPECT_EQ(Handled, 0);
         EXPECT_EQ(Port->InBufferCount(), 0U);
         EXPECT_EQ(Line->WrittenData(), (std::vector<Bytes>{AutoOn, {1, 16, 17}}));
+        Sender.AwaitOutstanding();
+        EXPECT_FALSE(Sender.ReplyInProgress());
         Time.Pass(3s);
         Handled = 0;
     }

@@ -139,11 +139,14 @@ TEST_F(HoldingSteps, EachChangeIsToldAndAClosedPortOrAnotherTableLeavesNoMark) {
     EXPECT_EQ(std::exchange(Marks, ""), "110110");  // sent, acknowledged, changed ..., refused
     Port->SetPortOpen(true);
     Give(1, Only(StepValue::Curr));
+    Line->Answer(Refused);
+    Give(1, Only(StepValue::Time));
     Line->Answer({});
     Send(1, Only(StepValue::Volt));
     Held.Forget();
+    EXPECT_FALSE(Held.IsAt(1));
     Time.Pass(2s);
-    EXPECT_EQ(Marks, "1110");
+    EXPECT_EQ(Marks, "111000");
     EXPECT_TRUE(Held.Refused(1).none());
     Give(1, Only(StepValue::Volt));
     EXPECT_FALSE(Source.StepFlag(1));

@@ -49,6 +49,9 @@ TEST_F(PollingASupply, IsSteadyAndStopsUntilAReplyOrForASecond) {
     Polls.Stop();
     EXPECT_EQ(In(700ms), "630 695 ");
     Polls.Start();
+    Answers = false;
+    EXPECT_EQ(In(1200ms), "160 425 590 755 920 1085 1250 ");
+    Answers = true;
     Polls.End();
     EXPECT_EQ(In(10s), "");
     Polls.Poll();
