@@ -81,6 +81,12 @@ Frame ValueFrame(int address, StepValue value, const Bytes& bytes) {
     return FrameBuilder(address).Command(LetterOf(value)).Append(bytes).Finish();
 }
 
+Frame SelectingValueFrame(int address, int step, StepValue value, const Bytes& bytes) {
+    FrameBuilder builder(address);
+    builder.Command(letter::Step, {step});
+    return builder.Command(LetterOf(value)).Append(bytes).Finish();
+}
+
 Frame SelectStepFrame(int address, int step) {
     return FrameBuilder(address).Command(letter::Step, {step}).Finish();
 }

@@ -33,6 +33,9 @@ Bytes SlopeBytes(std::string_view text);
 // The command of one value; those of voltage and current are filled up with zeros.
 Frame ValueFrame(int address, StepValue value, const Bytes& bytes);
 
+// Selects a step and stores one of its values, in one frame.
+Frame SelectingValueFrame(int address, int step, StepValue value, const Bytes& bytes);
+
 // Makes the supply go to a step that it holds: 8 bytes.
 Frame SelectStepFrame(int address, int step);
 

@@ -25,24 +25,34 @@ HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Time
     tmrANSWER->OnTick([this] { tmrANSWER_Timer(); });
 }
 
-void HeldSteps::Send(int step, StepValues values, Frame frame) {
+void HeldSteps::Put(const Sent& sent, const Frame& frame) {
     Line.AwaitOutstanding();  // hears the answer to the values before
-    Acknowledged.at(Index(step)) &= ~values;
-    Mark(step, (Acknowledged.at(Index(step)) | values).all());
+    if (sent.Selects) {
+        MaybeAt.set(Index(sent.Step));
+    } else {
+        for (int other = 0; other < StepCount; ++other) {
+            if (MaybeAt.test(Index(other))) Lose(other, sent.Values);
+        }
+    }
+    Mark(sent.Step, (Acknowledged.at(Index(sent.Step)) | sent.Values).all());
     try {
-        Line.Send(std::move(frame), ExpectAck);
+        Line.Send(frame, ExpectAck);
     } catch (...) {
-        Refuse({step, values});
+        Refuse(sent);
         throw;
     }
-    Awaited = {step, values};
+    Awaited = sent;
     tmrANSWER->Restart();
     Told();
 }
 
+void HeldSteps::Lose(int step, StepValues values) {
+    Acknowledged.at(Index(step)) &= ~values;
+    Mark(step, Acknowledged.at(Index(step)).all());
+}
+
 void HeldSteps::Changed(int step, StepValue value) {
-    Acknowledged.at(Index(step)) &= ~Only(value);
-    Mark(step, false);
+    Lose(step, Only(value));
     Told();
 }
 
@@ -50,6 +60,7 @@ void HeldSteps::Forget() {
     Awaited.reset();
     Acknowledged.fill({});
     Refusals.fill({});
+    MaybeAt.set();
     Source.Flags.reset();
     Told();
 }
@@ -68,7 +79,8 @@ void HeldSteps::Judge(Reply result) {
     if (!Awaited) return;
     const Sent sent = *std::exchange(Awaited, std::nullopt);
     tmrANSWER->SetEnabled(false);
-    if (result != Reply::Ack) {
+    if (result == Reply::Ack && sent.Selects) MaybeAt.reset().set(Index(sent.Step));
+    if (result != Reply::Ack || !IsAt(sent.Step)) {
         Refuse(sent);
         return;
     }
@@ -80,7 +92,7 @@ void HeldSteps::Judge(Reply result) {
 
 void HeldSteps::Refuse(const Sent& sent) {
     Refusals.at(Index(sent.Step)) |= sent.Values;
-    Mark(sent.Step, false);
+    Lose(sent.Step, sent.Values);
     Told();
 }
 

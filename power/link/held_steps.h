@@ -20,15 +20,24 @@ StepValues AllValues();
 // Sends the values of steps and keeps the marks. A step is marked as held when the last of its
 // values is sent. If that frame is refused, answered by rubbish or not answered at all within a
 // second, the mark is taken back: an auto sequence must not be built on it.
+//
+// A supply takes a value for the step that it has selected. Where a selection was not acknowledged
+// it may be at this step or at the one before: a value that is sent then counts for neither.
 class HeldSteps {
   public:
     // From now on the answer to values of a step is heard before a further frame of `line`, which
     // would sweep it away. `port` is the port of `line`; all of them outlive this.
     HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Timekeeper& time);
 
-    // Sends `frame`, which carries `values` of `step` as the table has them. Throws what sending
-    // throws; the values count as refused then.
-    void Send(int step, StepValues values, Frame frame);
+    // Sends `frame`, which carries `values` of `step`, the selected one, as the table has them.
+    // Throws what sending throws; the values count as refused then.
+    void Send(int step, StepValues values, const Frame& frame) {
+        Put({step, values, false}, frame);
+    }
+    // The same for a frame that also selects the step; `values` may be none.
+    void Select(int step, StepValues values, const Frame& frame) {
+        Put({step, values, true}, frame);
+    }
     // A value of `step` has been stored and is not sent.
     void Changed(int step, StepValue value);
     // The table is that of a supply that has got none of it.
@@ -40,6 +49,9 @@ class HeldSteps {
     // The values of `step` that were sent and that the supply refused or did not acknowledge.
     const StepValues& Refused(int step) const { return Refusals.at(Index(step)); }
 
+    // Whether the supply is known to have selected `step`.
+    bool IsAt(int step) const { return MaybeAt.count() == 1 && MaybeAt.test(Index(step)); }
+
     // Called whenever a mark or a refusal has changed.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
 
@@ -47,13 +59,17 @@ class HeldSteps {
     struct Sent {
         int Step;
         StepValues Values;
+        bool Selects;
     };
 
     static std::size_t Index(int step) { return static_cast<std::size_t>(step); }
+    void Put(const Sent& sent, const Frame& frame);
     // Reads the answer that is outstanding, if it has come by now.
     void HearAnswer();
     void Judge(Reply result);
     void Refuse(const Sent& sent);
+    // The supply may have another value now.
+    void Lose(int step, StepValues values);
     void Mark(int step, bool held);
     void tmrANSWER_Timer();
 
@@ -64,6 +80,7 @@ class HeldSteps {
     std::optional<Sent> Awaited;
     std::array<StepValues, StepCount> Acknowledged{};  // as they stand in the table
     std::array<StepValues, StepCount> Refusals{};
+    std::bitset<StepCount> MaybeAt = std::bitset<StepCount>().set();  // the supply's selected step
     std::function<void()> Told = [] {};
 };
 

@@ -62,7 +62,7 @@ void StepEntry::Field_Committed(const StepField& kind, int row) {
     if (field.text().toStdString() != Around.Fields.TextBefore()) {
         if (Take(kind, row)) Around.Fields.Accept(field);
     } else if (field.Refused() && Around.Rows.StepOf(row) == Around.Rows.CurStep()) {
-        Send(kind);
+        SendAgain(kind);
     }
 }
 
@@ -104,6 +104,15 @@ void StepEntry::Send(const StepField& kind) {
     Around.Held.Send(
         step, Only(kind.Value),
         ValueFrame(Parts.Source.PowerAddr, kind.Value, Parts.Source.Wire(kind.Value, step)));
+}
+
+void StepEntry::SendAgain(const StepField& kind) {
+    const int step = Around.Rows.CurStep();
+    if (!Parts.Source.RatingsKnown() || Around.Held.IsAt(step)) return Send(kind);
+    if (kind.StopsPolling) Around.Polls.Stop();
+    Around.Held.Select(step, Only(kind.Value),
+                       SelectingValueFrame(Parts.Source.PowerAddr, step, kind.Value,
+                                           Parts.Source.Wire(kind.Value, step)));
 }
 
 }  // namespace zps

@@ -25,9 +25,9 @@ void StepUpload::txPSTEP_Click(int row) {
         Upload(row);
         return;
     }
-    Frame frame = SelectStepFrame(Parts.Source.PowerAddr, step);
+    const Frame frame = SelectStepFrame(Parts.Source.PowerAddr, step);
     Select(row);
-    Parts.Line.Send(std::move(frame), ExpectAck);
+    Around.Held.Select(step, {}, frame);
 }
 
 void StepUpload::SendTopStep() {
@@ -47,10 +47,10 @@ void StepUpload::Select(int row) {
 void StepUpload::Upload(int row) {
     const int step = Around.Rows.StepOf(row);
     // What can't be sent must not be shown as selected or held.
-    Frame frame = UploadFrame(Parts.Source.PowerAddr, step, Parts.Source.WireOf(step));
+    const Frame frame = UploadFrame(Parts.Source.PowerAddr, step, Parts.Source.WireOf(step));
     Select(row);
     Around.Shown.ShowStep(step);
-    Around.Held.Send(step, AllValues(), std::move(frame));
+    Around.Held.Select(step, AllValues(), frame);
 }
 
 }  // namespace zps

@@ -216,34 +216,5 @@ TEST_F(StepEntry, BoxMenuAndAnotherWindowLeaveAHalfTypedValueHalfTyped) {
     EXPECT_EQ(Sent(), Only({27, 'T', 0, 1, 0, 0, 0}));
 }
 
-TEST_F(StepEntry, AnErrorThatMeetsAClickOrAKeyIsOneMessageAndNothingElse) {
-    auto& field = Field("txPVOLT", 0);
-    const auto back = [&] { return field.hasFocus() && Main().isActiveWindow(); };
-    const std::function<void()> ways[]{
-        [&] { ClickStep(0); }, [&] { Click("cmdOUTPUT"); }, [&] { Click("cmdPREMOTE"); },
-        [&] {
-            QTest::keyClick(&field, Qt::Key_Tab);
-            WaitFor(back);
-            QTest::keyClick(Main().focusWidget(), Qt::Key_Space);
-        },
-        [&] {
-            QTest::keyClick(&Main(), Qt::Key_S, Qt::AltModifier);
-            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_R);
-        }};
-    for (std::size_t way = 0; way < 2 * std::size(ways); ++way) {
-        SCOPED_TRACE(way);
-        BackAtOnce = way % 2 == 0;
-        Boxes.Shown.clear();
-        Type("txPVOLT_0", "151");
-        ways[way / 2]();
-        EXPECT_EQ(Boxes.Shown.size(), 1U);
-        EXPECT_TRUE(WaitFor(back));
-        EXPECT_EQ(Bar().value(), 0);
-        EXPECT_FALSE(Button(0).isDown());
-        EXPECT_TRUE(Main().isEnabled());
-    }
-    EXPECT_TRUE(Sent().empty());
-}
-
 }  // namespace
 }  // namespace zps::tests

@@ -137,8 +137,9 @@ void ScriptedLine::AnswerInPieces(std::vector<Piece> pieces) {
     Answers.push_back(std::move(pieces));
 }
 
-void ScriptedLine::Otherwise(std::function<Bytes(const Bytes&)> script) {
+void ScriptedLine::Otherwise(std::function<Bytes(const Bytes&)> script, milliseconds delay) {
     Script = std::move(script);
+    ScriptDelay = delay;
 }
 
 void ScriptedLine::Arrive(const Bytes& bytes) {
@@ -161,7 +162,7 @@ void ScriptedLine::Take(const ScriptedPort& from, Bytes block) {
         pieces = std::move(Answers.front());
         Answers.pop_front();
     } else if (Script) {
-        pieces.push_back({Script(block)});
+        pieces.push_back({Script(block), ScriptDelay});
     }
     Blocks.push_back({from.Maker, from.OpenNumber, std::move(block)});
     for (auto& piece : pieces) OnTheWay.emplace(Now + piece.After, std::move(piece.Data));

@@ -50,8 +50,9 @@ class ScriptedLine {
     // acknowledgements and noise alike.
     void Answer(Bytes reply);
     void AnswerInPieces(std::vector<Piece> pieces);
-    // What blocks without such an answer get; silence if never called.
-    void Otherwise(std::function<Bytes(const Bytes& block)> script);
+    // What blocks without such an answer get, after `delay`; silence if never called.
+    void Otherwise(std::function<Bytes(const Bytes& block)> script,
+                   std::chrono::milliseconds delay = {});
 
     // Bytes nobody asked for. Lost while no port is open.
     void Arrive(const Bytes& bytes);
@@ -70,6 +71,9 @@ class ScriptedLine {
     std::string Folder = "scripted/COM";
     // The time that waits and pauses have taken since the line was made.
     std::chrono::milliseconds Waited() const { return Now; }
+    // Goes on to the next arrival not later than `limit` and delivers it; else goes on to `limit`
+    // and returns false.
+    bool Advance(std::chrono::milliseconds limit);
 
   private:
     friend class ScriptedPort;
@@ -77,12 +81,10 @@ class ScriptedLine {
 
     void Take(const ScriptedPort& from, Bytes block);
     void DeliverDue();
-    // Goes on to the next arrival not later than `limit` and delivers it; else goes on to `limit`
-    // and returns false.
-    bool Advance(std::chrono::milliseconds limit);
 
     std::deque<std::vector<Piece>> Answers;
     std::function<Bytes(const Bytes&)> Script;
+    std::chrono::milliseconds ScriptDelay{0};
     std::map<int, std::errc> Refused;
     std::vector<WrittenBlock> Blocks;
     std::multimap<std::chrono::milliseconds, Bytes> OnTheWay;  // by when they are due

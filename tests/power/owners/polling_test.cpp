@@ -1,0 +1,109 @@
+#include "power/link/polling.h"
+
+#include "tests/support/scripted_link.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace zps::tests {
+namespace {
+
+struct PollingASupply : testing::Test, ScriptedLink {
+    PollingASupply() {
+        OnReply = [this](Reply) { Polls.ReplyHandled(); };
+        Line->Otherwise([this](const Bytes& block) {
+            if (block[1] == code::Dle) Times.push_back(Line->Waited());
+            if (!Answers) return Bytes();
+            return block[1] == code::Dle ? Bytes(DataLength) : Acknowledged;
+        });
+    }
+    // When polls go out in the next `span`, in ms from now.
+    std::string In(std::chrono::milliseconds span) {
+        const auto from = Line->Waited();
+        Times.clear();
+        Time.Pass(span);
+        std::string all;
+        for (const auto time : Times) all += std::to_string((time - from).count()) + ' ';
+        return all;
+    }
+
+    bool On = true;
+    bool Answers = true;
+    std::vector<std::chrono::milliseconds> Times;
+    Polling Polls{Source, Sender, Time, [this] { return On; }};
+};
+
+TEST_F(PollingASupply, IsSteadyAndStopsUntilAReplyOrForASecond) {
+    Polls.Start();
+    EXPECT_EQ(In(700ms), "165 330 495 660 ");
+    Polls.Stop();
+    EXPECT_EQ(In(1200ms), "960 1125 ");  // the last reply came 40 ms before
+    Polls.Stop();
+    Time.Pass(500ms);
+    Polls.ReplyHandled();
+    EXPECT_EQ(In(400ms), "165 330 ");
+    Answers = false;
+    EXPECT_EQ(In(400ms), "95 360 ");  // each waits 0.1 s for the reply before
+    Answers = true;
+    Polls.Stop();
+    EXPECT_EQ(In(700ms), "630 695 ");
+    Polls.Start();
+    Answers = false;
+    EXPECT_EQ(In(1200ms), "160 425 590 755 920 1085 1250 ");
+    Answers = true;
+    Polls.End();
+    EXPECT_EQ(In(10s), "");
+    Polls.Poll();
+    EXPECT_EQ(In(1s), "165 330 495 660 825 990 ");  // its reply
+    On = false;
+    Polls.Stop();
+    EXPECT_EQ(In(10s), "");
+    Polls.ReplyHandled();
+    EXPECT_EQ(In(10s), "");
+}
+
+// A second of silence, noise that is gathered as its last act, and an interval.
+constexpr auto Longest = 1000ms + ReplyWait + 165ms;
+
+TEST_F(PollingASupply, NeverRestsForLongWhileTheOutputIsOnAndNeverRunsWhileItIsOff) {
+    std::mt19937 random(1);
+    const auto upTo = [&](int last) { return std::uniform_int_distribution(0, last)(random); };
+    Polls.Start();
+    auto since = Line->Waited();  // the last poll or stop
+    for (int action = 0; action < 20'000; ++action) {
+        Answers = upTo(3) > 0;
+        switch (upTo(9)) {
+            case 0:
+                On = !On;
+                Polls.Stop();
+                Sender.SendCommand(letter::Output, On ? 1 : 0);
+                if (On) Polls.Start();
+                since = Line->Waited();
+                break;
+            case 1:
+            case 2:
+            case 3:
+                Polls.Stop();
+                if (upTo(1) == 0) Sender.SendCommand(letter::Volt, 1, 2);
+                since = Line->Waited();
+                break;
+            case 4:
+                Line->Arrive({9});
+                break;
+            default:
+                break;
+        }
+        Times.clear();
+        Time.Pass(std::chrono::milliseconds(upTo(400)));
+        EXPECT_TRUE(On || Times.empty());
+        for (const auto time : Times) {
+            ASSERT_LE(time - since, Longest) << action;
+            since = time;
+        }
+        ASSERT_TRUE(!On || Line->Waited() - since <= Longest) << action;
+    }
+}
+
+}  // namespace
+}  // namespace zps::tests
