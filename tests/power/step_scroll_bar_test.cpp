@@ -46,7 +46,6 @@ TEST_F(StepScroll, APressEndsWithTheBoxThatComesUpInItOrOverIt) {
     EXPECT_FALSE(RunsAway());
     EXPECT_EQ(Bar().value(), 0);
     EXPECT_TRUE(Get<QWidget>("txtPAUTOSTEP").hasFocus());
-    BackAtOnce = true;
     EXPECT_LT(Turn("vscAUTOSTEP", 1), 0);  // the operator has been told
     EXPECT_EQ(Boxes.Shown.size(), 1U);
     Boxes.Shown.clear();
