@@ -33,6 +33,8 @@ Frame Build(const std::string& text) {
     if (name == "O") return ValueFrame(1, StepValue::Ovp, SetPointBytes(value, 100));
     if (name == "V") return ValueFrame(1, StepValue::Volt, SetPointBytes(value, 100));
     if (name == "C") return ValueFrame(1, StepValue::Curr, SetPointBytes(value, 1000));
+    if (name == "SV")
+        return SelectingValueFrame(1, n, StepValue::Volt, SetPointBytes(w.at(2), 100));
     if (name == "S") return SelectStepFrame(1, n);
     if (name != "B" && name != "F" && name != "R") return SingleCommand(1, name[0], {n});
     FrameBuilder plain = FrameBuilder(1).Command(name[0]);

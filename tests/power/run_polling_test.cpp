@@ -80,12 +80,20 @@ TEST_F(RunPolling, APulledCableFreezesTheReadingsUntilItIsBack) {
     EXPECT_TRUE(Boxes.Shown.empty());
 }
 
-TEST_F(RunPolling, ThePollIsBackASecondAfterACommandThatStoppedIt) {
-    Click("cmdOUTPUT");
-    ASSERT_TRUE(Samples(2));
+TEST_F(RunPolling, ThePollIsBackAfterEachCommandWithOrWithoutItsAnswer) {
     const auto polled = [&] {
         return std::ranges::count(Line().TakeReceived(), Bytes{1, 16, 17}) > 0;
     };
+    Line().SetFaults({.Drop = 1});
+    Click("cmdOUTPUT");
+    EXPECT_TRUE(WaitFor(polled, 700ms));
+    Line().SetFaults({});
+    ASSERT_TRUE(Samples(1));
+    for (const char* volts : {"5", "6", "7"}) {
+        Set("txPVOLT_0", volts);
+        Line().TakeReceived();
+        EXPECT_TRUE(WaitFor(polled, 600ms));  // behind its answer
+    }
     Choose("mnuPROGRAM_END");  // stops the polls and, answered with No, leaves them to the watch
     Line().TakeReceived();
     EXPECT_TRUE(WaitFor(polled, 1600ms));

@@ -66,7 +66,7 @@ TEST_F(StepRows, AnEditLocksThePointerIntoItsRowUntilTheValueIsBack) {
     EXPECT_TRUE(WaitFor([&] { return Pointer.Within == nullptr; }));
 }
 
-TEST_F(StepRows, TheFunctionKeysOfALockedRowOnlySwitchTheOutputOff) {
+TEST_F(StepRows, TheFunctionKeysOfALockedRowOnlySwitchTheOutputOffAndLeaveRemote) {
     const auto typeAndPressAll = [this](const char* text) {
         Type("txPVOLT_0", text);
         EXPECT_TRUE(Locked());
@@ -81,6 +81,10 @@ TEST_F(StepRows, TheFunctionKeysOfALockedRowOnlySwitchTheOutputOff) {
     typeAndPressAll("4");
     EXPECT_EQ(Sent(), Only({27, 'A', 0, 0, 0, 0, 0, 0}));
     EXPECT_TRUE(Released());
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(WaitFor([&] { return Source().TxFrame.size() == 32; }) && Settle());
+    typeAndPressAll("5");  // the first of them leaves remote control
+    EXPECT_EQ(Sent().back(), Control(1, code::Dc1));
 }
 
 TEST_F(StepRows, TabGoesAlongTheRowAndTheNextAndRoundALockedOne) {
@@ -111,6 +115,8 @@ TEST_F(StepRows, WithTheOutputOnOnlySetPointsOfTheSelectedAndHeldStepsCanBeUsed)
     EXPECT_EQ(Sent(), (std::vector<Bytes>{{1, 2, 3, 27, 83, 1, 3, 0x78}}));
     EXPECT_EQ(Usable(), "B BVC B - - - -");
     EXPECT_EQ(Text("txtSTEP"), "01");
+    Enter("txPVOLT_1", "4");
+    EXPECT_TRUE(Settle() && Source().StepFlag(1));
     Bar().setValue(1);
     EXPECT_EQ(Usable(), "BVCO B - - - - -");
     ASSERT_TRUE(SwitchOutput(false));
