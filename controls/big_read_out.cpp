@@ -20,12 +20,7 @@ const QSize Border(20, 8);  // px, frame and margins
 
 BigReadOut::BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
                        const QString& widest)
-    : QLineEdit(text), Base(font()), WidthFactor(Usual) {
-    setObjectName(name);
-    setAccessibleName(accessibleName);
-    setReadOnly(true);
-    setFocusPolicy(Qt::NoFocus);
-    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    : ReadOut(name, text, accessibleName), Base(font()), WidthFactor(Usual) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     Embolden(Base);
     QFont largest = Base;
@@ -47,7 +42,7 @@ QSize BigReadOut::minimumSizeHint() const {
 }
 
 void BigReadOut::resizeEvent(QResizeEvent* event) {
-    QLineEdit::resizeEvent(event);
+    ReadOut::resizeEvent(event);
     const QSizeF room = size() - Border;
     const auto within = [](double factor) {
         return std::floor(std::clamp(factor, Least, Most) * 10) / 10;

@@ -1,13 +1,13 @@
 // A value in digits as large as their box has room for.
 #pragma once
 
-#include <QLineEdit>
+#include "controls/read_out.h"
 
 namespace zps {
 
 // The size of the digits depends on the box and on the widest text that is to fit in it, never on
 // the text that is shown, so that they don't jump. A wider box asks for the height that they need.
-class BigReadOut : public QLineEdit {
+class BigReadOut : public ReadOut {
   public:
     BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
                const QString& widest);

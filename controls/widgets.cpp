@@ -24,16 +24,6 @@ QPushButton* MakeButton(const QString& name, const QString& text, const QString&
     return button;
 }
 
-QLineEdit* MakeReadOut(const QString& name, const QString& text, const QString& accessibleName) {
-    auto* field = new QLineEdit(text);
-    field->setObjectName(name);
-    field->setAccessibleName(accessibleName);
-    field->setReadOnly(true);
-    field->setFocusPolicy(Qt::NoFocus);
-    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return field;
-}
-
 void Embolden(QFont& font) {
     font.setBold(true);
     const QString family = QFontInfo(font).family();

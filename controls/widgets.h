@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace zps {
@@ -12,9 +11,6 @@ QLabel* MakeLabel(const QString& name, const QString& text, const QString& acces
 // A button that takes no focus from the mouse: its handler decides where the focus goes.
 QPushButton* MakeButton(const QString& name, const QString& text,
                         const QString& accessibleName = {});
-
-// A field that only shows a value.
-QLineEdit* MakeReadOut(const QString& name, const QString& text, const QString& accessibleName);
 
 // A bold `font` that can be told apart from ink blots: where the face has no bold of its own and
 // the strokes are only thickened, they must not be drawn to whole pixels as well.

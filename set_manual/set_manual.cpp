@@ -62,8 +62,8 @@ void SET_MANUAL::Form_Load() {
     Controls.cmbMODEL->setCurrentIndex(Source.ModelIndex);
     cmbMODEL_Click();
     Controls.optPORT(Source.CommPort).setChecked(true);
-    Controls.POWERVoltage->setText(QString::fromStdString(FormatFixed(Source.MaxVolt(), 1)));
-    Controls.POWERCurrent->setText(QString::fromStdString(FormatFixed(Source.MaxCurr(), 1)));
+    Controls.POWERVoltage->ShowValue(QString::fromStdString(FormatFixed(Source.MaxVolt(), 1)));
+    Controls.POWERCurrent->ShowValue(QString::fromStdString(FormatFixed(Source.MaxCurr(), 1)));
     if (error) {
         ReportLater(*error);
     } else if (Source.SetAddr != Source.CheckedAddr()) {
@@ -111,8 +111,8 @@ void SET_MANUAL::cmbMODEL_Change() {
 }
 
 void SET_MANUAL::TakeRatings(double volts, double amps) {
-    Controls.POWERVoltage->setText(Fixed(volts, 1));
-    Controls.POWERCurrent->setText(Fixed(amps, 1));
+    Controls.POWERVoltage->ShowValue(Fixed(volts, 1));
+    Controls.POWERCurrent->ShowValue(Fixed(amps, 1));
     Source.SetMaxVolt(ToSingle(volts));
     Source.SetMaxCurr(ToSingle(amps));
     Power.ShowRatings(Fixed(volts, 0) + QStringLiteral("V/") + Fixed(amps, 0) +

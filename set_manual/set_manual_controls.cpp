@@ -1,6 +1,7 @@
 #include "set_manual/set_manual_controls.h"
 
 #include "controls/colours.h"
+#include "controls/read_out.h"
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "set_manual/models.h"
@@ -40,8 +41,8 @@ QComboBox* MakeList(const QString& name, const QString& accessible) {
     return list;
 }
 
-QLineEdit* MakeRating(const QString& name, const QString& accessible) {
-    auto* rating = MakeReadOut(name, QStringLiteral("0"), accessible);
+ReadOut* MakeRating(const QString& name, const QString& accessible) {
+    auto* rating = new ReadOut(name, QStringLiteral("0"), accessible);
     rating->setEnabled(false);
     QPalette palette = rating->palette();  // display only, but to be read
     palette.setColor(QPalette::Disabled, QPalette::Text,

@@ -1,6 +1,8 @@
 // The controls of the settings window, under their given names. The window owns them all.
 #pragma once
 
+#include "controls/read_out.h"
+
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -20,8 +22,8 @@ struct SetManualControls {
     std::array<QRadioButton*, PortCount> Ports{};  // optPORT(1) to optPORT(4)
     QGroupBox* frmPOW_SETTING = nullptr;
     QComboBox* cmbMODEL = nullptr;
-    QLineEdit* POWERVoltage = nullptr;
-    QLineEdit* POWERCurrent = nullptr;
+    ReadOut* POWERVoltage = nullptr;
+    ReadOut* POWERCurrent = nullptr;
     QComboBox* cmbADDR = nullptr;
     QPushButton* cmdZPS_ENQ = nullptr;
     QLabel* lblZPS_ENQ = nullptr;

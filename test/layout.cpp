@@ -1,4 +1,5 @@
 #include "controls/colours.h"
+#include "controls/read_out.h"
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "test/test_controls.h"
@@ -60,7 +61,7 @@ QWidget* MakeTarget(TestControls& controls) {
     controls.txtPADDR->setAccessibleName(QStringLiteral("전원 장치 주소"));
     controls.txtPADDR->setAttribute(Qt::WA_InputMethodEnabled, false);
     controls.txtPADDR->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    controls.txtPCOMMPORT = MakeReadOut(QStringLiteral("txtPCOMMPORT"), QStringLiteral("1"),
+    controls.txtPCOMMPORT = new ReadOut(QStringLiteral("txtPCOMMPORT"), QStringLiteral("1"),
                                         QStringLiteral("통신 포트"));
     controls.txtPCOMMPORT->setEnabled(false);
     PaintBackground(*controls.txtPCOMMPORT, Colour::LightGrey);

@@ -28,7 +28,7 @@ TEST::TEST(SOURCE& source, POWER& power, const Surroundings& around)
 void TEST::Form_Load() {
     FormPort = Source.CommPort;
     FormAddr = Source.SetAddr;
-    Controls.txtPCOMMPORT->setText(QString::number(FormPort));
+    Controls.txtPCOMMPORT->ShowValue(QString::number(FormPort));
     Controls.txtPADDR->setText(QString::number(FormAddr));
     if (const auto error = OpenPort(FormPort)) ReportLater(*error);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/number_panels.h"
+#include "controls/read_out.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -14,7 +15,7 @@ namespace zps {
 
 struct TestControls {
     QLineEdit* txtPADDR = nullptr;
-    QLineEdit* txtPCOMMPORT = nullptr;
+    ReadOut* txtPCOMMPORT = nullptr;
     QPushButton* cmdENQ = nullptr;
     QPushButton* cmdDLE = nullptr;
     QGroupBox* frmDATA = nullptr;

@@ -70,8 +70,8 @@ QWidget* MakeIdentity(PowerControls& controls) {
     return box;
 }
 
-QLineEdit* AddReadOut(QGridLayout& grid, int row, const QString& title, const QString& unit,
-                      const QString& name, const QString& text, const QString& accessible) {
+ReadOut* AddReadOut(QGridLayout& grid, int row, const QString& title, const QString& unit,
+                    const QString& name, const QString& text, const QString& accessible) {
     auto* value = new BigReadOut(name, text, accessible, QStringLiteral("600.0000"));
     auto* unitLabel = MakeLabel({}, unit);
     Enlarge(*unitLabel, 1.8);

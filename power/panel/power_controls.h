@@ -5,6 +5,7 @@
 #include "controls/entry_field.h"
 #include "controls/lamp.h"
 #include "controls/number_panels.h"
+#include "controls/read_out.h"
 #include "power/panel/step_list_frame.h"
 #include "power/panel/step_scroll_bar.h"
 #include "source/step_table.h"
@@ -35,8 +36,8 @@ struct PowerControls {
     QLabel* lblZPS_MODEL = nullptr;
     QLabel* lblSPEC_VA = nullptr;
     QLabel* lblNOTICE = nullptr;  // why something did not happen
-    QLineEdit* txtVOLT = nullptr;
-    QLineEdit* txtCURR = nullptr;
+    ReadOut* txtVOLT = nullptr;
+    ReadOut* txtCURR = nullptr;
     QLabel* txtSTEP = nullptr;
     QLabel* lblMODE = nullptr;
 

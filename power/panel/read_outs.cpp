@@ -29,8 +29,8 @@ void ReadOuts::Refresh() {
     const auto shown = [this](const std::string& text) {
         return Source.RatingsKnown() ? QString::fromStdString(text) : QStringLiteral("----");
     };
-    Controls.txtVOLT->setText(shown(Texts[0]));
-    Controls.txtCURR->setText(shown(Texts[1]));
+    Controls.txtVOLT->ShowValue(shown(Texts[0]));
+    Controls.txtCURR->ShowValue(shown(Texts[1]));
 }
 
 }  // namespace zps

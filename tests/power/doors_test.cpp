@@ -86,6 +86,8 @@ TEST_F(Doors, AnEntryInErrorLeftByWayOfTheMenuBarLetsNothingHappen) {
 }
 
 TEST_F(Doors, TextFromOutsideIsAnEntryOnlyWhereAPersonCouldTypeIt) {
+    SetFromOutside(Get<QWidget>("txtVOLT"), "150");
+    EXPECT_EQ(Texts(*this, {"txtVOLT"}), "0.00");
     SetFromOutside(Volt(), "12");
     EXPECT_EQ(Sent(), "");
     SetFromOutside(Get<QWidget>("txPCURR_0"), "1");  // leaves the field before
