@@ -4,6 +4,9 @@ namespace zps {
 
 ReadOuts::ReadOuts(PowerControls& controls, const SOURCE& source)
     : Controls(controls), Source(source) {
+    // Assistive tools can write even into what can't be edited.
+    for (QLineEdit* field : {controls.txtVOLT, controls.txtCURR})
+        QObject::connect(field, &QLineEdit::textChanged, field, [this] { Refresh(); });
     Refresh();
 }
 
