@@ -11,39 +11,25 @@ namespace zps::tests {
 
 class Operator {
   public:
-    // Different ratings everywhere: what is shown tells whose they are. Ratings that come garbled
-    // can't be told from good ones, so the settings window gets a good line.
-    explicit Operator(unsigned seed)
-        : Panel({{}, {.Address = 30, .Volts = 20, .Amps = 5}}),
-          SecondLine({{.Address = 1, .Volts = 40, .Amps = 2}}),
-          Second(2, SecondLine.DeviceName()),
-          Absent(3, Nowhere),
-          Judge(Panel, {{1, &Panel.Line()}, {2, &SecondLine}}),
-          Watch([this](QObject& watched, const QEvent& event) {
-              if (event.type() == QEvent::Show && &watched == Panel.Run.Settings())
-                  Panel.Line().SetFaults({});
-          }),
-          Seed(seed) {
+    explicit Operator(unsigned seed) : Seed(seed) {
         Panel.Boxes.WhileUp = [this](const Message& message) { AnswerBox(message); };
     }
 
-    // Brings the panel into use.
     bool Start() { return Panel.Open(); }
 
     // The n-th action of this seed. Returns what is wrong; empty if nothing.
     std::string Act(int number) {
-        constexpr std::size_t remembered = 30;
         Random.seed(Seed * 100'003U + static_cast<unsigned>(number));
-        int left = Draw(120);  // the sum of the weights
+        int left = Draw(115);  // the sum of the weights
         const Action* drawn = Actions;
         while ((left -= std::get<int>(*drawn)) >= 0) ++drawn;
         const auto& [weight, name, act] = *drawn;
         Done.push_back(std::to_string(number) + ' ' + Situation() + ": " + name + ':');
-        if (Done.size() > remembered) Done.pop_front();
+        if (Done.size() > 30) Done.pop_front();
         if (!Judge.Plugged && Chance(20)) Plug();
         if (Chance(15)) SetFaults({});
         (this->*act)();
-        QTest::qWait(Pick({0, 0, 1, 3, 8}));
+        QTest::qWait(Chance(4) ? Pick({20, 50, 100, 200, 400}) : Pick({0, 0, 1, 3, 8}));
         return Judge.Judge();
     }
 
@@ -90,8 +76,7 @@ class Operator {
         return Panel.ShownOn() ? "on" : Panel.Seen("Rem_Loc");
     }
 
-    // As the mouse and the keyboard do it: nothing covered is reached, and the keys have their
-    // window.
+    // As the mouse and the keyboard do it: nothing covered is reached.
     void Click(QWidget* control, std::optional<QPoint> at = {}, bool twice = false) {
         const QPoint place = control == nullptr ? QPoint() : at.value_or(control->rect().center());
         if (control == nullptr || !control->visibleRegion().contains(place)) return;
@@ -247,13 +232,6 @@ class Operator {
         }
     }
 
-    // The link goes first: nobody must open what takes the name of the terminal next.
-    void Replug() {
-        Judge.Plugged = false;
-        Panel.Link().Point(Nowhere);
-        Panel.Line().Unplug();
-        if (Chance(50)) Plug();
-    }
     void Plug() {
         Panel.Line().Plug();
         Panel.Link().Point(Panel.Line().DeviceName());
@@ -262,7 +240,8 @@ class Operator {
 
     void BreakLine() {
         simulator::Faults faults;
-        const int kind = Draw(7);
+        const int kind = Draw(10);
+        if (kind > 6) return Unplug();
         if (kind == 0) faults.Drop = 0.4;
         if (kind == 1 && Panel.Run.Settings() == nullptr) faults.Garble = 0.4;
         if (kind == 2) faults.Split = 0.5;
@@ -271,6 +250,13 @@ class Operator {
         faults.Silent = kind == 5;
         faults.Refuse = kind == 6;
         SetFaults(faults);
+    }
+    // The link goes first: nobody must open what takes the name of the terminal next.
+    void Unplug() {
+        Judge.Plugged = false;
+        Panel.Link().Point(Nowhere);
+        Panel.Line().Unplug();
+        if (Chance(50)) Plug();
     }
     // The replies that are still under way belong to frames of before.
     void SetFaults(const simulator::Faults& faults) {
@@ -333,15 +319,18 @@ class Operator {
         if (!Panel.ShownOn()) return Panel.Click("cmdOUTPUT");
     }
 
-    void Wait() { QTest::qWait(Pick({20, 50, 100, 200, 400})); }
-
-    SeenPanel Panel;
+    // Different ratings everywhere: what is shown tells whose they are.
+    SeenPanel Panel{{{}, {.Address = 30, .Volts = 20, .Amps = 5}}};
+    simulator::Line SecondLine{{{.Address = 1, .Volts = 40, .Amps = 2}}};
+    simulator::PortLink Second{2, SecondLine.DeviceName()};
+    simulator::PortLink Absent{3, Nowhere};
+    Oracle Judge{Panel, {{1, &Panel.Line()}, {2, &SecondLine}}};
+    // Ratings that come garbled can't be told from good ones: the settings get a good line.
+    EventWatch Watch{[this](QObject& watched, const QEvent& event) {
+        const bool settings = &watched == Panel.Run.Settings();
+        if (settings && event.type() == QEvent::Show) Panel.Line().SetFaults({});
+    }};
     QWidget Elsewhere;  // a window of another program
-    simulator::Line SecondLine;
-    simulator::PortLink Second;
-    simulator::PortLink Absent;
-    Oracle Judge;
-    EventWatch Watch;
     const unsigned Seed;
     std::mt19937 Random;
     int BoxesUp = 0;
@@ -357,12 +346,10 @@ inline const Operator::Action Operator::Actions[] = {
     {13, "from outside", &Operator::ActFromOutside},
     {5, "change windows", &Operator::ChangeWindows},
     {4, "close a window", &Operator::CloseWindow},
-    {1, "replug", &Operator::Replug},
-    {2, "break the line", &Operator::BreakLine},
+    {3, "break the line", &Operator::BreakLine},
     {2, "trip", &Operator::Trip},
     {6, "choose another", &Operator::ChooseAnother},
     {2, "open the settings", &Operator::OpenSettings},
-    {12, "carry on", &Operator::CarryOn},
-    {5, "wait", &Operator::Wait}};
+    {12, "carry on", &Operator::CarryOn}};
 
 }  // namespace zps::tests

@@ -9,6 +9,7 @@
 #include "tests/support/panel.h"
 
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <map>
 
@@ -83,9 +84,8 @@ class Oracle {
     }
 
     static SupplyState SupplyAt(const simulator::Line& line, int address) {
-        for (const int one : line.Addresses()) {
-            if (one == address) return line.StateOf(address);
-        }
+        const auto all = line.Addresses();
+        if (std::ranges::count(all, address) > 0) return line.StateOf(address);
         SupplyState nobody;
         nobody.Options = {.Volts = 0, .Amps = 0};
         return nobody;
@@ -93,9 +93,8 @@ class Oracle {
 
     // The supply that the panel talks to, if its ratings are those that are shown.
     std::optional<SupplyState> RatedSupply() {
-        const auto line = Lines.find(Panel.Source().CommPort);
-        if (line == Lines.end()) return {};
-        const auto supply = SupplyAt(*line->second, Panel.Source().PowerAddr);
+        if (!Lines.contains(Panel.Source().CommPort)) return {};
+        const auto supply = SupplyAt(*Lines.at(Panel.Source().CommPort), Panel.Source().PowerAddr);
         if (RatingsOf(supply) != Panel.Seen("lblSPEC_VA")) return {};
         return supply;
     }
@@ -115,22 +114,21 @@ class Oracle {
         const auto commands = simulator::ParseCommands(bytes.subspan(3, bytes[2]));
         if (!commands) return Never(true, "a value beyond all ratings" + told);
         for (const auto& command : *commands) {
-            const std::string_view letters = "VCOTD";
-            if (letters.find(command.Letter) == std::string_view::npos) continue;
+            if (std::strchr("VCOTD", command.Letter) == nullptr) continue;
             const bool known = ratings == shown || ratings == HadRatings;
             Never(!known, "a value to a supply of other ratings" + told);
-            Never(known && !WithinRatings(command, supply), "a value beyond the ratings" + told);
+            const int count = command.Data[0] * 256 + command.Data[1];
+            Never(known && count > Limit(command.Letter, supply),
+                  "a value beyond the ratings" + told);
         }
     }
 
-    static bool WithinRatings(const simulator::Command& command, const SupplyState& supply) {
-        const int count = command.Data[0] * 256 + command.Data[1];
+    // What its two bytes may count at most. A time or slope too long is refused by the supply.
+    static double Limit(char letter, const SupplyState& supply) {
         const double volts = supply.Options.Volts * supply.VoltScale;
-        const double amps = supply.Options.Amps * supply.CurrScale;
-        if (command.Letter == 'V') return count <= std::lround(volts);
-        if (command.Letter == 'O') return count <= std::lround(volts * simulator::HeadroomShare);
-        // The supply itself refuses a time or slope that is too long.
-        return command.Letter != 'C' || count <= std::lround(amps);
+        if (letter == 'V') return volts + 0.5;
+        if (letter == 'O') return volts * simulator::HeadroomShare + 0.5;
+        return letter == 'C' ? supply.Options.Amps * supply.CurrScale + 0.5 : 0x10000;
     }
 
     // A step start polls once behind its own frame; more than that is polling.
@@ -209,9 +207,8 @@ class Oracle {
     static int OpensOf(const std::string& device) {
         int opens = 0;
         std::error_code gone;
-        for (const auto& one : std::filesystem::directory_iterator("/proc/self/fd", gone)) {
-            if (std::filesystem::read_symlink(one.path(), gone) == device) ++opens;
-        }
+        for (const auto& one : std::filesystem::directory_iterator("/proc/self/fd", gone))
+            opens += std::filesystem::read_symlink(one.path(), gone) == device ? 1 : 0;
         return opens;
     }
 
