@@ -249,6 +249,7 @@ class Operator {
         if (kind == 4) faults.Delay = std::chrono::milliseconds(20 + Draw(300));
         faults.Silent = kind == 5;
         faults.Refuse = kind == 6;
+        Say(QString::number(kind));
         SetFaults(faults);
     }
     // The link goes first: nobody must open what takes the name of the terminal next.

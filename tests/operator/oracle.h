@@ -200,7 +200,10 @@ class Oracle {
         const bool told =
             !(Panel.Control(label).toolTip() + Panel.Control(lamp).toolTip()).isEmpty();
         const bool agree = Panel.Lit(lamp, colour) == (Panel.Seen(label) == "ON");
-        NeverLong(!agree && !told, 1500ms, name + ": label and lamp");
+        const auto faults =
+            Lines.at(1)->PresentFaults();  // without a second report nothing is told
+        const bool heard = Plugged && !faults.Silent && faults.Drop + faults.Garble == 0;
+        NeverLong(heard && !agree && !told, 1500ms, name + ": label and lamp");
     }
 
     // How often this process has the device open.
