@@ -50,6 +50,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
         c.lblNOTICE->setText(objection);
         return;
     }
+    Parts.Line.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
     if (Around.Held.Refused(step).any()) {
         c.lblNOTICE->setText(QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있습니다.")
