@@ -20,6 +20,7 @@ std::optional<serial::PortError> PortWindow::OpenPort(std::int16_t number) {
         comPOWER->SetCommPort(number);
         comPOWER->SetPortOpen(true);
         Source.PortOpenedOn(comPOWER->Device());
+        Power.ConnectionChanged();
     } catch (const serial::PortError& error) {
         return error;
     }

@@ -24,6 +24,7 @@ TEST(Choice, OfAnAddressIdentifiesTheSupplyThereAndMadeInErrorCostsNothing) {
     const auto silence = LookOf(Reply::None);
     EXPECT_TRUE(WaitFor([&] { return Show(panel, silence, silence); }));
     EXPECT_FALSE(panel.Source().RatingsKnown());
+    EXPECT_EQ(panel.Text("lblSPEC_VA") + panel.Get<QLineEdit>("txtVOLT").text(), "--------");
     panel.Line().Otherwise(GoodSupply);
     for (const int address : {1, 7, 7}) {  // the same one again counts as a choice
         panel.Line().ForgetWritten();
@@ -33,6 +34,7 @@ TEST(Choice, OfAnAddressIdentifiesTheSupplyThereAndMadeInErrorCostsNothing) {
         EXPECT_TRUE(panel.Source().RatingsKnown());
         EXPECT_EQ(steps() == before, address == 1);
         EXPECT_EQ(panel.Get<QLineEdit>("txPVOLT_3").text(), address == 1 ? "12.50" : "0.000");
+        EXPECT_EQ(panel.Get<QLineEdit>("txtVOLT").text(), address == 1 ? "12.50" : "0.000");
         EXPECT_EQ(panel.Text("lblSPEC_VA"), address == 1 ? "150V/10A" : "20V/5A");
     }
     // Passing by other addresses with the keys asks none of them, however long one stays there.
