@@ -20,6 +20,7 @@ std::optional<serial::PortError> PortWindow::OpenPort(std::int16_t number) {
         comPOWER->SetCommPort(number);
         comPOWER->SetPortOpen(true);
         Source.PortOpenedOn(comPOWER->Device());
+        Power.ConnectionChanged();
     } catch (const serial::PortError& error) {
         return error;
     }
@@ -41,7 +42,7 @@ void PortWindow::Form_Unload() {
     hide();
     const auto error = Power.TakeBack();
     PortReturned(!error);
-    // The main window is free from here on, and the box below lets its commands run.
+    // Before the box below, which may be up for long: this window is to be gone by then.
     Q_EMIT Closed();
     if (error) Power.ReportPort(*error);
 }

@@ -51,6 +51,7 @@ struct POWER::Inside {
     ReadOuts Shown;
     EditLock Lock;
     FrameWatch Place;
+    QString Ratings;            // of the supply whose ratings were read last
     bool OvpUnderLoad = false;  // the list has been scrolled since the output went on
 
     Entries Fields;
@@ -230,6 +231,8 @@ std::optional<serial::PortError> POWER::TakeBack() {
 }
 
 void POWER::ConnectionChanged() {
+    const bool hidden = !Self->Parts.Source.RatingsKnown() && !Self->Ratings.isEmpty();
+    Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
     Self->Shown.Refresh();
 }
 
@@ -253,7 +256,8 @@ void POWER::ShowModel() {
 }
 
 void POWER::ShowRatings(const QString& ratings) {
-    Self->Controls.lblSPEC_VA->setText(ratings);
+    Self->Ratings = ratings;
+    ConnectionChanged();
 }
 
 void POWER::StepTableReset() {
@@ -261,7 +265,7 @@ void POWER::StepTableReset() {
     Self->Lock.ReleaseEditLock();
     Self->Rows.FillFields();
     Self->Rows.Highlight(0);
-    Self->Shown.Refresh();
+    Self->Shown.ShowStep(Self->Rows.CurStep());  // what it showed was of the supply before
     Self->Remote.SetRemoteControls(true);
 }
 

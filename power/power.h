@@ -44,7 +44,7 @@ class POWER : public QMainWindow {
     void ShowPanels(bool identified);
 
     void ShowModel();
-    void ShowRatings(const QString& ratings);
+    void ShowRatings(const QString& ratings);  // while they are known
     // Another address, port or device has been chosen: the ratings may be unknown now, or known
     // again.
     void ConnectionChanged();

@@ -143,8 +143,11 @@ void ProbeChain::comPOWER_OnComm() {
 Reply ProbeChain::Judge(const Bytes& reply) {
     const Reply result = JudgeReply(reply, Source.ReplyFlag, Source.PowerAddr, CheckByte::Wrapped);
     if (result != Reply::Data || !TellsUnknownRatings()) return result;
-    const RatingFields ratings = ReadRatingFields(std::span(reply).first<DataLength>());
-    return Usable(ratings) ? result : Reply::BadData;
+    const auto bytes = std::span(reply).first<DataLength>();
+    const RatingFields ratings = ReadRatingFields(bytes);
+    // With the output on the same bytes are a read-back.
+    const bool outputOn = (ReadDataReply(bytes).Status & status::Output) != 0;
+    return Usable(ratings) && !outputOn ? result : Reply::BadData;
 }
 
 bool ProbeChain::TellsUnknownRatings() const {

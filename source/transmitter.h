@@ -20,9 +20,6 @@ class Transmitter {
                 std::function<Clock::time_point()> now = &Clock::now)
         : Source(source), Line(port), Now(std::move(now)) {}
 
-    // Whether this window has the port now.
-    bool PortOpen() const { return Line.PortOpen(); }
-
     // Whether the reply to the last frame may still come: it is not handled yet, and no more than a
     // second old. One that is later is no reply to wait for.
     bool ReplyInProgress() const;

@@ -16,8 +16,6 @@ class FunctionSwitches {
     FunctionSwitches(PowerParts& parts, Commands& commands, std::function<void()> changed);
 
     bool AutoOn() const { return Flags[0].On; }
-    bool VsenseOn() const { return Flags[1].On; }
-    bool OcpOn() const { return Flags[2].On; }
 
     // The supply has its functions switched off.
     void Reset();

@@ -20,6 +20,7 @@ OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround
 }
 
 void OutputSwitch::cmdOUTPUT_Click() {
+    const auto deadline = serial::Clock::now() + ReplyInProgressLimit;  // boxes of entries count
     // The button undoes what the panel shows.
     const bool switchOn = !Around.Out.On() && !Around.Out.ShownOn();
     if (switchOn && !Around.Fields.Commit()) return;
@@ -27,7 +28,7 @@ void OutputSwitch::cmdOUTPUT_Click() {
     Around.Polls.Stop();
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
     if (switchOn)
-        SwitchOn();
+        SwitchOn(deadline);
     else
         SwitchOff();
 }
@@ -38,17 +39,18 @@ void OutputSwitch::SwitchOff() {
     Send(false);
 }
 
-void OutputSwitch::SwitchOn() {
+void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     const PowerControls& c = Parts.Controls;
     for (QLabel* counter : {c.lblZPS_ENQ, c.lblZPS_ERR, c.lblZPS_ERR1}) {
         counter->setText(QStringLiteral("0"));
     }
     Around.Lock.ReleaseEditLock();
-    const QString objection = WaitForReplyInProgress();
+    const QString objection = WaitForReplyInProgress(deadline);
     if (!objection.isEmpty()) {
         c.lblNOTICE->setText(objection);
         return;
     }
+    Parts.Line.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
     if (Around.Held.Refused(step).any()) {
         c.lblNOTICE->setText(QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있습니다.")
@@ -69,9 +71,9 @@ void OutputSwitch::Send(bool on) {
     Parts.Line.SendCommand(letter::Output, on ? 1 : 0);
 }
 
-QString OutputSwitch::WaitForReplyInProgress() {
-    const auto deadline = serial::Clock::now() + ReplyInProgressLimit;
+QString OutputSwitch::WaitForReplyInProgress(serial::Clock::time_point deadline) {
     const Output::Objections before = Around.Out.Objected();
+    const unsigned refusals = Around.Fields.RefusalCount();
     const auto done = [this] { return !Parts.Line.ReplyInProgress() && !Around.Start.UnderWay(); };
     {
         const Gate::Shut shut(Around.Door);
@@ -85,7 +87,7 @@ QString OutputSwitch::WaitForReplyInProgress() {
     }
     if (now.Refusals != before.Refusals)
         return QStringLiteral("전원 장치가 앞의 명령을 거부하여 출력을 켜지 않았습니다.");
-    if (Around.Fields.Open() != nullptr)
+    if (Around.Fields.RefusalCount() != refusals)
         return QStringLiteral("범위를 벗어난 입력이 있어 출력을 켜지 않았습니다.");
     if (serial::Clock::now() > deadline + Lateness)
         return QStringLiteral("1초 안에 켜지 못하여 출력을 켜지 않았습니다. 다시 누르십시오.");

@@ -38,9 +38,9 @@ class OutputSwitch {
   private:
     void cmdOUTPUT_Click();
     void SwitchOff();
-    void SwitchOn();
+    void SwitchOn(serial::Clock::time_point deadline);
     // Lets a reply in progress come. Empty, or why the output must not go on.
-    QString WaitForReplyInProgress();
+    QString WaitForReplyInProgress(serial::Clock::time_point deadline);
     void Send(bool on);
 
     PowerParts& Parts;

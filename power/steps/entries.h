@@ -32,6 +32,8 @@ class Entries {
 
     // The field that is entered, or null.
     EntryField* Open() const { return Entered; }
+    // How many entries have been refused since the start.
+    unsigned RefusalCount() const { return Refusals; }
     // The text that it had when it was entered, or was last accepted with.
     const std::string& TextBefore() const { return OldText; }
 

@@ -112,6 +112,22 @@ TEST_F(RunSequence, AStepThatIsMissingIsToldOnceAndStopsNothing) {
     EXPECT_EQ(Sent(), "UB1");
 }
 
+TEST_F(RunSequence, AStepThatIsMissingLetsTheOutputGoOnWithinASecondOfTheClick) {
+    Type(Steps, "01");
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Sent() + Texts(*this, {"lblNOTICE"}), "A1");
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    ASSERT_TRUE(Quiet());
+    Click("cmdOUTPUT");
+    ASSERT_TRUE(Quiet());
+    Type(Steps, "02");
+    Boxes.WhileUp = [](const Message&) { QTest::qWait(1200); };
+    Sent();
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Sent(), "");
+    EXPECT_TRUE(Text("lblNOTICE").contains("1초")) << Text("lblNOTICE").toStdString();
+}
+
 TEST_F(RunSequence, AnEmptyBoxSendsTheEmptySequenceToWhateverSupply) {
     Source().Forget();
     Get<QLineEdit>(Steps).setFocus();

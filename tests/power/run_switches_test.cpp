@@ -201,6 +201,18 @@ TEST_F(RunSwitches, AValueThatTheSupplyRefusedIsMarkedUntilItIsSentAgain) {
     EXPECT_EQ(Sent(), "");
 }
 
+TEST_F(RunSwitches, AStepWhoseAnswerStaysOutUntilTheOutputGoesOnIsNamed) {
+    Line().Answer({});
+    Click("cmdPREMOTE");
+    QTimer::singleShot(600, &Main(), [&] {
+        Line().Otherwise([](const Bytes&) { return Bytes{}; });
+        Line().Arrive(Acknowledged);  // the step starts 0.2 s later
+    });
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Sent(), "rUA1");
+    EXPECT_TRUE(Text("lblNOTICE").contains("단계 00")) << Text("lblNOTICE").toStdString();
+}
+
 TEST_F(RunSwitches, OutputOnWaitsForAStepStartOrCallsItOffAfterASecond) {
     Choose("mnuSET_MANU");
     ScriptedPanel::Run.Settings()->close();

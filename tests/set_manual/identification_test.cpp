@@ -55,6 +55,7 @@ TEST(Identification, IsDoneAnewForAnUnknownSupplyOnly) {
     EXPECT_TRUE(StaysQuiet(panel.Line()));
     panel.Line().Otherwise(
         [](const Bytes& block) { return block == Dle ? RatingsReply(33, 30) : Ack; });
+    EXPECT_EQ(panel.Text("lblSPEC_VA") + panel.Get<QLineEdit>("txtVOLT").text(), "--------");
     panel.Choose("mnuSET_MANU");
     EXPECT_TRUE(WaitFor([&] { return panel.Source().RatingsKnown(); }));
     EXPECT_EQ(panel.Text("lblSPEC_VA"), "3V/3A");

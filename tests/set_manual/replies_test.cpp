@@ -27,6 +27,7 @@ std::vector<Piece> Pieces(const Bytes& reply) {
 
 const Bytes Ratings = RatingsReply(1500, 100);
 const Bytes WrongHeader{1, 2, 8, 64, 0, 5, 220, 0, 0, 0, 100, 0, 0, 0};
+const Bytes ReadBackUnderLoad{1, 2, 9, 68, 0, 0, 0x2F, 0x44, 0, 0x27, 0x10, 0, 0, 0};
 const Bytes HighestRatings = RatingsReply(60123, 65534);
 
 struct ReplyCase {
@@ -51,6 +52,7 @@ const ReplyCase ReplyCases[]{
     {"NoAmperes", Always(RatingsReply(1500, 0), 3), "1114", 150ms, Reply::BadData},
     {"TooManyVolts", Always(RatingsReply(60124, 100), 3), "1114", 150ms, Reply::BadData},
     {"TooManyAmperes", Always(RatingsReply(1500, 65535), 3), "1114", 150ms, Reply::BadData},
+    {"ReadBackUnderLoad", Always(ReadBackUnderLoad, 3), "1114", 150ms, Reply::BadData},
     {"HighestRatings", After(3, {{{HighestRatings}}}), "1111", 0ms, Reply::Data},
     {"DataAtLast", After(3, {{}, {{Ack}}, {{{1}}}, {{Ratings}}}), "1114", 450ms, Reply::Data},
     {"LostNowAndThen",
