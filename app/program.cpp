@@ -2,6 +2,7 @@
 
 #include "about/about.h"
 #include "controls/panel_style.h"
+#include "controls/shortcuts.h"
 #include "controls/spoken_labels.h"
 #include "controls/window_stack.h"
 #include "test/test.h"
@@ -111,6 +112,7 @@ void DressApplication() {
     SpeakKorean();
     SpeakLabels();
     SpeakPortWindows();
+    IgnoreHeldKeys();
 }
 
 }  // namespace zps

@@ -88,6 +88,11 @@ void EntryField::mousePressEvent(QMouseEvent* event) {
     if (WholeByMouse) selectAll();
 }
 
+// The wheel is turned over the fields: pressing it by mistake must not paste into one.
+void EntryField::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton) QLineEdit::mouseReleaseEvent(event);
+}
+
 void EntryField::mouseMoveEvent(QMouseEvent* event) {
     if (!WholeByMouse) QLineEdit::mouseMoveEvent(event);
 }

@@ -1,9 +1,52 @@
 #include "controls/shortcuts.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QShortcut>
 
 namespace zps {
+
+namespace {
+
+bool IsCommand(int key) {
+    const bool function = key >= Qt::Key_F1 && key <= Qt::Key_F35;
+    return function || key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+// On X11 a held key comes as releases and presses of one and the same time. The toolkit takes them
+// for new presses where it reads the two apart, which depends on the load.
+class HeldKeys : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        const QEvent::Type type = event->type();
+        const bool press = type == QEvent::KeyPress || type == QEvent::ShortcutOverride;
+        if (!press && type != QEvent::KeyRelease) return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (!press) {
+            Released = key.key();
+            At = key.timestamp();
+            return false;
+        }
+        const bool again = At != 0 && key.key() == Released && key.timestamp() == At;
+        if (!IsCommand(key.key()) || !(again || key.isAutoRepeat())) return false;
+        event->accept();  // an override that is accepted makes no shortcut
+        return true;
+    }
+
+  private:
+    int Released = 0;
+    quint64 At = 0;  // ms; 0: of an event that has no time
+};
+
+}  // namespace
+
+void IgnoreHeldKeys() {
+    QCoreApplication::instance()->installEventFilter(new HeldKeys(QCoreApplication::instance()));
+}
 
 // A shortcut of the button itself would be lost whenever its caption changes.
 void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what) {

@@ -14,4 +14,8 @@ void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what);
 // Whether the key of a button that has been given one does anything; the button stays as it is.
 void EnableKey(QAbstractButton& button, bool on);
 
+// A command's key that is held down (function keys, space, Enter) counts as pressed once, in every
+// window of the program: nothing switches to and fro under a finger or a book.
+void IgnoreHeldKeys();
+
 }  // namespace zps

@@ -18,9 +18,10 @@ FunctionSwitches::FunctionSwitches(PowerParts& parts, Commands& commands,
 
 void FunctionSwitches::Toggle(std::size_t place) {
     const Function& function = PlainFunction(place);
-    bool& on = Flags.at(place).On;
-    on = !on;
+    const bool on = !Flags.at(place).On;
+    Flags.at(place) = {.On = on};
     ShowAsked(Parts.Controls, function, on);
+    ShowDifference(Parts.Controls, function, false, false);
     Changed();
     Parts.Line.SendCommand(function.Letter, on ? 1 : 0);
 }

@@ -1,6 +1,7 @@
 // What a real desktop does around an entry that is not finished: menus, boxes, presses, the wheel.
 #include "tests/power/real_panel.h"
 
+#include <QClipboard>
 #include <QMenuBar>
 
 namespace zps::tests {
@@ -89,6 +90,12 @@ TEST_F(Desk, SequenceAndCountAreSentBeforeWhatIsDoneBehindTheMenuBar) {
 }
 
 TEST_F(Desk, TheWheelOverTheRowsScrollsTheListAndABoxLeavesNoPressOnItsBar) {
+    // Pressed by mistake while it is turned, the wheel pastes nothing.
+    const QString before = Field("txPVOLT", 0).text();
+    QApplication::clipboard()->setText("9", QClipboard::Selection);
+    ClickOn(Field("txPVOLT", 0), 2);
+    EXPECT_FALSE(WaitFor([&] { return Field("txPVOLT", 0).text() != before; }, 300ms));
+    EXPECT_TRUE(Field("txPVOLT", 0).hasFocus());
     const QString volts = Field("txPVOLT", 2).text();
     ClickOn(Field("txPVOLT", 2), 5);
     EXPECT_TRUE(WaitFor([&] { return Bar().value() > 0; }));

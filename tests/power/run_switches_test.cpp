@@ -177,6 +177,11 @@ TEST_F(RunSwitches, WhatTheSupplyReportsOtherwiseThanAskedIsMarkedFromTheSecondP
     ASSERT_TRUE(Handled(Reading(4 + 32)));
     EXPECT_EQ(label.toolTip(), "");
     EXPECT_EQ(Lit("OCPLED"), BrightGreen);
+    ASSERT_TRUE(Handled(Reading(4)) && Handled(Reading(4)));
+    EXPECT_NE(label.toolTip(), "");
+    Click("cmdOUTPUT");
+    Click("cmdOCP");  // what was reported says nothing of what is asked now
+    EXPECT_EQ(label.toolTip(), "");
 }
 
 TEST_F(RunSwitches, AValueThatTheSupplyRefusedIsMarkedUntilItIsSentAgain) {
