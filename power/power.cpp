@@ -94,8 +94,9 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
-      OutputButton(Parts, Ways,
-                   {Door, Fields, Out, Start, Polls, Shown, Lock, Rows, Held, Log, around.Loop}),
+      OutputButton(
+          Parts, Ways,
+          {Door, Fields, Out, Start, Polls, Shown, Lock, Rows, Held, Log, around.Loop, Time}),
       Sequence(Parts, Fields),
       Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log}) {
     source.Rows = &Rows;
@@ -207,7 +208,7 @@ void POWER::OpenOther(void (POWER::*wanted)()) {
 }
 
 void POWER::HandOver() {
-    Self->Controls.cmdFOCUS->setFocus();  // what a closing message has given it to
+    Self->Fields.Commit();  // the sequence box may have the focus again, with unsent steps
     Self->EndExchanges();
     Self->Line.AwaitOutstanding();
     Self->Parts.Source.MenuDialogFlag = true;

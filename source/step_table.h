@@ -34,6 +34,7 @@ class StepTable {
     // The supply holds the step's present values, as far as its answers tell.
     bool StepFlag(int step) const { return Flags.test(static_cast<std::size_t>(step)); }
 
+  protected:
     void Store(StepValue value, int step, const std::string& text, Bytes wire);
 
   private:

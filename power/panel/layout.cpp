@@ -60,6 +60,8 @@ QWidget* MakeIdentity(PowerControls& controls) {
     row->addWidget(controls.lblSPEC_VA);
     controls.lblNOTICE = MakeLabel(QStringLiteral("lblNOTICE"), {}, QStringLiteral("알림"));
     controls.lblNOTICE->setAlignment(Qt::AlignCenter);
+    controls.lblNOTICE->setWordWrap(true);
+    Enlarge(*controls.lblNOTICE, 1.1);
     // However long its text is, it moves nothing.
     controls.lblNOTICE->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(controls.lblNOTICE, 1);

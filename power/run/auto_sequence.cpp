@@ -47,7 +47,11 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), F
     sequence.GotFocus = [this] { Told.clear(); };
     sequence.Change = [this] { txtPAUTOSTEP_Change(); };
     sequence.KeyPress = [this](QChar key) { txtPAUTOSTEP_KeyPress(key); };
-    sequence.LostFocus = sequence.Committed = [this] { txtPAUTOSTEP_LostFocus(); };
+    sequence.LostFocus = [this] { txtPAUTOSTEP_LostFocus(); };
+    sequence.Committed = [this] {
+        Told.clear();
+        txtPAUTOSTEP_LostFocus();
+    };
     Fields.Connect(*Parts.Controls.txtPAUTOSTEP, std::move(sequence));
     Entries::Rules count;
     count.LostFocus = count.Committed = [this] { txtPAUTOCOUNT_LostFocus(); };

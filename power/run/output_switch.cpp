@@ -10,13 +10,15 @@ using namespace std::chrono_literals;
 
 namespace {
 constexpr auto ReplyInProgressLimit = 1s;
+constexpr auto OffAnswerLimit = 1s;
 constexpr auto Lateness = 100ms;  // more than a wait may overrun by itself
 }  // namespace
 
 OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround& around)
-    : Parts(parts), Around(around) {
+    : Parts(parts), Around(around), tmrOFF(around.Time.MakeTicker("tmrOFF", OffAnswerLimit)) {
     commands.Connect(
         *Parts.Controls.cmdOUTPUT, [this] { cmdOUTPUT_Click(); }, Commands::OpenEntry::LeaveOpen);
+    tmrOFF->OnTick([this] { tmrOFF_Timer(); });
 }
 
 void OutputSwitch::cmdOUTPUT_Click() {
@@ -24,7 +26,6 @@ void OutputSwitch::cmdOUTPUT_Click() {
     // The button undoes what the panel shows.
     const bool switchOn = !Around.Out.On() && !Around.Out.ShownOn();
     if (switchOn && !Around.Fields.Commit()) return;
-    Parts.Controls.lblNOTICE->clear();
     Around.Polls.Stop();
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
     if (switchOn)
@@ -36,10 +37,25 @@ void OutputSwitch::cmdOUTPUT_Click() {
 void OutputSwitch::SwitchOff() {
     Around.Out.WentOff();
     Around.Shown.ShowStep(Around.Rows.CurStep());
+    RefusalsBeforeOff = Around.Out.Objected().Refusals;
     Send(false);
+    tmrOFF->Restart();
+}
+
+// Nothing is polled any more that would show the output on: whoever stands before the supply must
+// hear that it may be.
+void OutputSwitch::tmrOFF_Timer() {
+    tmrOFF->SetEnabled(false);
+    const bool unanswered = Parts.Source.RxBusy;  // a later frame has waited for its own answer
+    const bool refused = Around.Out.Objected().Refusals != RefusalsBeforeOff;
+    if (Around.Out.On() || (!unanswered && !refused)) return;
+    Parts.Controls.lblNOTICE->setText(
+        refused ? QStringLiteral("전원 장치가 출력 끄기를 거부했습니다. 본체에서 확인하십시오.")
+                : QStringLiteral("출력 끄기에 응답이 없습니다. 본체에서 확인하십시오."));
 }
 
 void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
+    tmrOFF->SetEnabled(false);
     const PowerControls& c = Parts.Controls;
     for (QLabel* counter : {c.lblZPS_ENQ, c.lblZPS_ERR, c.lblZPS_ERR1}) {
         counter->setText(QStringLiteral("0"));
@@ -53,8 +69,9 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     Parts.Line.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
     if (Around.Held.Refused(step).any()) {
-        c.lblNOTICE->setText(QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있습니다.")
-                                 .arg(QString::fromStdString(FormatStep(step))));
+        c.lblNOTICE->setText(
+            QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있는 채로 출력을 켰습니다.")
+                .arg(QString::fromStdString(FormatStep(step))));
     }
     Around.Out.WentOn();
     Around.Log.Restart(c.txtSTEP->text());

@@ -13,6 +13,9 @@
 #include "power/steps/edit_lock.h"
 #include "power/steps/step_list.h"
 #include "serial/event_loop.h"
+#include "source/timekeeper.h"
+
+#include <memory>
 
 namespace zps {
 
@@ -32,12 +35,14 @@ class OutputSwitch {
         HeldSteps& Held;
         MeasurementLog& Log;
         serial::EventLoop& Loop;
+        Timekeeper& Time;
     };
     OutputSwitch(PowerParts& parts, Commands& commands, const Surround& around);
 
   private:
     void cmdOUTPUT_Click();
     void SwitchOff();
+    void tmrOFF_Timer();
     void SwitchOn(serial::Clock::time_point deadline);
     // Lets a reply in progress come. Empty, or why the output must not go on.
     QString WaitForReplyInProgress(serial::Clock::time_point deadline);
@@ -45,6 +50,8 @@ class OutputSwitch {
 
     PowerParts& Parts;
     Surround Around;
+    std::unique_ptr<Ticker> tmrOFF;  // the answer to switching off is due by its tick
+    int RefusalsBeforeOff = 0;
 };
 
 }  // namespace zps

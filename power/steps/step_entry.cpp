@@ -61,9 +61,11 @@ void StepEntry::Field_Committed(const StepField& kind, int row) {
     const EntryField& field = FieldOf(kind, row);
     if (field.text().toStdString() != Around.Fields.TextBefore()) {
         if (Take(kind, row)) Around.Fields.Accept(field);
-    } else if (field.Refused() && Around.Rows.StepOf(row) == Around.Rows.CurStep()) {
-        SendAgain(kind);
+        return;
     }
+    const int step = Around.Rows.StepOf(row);
+    const bool refused = (Around.Held.Refused(step) & Only(kind.Value)).any();
+    if (refused && step == Around.Rows.CurStep()) Send(kind);
 }
 
 bool StepEntry::Take(const StepField& kind, int row) {
@@ -100,19 +102,15 @@ void StepEntry::Store(const StepField& kind, int row, const std::string& text) {
 void StepEntry::Send(const StepField& kind) {
     if (!Parts.Source.RatingsKnown()) return;
     const int step = Around.Rows.CurStep();
+    const int address = Parts.Source.PowerAddr;
+    const Bytes& wire = Parts.Source.Wire(kind.Value, step);
     if (kind.StopsPolling) Around.Polls.Stop();
-    Around.Held.Send(
-        step, Only(kind.Value),
-        ValueFrame(Parts.Source.PowerAddr, kind.Value, Parts.Source.Wire(kind.Value, step)));
-}
-
-void StepEntry::SendAgain(const StepField& kind) {
-    const int step = Around.Rows.CurStep();
-    if (!Parts.Source.RatingsKnown() || Around.Held.IsAt(step)) return Send(kind);
-    if (kind.StopsPolling) Around.Polls.Stop();
-    Around.Held.Select(step, Only(kind.Value),
-                       SelectingValueFrame(Parts.Source.PowerAddr, step, kind.Value,
-                                           Parts.Source.Wire(kind.Value, step)));
+    if (Around.Held.IsAt(step)) {
+        Around.Held.Send(step, Only(kind.Value), ValueFrame(address, kind.Value, wire));
+    } else {  // alone it would go to the step that the supply is at, perhaps onto a live output
+        Around.Held.Select(step, Only(kind.Value),
+                           SelectingValueFrame(address, step, kind.Value, wire));
+    }
 }
 
 }  // namespace zps

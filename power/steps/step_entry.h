@@ -38,8 +38,6 @@ class StepEntry {
     bool Take(const StepField& kind, int row);
     void Store(const StepField& kind, int row, const std::string& text);
     void Send(const StepField& kind);
-    // The same for a value that was refused, also to a supply that may be at another step.
-    void SendAgain(const StepField& kind);
     EntryField& FieldOf(const StepField& kind, int row) const;
 
     PowerParts& Parts;

@@ -153,6 +153,20 @@ TEST_F(RunSwitches, AnObjectionDuringTheWaitCallsTheSwitchingOnOffAndALineSaysWh
     EXPECT_TRUE(Text("lblNOTICE").contains("1초"));
 }
 
+TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
+    for (const auto& [answer, words] : {std::pair{Bytes{}, "응답이 없습니다"},
+                                        {Bytes{1, 21, 22}, "거부했습니다"},
+                                        {Acknowledged, ""}}) {
+        ASSERT_TRUE(SwitchOn());
+        Line().Answer(answer);
+        Click("cmdOUTPUT");
+        const auto told = [&] { return !Text("lblNOTICE").isEmpty(); };
+        EXPECT_EQ(WaitFor(told, 1300ms), *words != 0);
+        EXPECT_TRUE(Text("lblNOTICE").contains(words));
+        EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+    }
+}
+
 TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
     Enter(*this, "txPVOLT_0", "50");
     ASSERT_TRUE(Quiet() && SwitchOn() && Handled(Reading(4 + 192)));
