@@ -108,6 +108,8 @@ TEST_F(HoldingSteps, TheAnswerIsHeardBeforeTheNextFrameWhichSaysNothingAboutTheS
 }
 
 TEST_F(HoldingSteps, EachChangeIsToldAndAClosedPortOrAnotherTableLeavesNoMark) {
+    Give(2, AllValues());
+    Marks.clear();
     Give(1, AllValues());
     Held.Changed(1, StepValue::Ovp);
     Give(1, Only(StepValue::Ovp));
@@ -122,12 +124,13 @@ TEST_F(HoldingSteps, EachChangeIsToldAndAClosedPortOrAnotherTableLeavesNoMark) {
     Line->Answer({});
     Send(1, Only(StepValue::Volt));
     Held.Forget();
-    EXPECT_FALSE(Held.IsAt(1));
+    EXPECT_FALSE(Held.IsAt(1) || Source.StepFlag(2));
     Time.Pass(2s);
     EXPECT_EQ(Marks, "111000");
     EXPECT_TRUE(Held.Refused(1).none());
+    Held.Select(1, {}, SelectStepFrame(1, 1));
     Give(1, Only(StepValue::Volt));
-    EXPECT_FALSE(Source.StepFlag(1));
+    EXPECT_TRUE(Held.IsAt(1) && !Source.StepFlag(1));
 }
 
 TEST_F(HoldingSteps, AValueCountsForNoStepWhileTheSupplyMayBeAtAnotherOne) {
@@ -149,6 +152,18 @@ TEST_F(HoldingSteps, AValueCountsForNoStepWhileTheSupplyMayBeAtAnotherOne) {
     Held.Select(2, Only(StepValue::Curr), SelectingValueFrame(1, 2, StepValue::Curr, {1, 2}));
     Time.Pass(1ms);
     EXPECT_TRUE(Source.StepFlag(2) && Held.IsAt(2));
+    for (const int step : {1, 2}) {
+        Line->Answer(Refused);
+        Held.Select(step, {}, SelectStepFrame(1, step));
+        Time.Pass(1ms);
+    }
+    Give(2, Only(StepValue::Volt));
+    EXPECT_TRUE(Held.Refused(2).any());  // the refusals may have come from a spoilt line
+    Give(2, AllValues());
+    Line->AnswerInPieces({{Acknowledged, 60ms}});
+    Send(3, AllValues());
+    Give(3, Only(StepValue::Volt));
+    EXPECT_TRUE(Source.StepFlag(2) && Source.StepFlag(3));
 }
 
 }  // namespace

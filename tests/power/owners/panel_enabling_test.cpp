@@ -70,7 +70,7 @@ TEST(Enabling, AllowsInEachStateWhatItsRowSays) {
         {"irlos S1 H1 H3", "OLCSfro - BV - B"},
         {"irlos S1 H3", "OLCSfro - V - B"},
         {"irlosp S1 H1 H3", "OLCSfro - BVP - B"},
-        {"irlosk S1 H1 H3", "OLCro - BV - -"},
+        {"irlok S1 H1 H3", "OLCro - BV - -"},
         {"irloskp S1 H3", "OLCro - BVP - -"},
         {"irlosap S1 H1 H3", "OLCSfro - - - -"},
         {"irlosa", "OLCSfro - - - -"},
