@@ -128,9 +128,9 @@ TEST_F(HoldingSteps, EachChangeIsToldAndAClosedPortOrAnotherTableLeavesNoMark) {
     Time.Pass(2s);
     EXPECT_EQ(Marks, "111000");
     EXPECT_TRUE(Held.Refused(1).none());
-    Held.Select(1, {}, SelectStepFrame(1, 1));
-    Give(1, Only(StepValue::Volt));
-    EXPECT_TRUE(Held.IsAt(1) && !Source.StepFlag(1));
+    Held.Select(2, {}, SelectStepFrame(1, 2));
+    Give(2, Only(StepValue::Volt));
+    EXPECT_TRUE(Held.IsAt(2) && !Source.StepFlag(2));
 }
 
 TEST_F(HoldingSteps, AValueCountsForNoStepWhileTheSupplyMayBeAtAnotherOne) {
