@@ -61,12 +61,18 @@ TEST_F(RunSwitches, EachSwitchSendsItsStateAndShowsIt) {
 }
 
 TEST_F(RunSwitches, TheOutputGoesOffWhateverStandsInAFieldAndOnOnlyWithoutAnError) {
-    ASSERT_TRUE(Press("txPSTEP_1") && SwitchOn());
-    Type("txPVOLT_1", "151");
-    Sent();
-    for (const auto key : {Qt::Key_F6, Qt::Key_F7, Qt::Key_F8, Qt::Key_F9})  // only the last
-        QTest::keyClick(&Get<QWidget>("txPVOLT_1"), key);
-    EXPECT_EQ(Sent(), "A0");
+    const auto sentByAllKeys = [&] {
+        Type("txPVOLT_1", "151");
+        Sent();
+        for (const auto key : {Qt::Key_F5, Qt::Key_F6, Qt::Key_F7, Qt::Key_F8, Qt::Key_F9})
+            QTest::keyClick(&Get<QWidget>("txPVOLT_1"), key);
+        return Sent();
+    };
+    ASSERT_TRUE(Press("txPSTEP_1"));
+    EXPECT_EQ(sentByAllKeys(), "");
+    QTest::keyClick(&Get<QWidget>("txPVOLT_1"), Qt::Key_Escape);
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_EQ(sentByAllKeys(), "A0");
     EXPECT_TRUE(Boxes.Shown.empty());
     const auto setValues = Source().StepVolt(1) + " " + Source().StepCurr(1);
     EXPECT_EQ(Texts(*this, {"Output_ONOFF", "txtVOLT", "txtCURR"}), "OFF " + setValues);
