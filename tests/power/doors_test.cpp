@@ -6,7 +6,6 @@
 
 #include <QAccessible>
 #include <QMenuBar>
-#include <QScrollBar>
 
 namespace zps::tests {
 namespace {
@@ -15,7 +14,8 @@ class Doors : public ScriptedRun {
   protected:
     EntryField& Volt() { return Get<EntryField>("txPVOLT_0"); }
     // As Alt does, and a menu that was opened by key and left again.
-    void GoByMenuBar() {
+    void TypeAndGoByMenuBar(const char* text) {
+        Type("txPVOLT_0", text);
         Main().menuWidget()->setFocus(Qt::MenuBarFocusReason);
         EXPECT_FALSE(Volt().hasFocus());
     }
@@ -29,60 +29,39 @@ class Doors : public ScriptedRun {
         ASSERT_TRUE(button.isDown());
         ASSERT_TRUE(WaitFor([&] { return !button.isDown(); }));
     }
-    // What a person may do next, by whatever way, and what it sends.
-    struct Way {
-        std::function<void()> Do;
-        const char* Sent;
-    };
-    std::vector<Way> Ways() {
-        return {{[&] { Click("cmdOCP"); }, "X1"},
-                {[&] { PressFromOutside(Get<QPushButton>("cmdOCP")); }, "X0"},
-                {[&] { Choose("mnuData_Clear"); }, ""},
-                {[&] { Click("txPSTEP_0"); }, ""},
-                {[&] { Get<QWidget>("MSFlexGrid1").setFocus(); }, ""},
-                {[&] { Get<QWidget>("txPCURR_0").setFocus(); }, ""},
-                {[&] { Main().close(); }, ""},
-                {[&] { Click("cmdOUTPUT"); }, "A1"}};
-    }
 };
 
-TEST_F(Doors, AnEntryLeftByWayOfTheMenuBarIsCommittedBeforeAnythingElseIsDone) {
-    int digit = 0;
-    for (const auto& way : Ways()) {
-        const std::string volts = "1." + std::to_string(++digit);
-        Type("txPVOLT_0", QString::fromStdString(volts));
-        GoByMenuBar();
-        Sent();
-        way.Do();
-        EXPECT_EQ(Source().StepVolt(0), volts + "0");
-        EXPECT_EQ(Sent(), std::string("V0") + way.Sent);
-        ASSERT_TRUE(Quiet());
-    }
-}
-
-TEST_F(Doors, AnEntryInErrorLeftByWayOfTheMenuBarLetsNothingHappen) {
-    for (const bool outside : {false, true}) {
-        for (const auto& way : Ways()) {
-            SCOPED_TRACE(way.Sent);
+TEST_F(Doors, AnEntryIsJudgedBeforeWhateverIsDoneBehindTheMenuBarWhichAnErrorStops) {
+    const std::pair<std::function<void()>, const char*> ways[]{
+        {[&] { Click("cmdOCP"); }, "X1"},
+        {[&] { PressFromOutside(Get<QPushButton>("cmdOCP")); }, "X0"},
+        {[&] { Choose("mnuData_Clear"); }, ""},
+        {[&] { Click("txPSTEP_0"); }, ""},
+        {[&] { Get<QWidget>("MSFlexGrid1").setFocus(); }, ""},
+        {[&] { Get<QWidget>("txPCURR_0").setFocus(); }, ""},
+        {[&] { Main().close(); }, ""},
+        {[&] { Click("cmdOUTPUT"); }, "A1"}};
+    std::string volts = "0.00";
+    for (const auto& [act, sent] : ways) {
+        SCOPED_TRACE(volts + sent);
+        for (const bool outside : {false, true}) {
             Boxes.Shown.clear();
-            if (outside) {
-                SetFromOutside(Volt(), "151");
-                EXPECT_TRUE(Volt().hasFocus());
-            } else {
-                Type("txPVOLT_0", "151");
-                GoByMenuBar();
-            }
-            way.Do();
+            outside ? SetFromOutside(Volt(), "151") : TypeAndGoByMenuBar("151");
+            act();
             EXPECT_EQ(Boxes.Shown.size(), 1U);
             EXPECT_EQ(Boxes.LastTitle(), "VOLTAGE 설정 오류");
             EXPECT_TRUE(Volt().hasFocus());
             EXPECT_EQ(Sent(), "");
             QTest::keyClick(&Volt(), Qt::Key_Escape);
-            EXPECT_EQ(Volt().text(), "0.00");
+            EXPECT_EQ(Volt().text().toStdString(), volts);
         }
+        ++volts[3];
+        TypeAndGoByMenuBar(volts.c_str());
+        act();
+        EXPECT_EQ(Source().StepVolt(0), volts);
+        EXPECT_EQ(Sent(), std::string("V0") + sent);
+        ASSERT_TRUE(Quiet());
     }
-    Leave();
-    EXPECT_EQ(Sent(), "");
 }
 
 TEST_F(Doors, TextFromOutsideIsAnEntryOnlyWhereAPersonCouldTypeIt) {
@@ -98,30 +77,22 @@ TEST_F(Doors, TextFromOutsideIsAnEntryOnlyWhereAPersonCouldTypeIt) {
     Boxes.WhileUp = [&](const Message&) { SetFromOutside(Volt(), "7"); };
     Choose("mnuData_Clear");
     Boxes.WhileUp = {};
-    Boxes.Shown.clear();
-    EXPECT_EQ(Volt().text(), "12.00");
     SetFromOutside(Get<QWidget>("txPVOLT_3"), "7");  // not the selected row
     EXPECT_EQ(Get<QLineEdit>("txPVOLT_3").text(), "0.00");
     Choose("mnuTEST");
     SetFromOutside(Volt(), "7");
     EXPECT_EQ(Volt().text(), "12.00");
-    for (const char* menu : {"mnuSET_MANU", "mnuData_Clear", "mnuPROGRAM_END", "mnuHELP"}) {
-        Choose(menu);
-    }
-    EXPECT_TRUE(Boxes.Shown.empty());
-    EXPECT_EQ(ScriptedPanel::Run.Settings(), nullptr);
     EXPECT_EQ(Sent(), "");
 }
 
 TEST_F(Doors, AClickIntoAFieldSelectsItsWholeTextAndASecondOnePlacesTheCursor) {
-    const auto at = [&](int x) { return QPoint(x, Volt().height() / 2); };
-    QTest::mouseClick(&Volt(), Qt::LeftButton, {}, at(8));
-    EXPECT_EQ(Volt().selectedText(), "0.00");
-    QTest::mouseClick(&Volt(), Qt::LeftButton, {}, at(8));
-    EXPECT_EQ(Volt().selectedText(), "");
+    const QPoint place(8, Volt().height() / 2);
+    for (const char* selected : {"0.00", ""}) {
+        QTest::mouseClick(&Volt(), Qt::LeftButton, {}, place);
+        EXPECT_EQ(Volt().selectedText(), selected);
+    }
     Leave();
-    QTest::mouseDClick(&Volt(), Qt::LeftButton, {}, at(8));
-    EXPECT_EQ(Volt().selectedText(), "0.00");
+    QTest::mouseDClick(&Volt(), Qt::LeftButton, {}, place);
     QTest::keyClicks(&Volt(), "12");
     EXPECT_EQ(Volt().text(), "12");
 }
@@ -136,11 +107,18 @@ TEST_F(Doors, ASupplyOfUnknownRatingsIsShownNoNumberAndGetsNone) {
     ASSERT_TRUE(Handled(Reading(4)));
     EXPECT_EQ(Texts(*this, {"txtVOLT", "txtCURR"}), "---- ----");
     EXPECT_EQ(rows(), before);
-    Click("cmdOUTPUT");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Press("cmdOUTPUT"));
     Sent();
+    const std::function<void()> ways[]{[&] { Enter("txPTIME_0", "1"); },
+                                       [&] { Click("txPSTEP_1"); }};
+    for (const auto& way : ways) {
+        way();
+        EXPECT_TRUE(Boxes.LastText().contains("설정 > ZPS설정 > DATA 확인"));
+        EXPECT_EQ(std::exchange(Boxes.Shown, {}).size(), 1U);
+    }
+    EXPECT_EQ(Texts(*this, {"txPTIME_0", "txtSTEP"}), "0.00000 03");
     Click("cmdPREMOTE");
-    EXPECT_FALSE(WaitFor([&] { return Line().Written().size() > 1; }, 600ms));
+    EXPECT_FALSE(AreSent(2, 600ms));
     EXPECT_EQ(Sent(), "r");
     EXPECT_EQ(Texts(*this, {"txtVOLT", "txtCURR"}), "---- ----");
     Source().ReadFrom(1, Line().Folder + "1");

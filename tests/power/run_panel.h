@@ -24,11 +24,6 @@ inline std::string Texts(Panel& panel, std::initializer_list<const char*> contro
     return texts.join(' ').toStdString();
 }
 
-inline void Enter(Panel& panel, const char* field, const char* text) {
-    panel.Type(field, QString::fromUtf8(text));
-    panel.Leave();
-}
-
 // The supply has 150 V, 2 A and address 1. It answers a poll with `Data` and anything else with an
 // acknowledgement, unless the test has put another answer on the line.
 class ScriptedRun : public testing::Test, protected ScriptedPanel {
@@ -52,7 +47,13 @@ class ScriptedRun : public testing::Test, protected ScriptedPanel {
     bool Quiet() {
         return WaitFor([&] { return !Source().RxBusy; });
     }
+    // Clicks a button and waits until the supply has answered.
+    bool Press(const char* button) { return Click(button), Quiet(); }
     bool SwitchOn() { return Click("cmdOUTPUT"), Handled(Reading(4)); }
+    void Enter(const char* field, const char* text) {
+        Type(field, QString::fromUtf8(text));
+        Leave();
+    }
     // A data reply of 12.1 V, 0.1 A and step 3.
     static Bytes Reading(int status, std::uint8_t code = 0) {
         const auto bits = static_cast<std::uint8_t>(status);
@@ -73,6 +74,9 @@ class ScriptedRun : public testing::Test, protected ScriptedPanel {
         return all;
     }
     Bytes LastFrame() { return Line().WrittenData().back(); }
+    bool AreSent(std::size_t frames, std::chrono::milliseconds limit = 5s) {
+        return WaitFor([&] { return Line().Written().size() >= frames; }, limit);
+    }
     Colour Lit(const char* lamp) { return Get<Lamp>(lamp).Lit(); }
 
     const Bytes Acknowledged{1, 6, 7};

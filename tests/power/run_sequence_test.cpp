@@ -13,14 +13,14 @@ constexpr const char* Count = "txtPAUTOCOUNT";
 
 class RunSequence : public ScriptedRun {
   protected:
-    void Press(int key, const char* text, Qt::KeyboardModifiers modifiers = {}) {
+    void PressKey(int key, const char* text, Qt::KeyboardModifiers modifiers = {}) {
         QTest::sendKeyEvent(QTest::Click, &Get<QLineEdit>(Steps), Qt::Key(key), text, modifiers);
     }
     // Pastes `text`, which no key press check sees, and leaves the box.
-    void Paste(const char* text) {
+    void Paste(const QString& text) {
         Type(Steps, {});
         QGuiApplication::clipboard()->setText(text);
-        Press(Qt::Key_V, "v", Qt::ControlModifier);
+        PressKey(Qt::Key_V, "v", Qt::ControlModifier);
         Leave();
     }
     // Title, text and icon of the one message of an entry that was refused.
@@ -45,14 +45,14 @@ class RunSequence : public ScriptedRun {
 
 TEST_F(RunSequence, DigitsGetTheirSeparatorAndAnyOtherCharacterIsRefusedButStands) {
     Type(Steps, "1234");
-    Press(Qt::Key_Left, "");
-    Press(Qt::Key_Delete, "\x7f");
-    Press(Qt::Key_C, "c", Qt::ControlModifier);
+    PressKey(Qt::Key_Left, "");
+    PressKey(Qt::Key_Delete, "\x7f");
+    PressKey(Qt::Key_C, "c", Qt::ControlModifier);
     EXPECT_EQ(Texts(*this, {Steps}), "12>34>");  // deleted, and added again
     EXPECT_TRUE(Boxes.Shown.empty());
-    Press(Qt::Key_Backspace, "\b");
+    PressKey(Qt::Key_Backspace, "\b");
     EXPECT_EQ(Refusal(Steps), WrongStep);
-    Press(Qt::Key_X, "x");
+    PressKey(Qt::Key_X, "x");
     EXPECT_EQ(Texts(*this, {Steps}), "x");
 }
 
@@ -66,48 +66,43 @@ TEST_F(RunSequence, ASequenceThatIsNoneIsRefusedWithItsText) {
     }
 }
 
-TEST_F(RunSequence, TheSequenceIsSentStepByStep) {
+TEST_F(RunSequence, TheSequenceIsSentStepByStepAndAnEmptyOneToWhateverSupply) {
     for (const int step : {3, 7, 42}) {
         Get<QScrollBar>("vscAUTOSTEP").setValue(step);
-        Click("txPSTEP_0");
-        ASSERT_TRUE(Quiet());
+        ASSERT_TRUE(Press("txPSTEP_0"));
     }
+    const Bytes steps(253 - 1, 42);
     using Case = std::pair<QString, Bytes>;
-    Bytes longest(260, 42);
-    std::ranges::copy(Bytes{1, 2, 255, 27, 'B'}, longest.begin());
-    std::ranges::copy(Bytes{0xFF, 3, 185}, longest.end() - 3);
-    for (const auto& [text, frame] : {Case{"03>07>", {1, 2, 5, 27, 'B', 3, 7, 0xFF, 3, 113}},
-                                      Case{"", {1, 2, 3, 27, 'B', 0xFF, 3, 101}},
-                                      Case{QString("42>").repeated(253), longest}}) {
-        Paste(qPrintable(text));
+    for (const auto& [text, frame] :
+         {Case{"03>07>", Framed(1, {27, 'B', 3, 7, 0xFF})},
+          Case{QString("42>").repeated(253), Framed(1, Joined({{27, 'B'}, steps, {0xFF}}))}}) {
+        Paste(text);
         EXPECT_EQ(LastFrame(), frame);
         ASSERT_TRUE(Quiet());
     }
+    Source().Forget();
+    Paste({});
+    EXPECT_EQ(LastFrame(), (Bytes{1, 2, 3, 27, 'B', 0xFF, 3, 101}));
     EXPECT_TRUE(Boxes.Shown.empty());
 }
 
 TEST_F(RunSequence, AStepThatIsMissingIsToldOnceAndStopsNothing) {
     Type(Steps, "01");
-    Click("cmdOCP");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Press("cmdOCP"));
     EXPECT_EQ(Sent(), "X1");
     EXPECT_EQ(Refusal(Steps), Unsent);
-    Click("cmdPREMOTE");
-    ASSERT_TRUE(Quiet());
-    Click("cmdPREMOTE");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Press("cmdPREMOTE") && Press("cmdPREMOTE"));
     EXPECT_EQ(Sent(), "rl");
     Click("cmdPREMOTE");
-    ASSERT_TRUE(WaitFor([&] { return Line().Written().size() == 3; }) && Quiet());
+    ASSERT_TRUE(AreSent(3) && Quiet());
     Choose("mnuTEST");
     ASSERT_NE(ScriptedPanel::Run.Test(), nullptr);
     ScriptedPanel::Run.Test()->close();
     Sent();
     EXPECT_TRUE(Boxes.Shown.empty());
     Get<QLineEdit>(Steps).setFocus();
-    Click("txPSTEP_1");  // as the message asks for
+    ASSERT_TRUE(Press("txPSTEP_1"));  // as the message asks for
     EXPECT_EQ(Boxes.Shown.size(), 1U);
-    ASSERT_TRUE(Quiet());
     Leave();
     EXPECT_EQ(Sent(), "UB1");
 }
@@ -128,15 +123,6 @@ TEST_F(RunSequence, AStepThatIsMissingLetsTheOutputGoOnWithinASecondOfTheClick) 
     EXPECT_TRUE(Text("lblNOTICE").contains("1초")) << Text("lblNOTICE").toStdString();
 }
 
-TEST_F(RunSequence, AnEmptyBoxSendsTheEmptySequenceToWhateverSupply) {
-    Source().Forget();
-    Get<QLineEdit>(Steps).setFocus();
-    Choose("mnuTEST");
-    EXPECT_EQ(LastFrame(), (Bytes{1, 2, 3, 27, 'B', 0xFF, 3, 101}));
-    EXPECT_TRUE(Boxes.Shown.empty());
-    EXPECT_NE(ScriptedPanel::Run.Test(), nullptr);
-}
-
 TEST_F(RunSequence, TheCountGoesToAddressOneAndItsRangeIsChecked) {
     Source().PowerAddr = 7;
     using Case = std::tuple<const char*, const char*, Bytes>;
@@ -144,16 +130,15 @@ TEST_F(RunSequence, TheCountGoesToAddressOneAndItsRangeIsChecked) {
          {Case{"50000", "50000", {1, 2, 4, 27, 'F', 0xC3, 0x50, 3, 126}},
           Case{"", "0", {1, 2, 4, 27, 'F', 0, 0, 3, 107}},
           Case{"300x", "300", {1, 2, 4, 27, 'F', 1, 44, 3, 152}}}) {
-        Enter(*this, Count, typed);
+        Enter(Count, typed);
         EXPECT_EQ(LastFrame(), frame);
         EXPECT_EQ(Texts(*this, {Count}), shown);
         ASSERT_TRUE(Quiet());
     }
     Sent();
-    Enter(*this, Count, "300");  // as it was
-    EXPECT_EQ(Sent(), "");
+    Enter(Count, "300");  // as it was
     for (const char* typed : {"50001", "-1"}) {
-        Enter(*this, Count, typed);
+        Enter(Count, typed);
         EXPECT_EQ(Refusal(Count),
                   "COUNT 설정오류|COUNT SETTING값 범위 초과\r\n설정값 범위=0~150cycle|i");
     }

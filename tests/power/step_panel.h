@@ -19,7 +19,7 @@ struct StepPanel : SimulatedPanel {
     explicit StepPanel(simulator::SupplyOptions supply = {}) : SimulatedPanel({supply}) {
         // As a real box does, this one takes the activation from the window for a while.
         Boxes.WhileUp = [this](const Message&) {
-            PointerAtBox = Pointer.Within;
+            EXPECT_EQ(Pointer.Within, nullptr);
             QDialog box(&Main());
             QTimer::singleShot(0, &box, [&box] {
                 EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
@@ -33,8 +33,9 @@ struct StepPanel : SimulatedPanel {
     QLineEdit& Field(const char* name, int row) {
         return Get<QLineEdit>(qPrintable(QString("%1_%2").arg(name).arg(row)));
     }
-    QPushButton& Button(int row) { return Get<QPushButton>(qPrintable(Name(row))); }
-    void ClickStep(int row) { Click(qPrintable(Name(row))); }
+    QPushButton& Button(int row) {
+        return Get<QPushButton>(qPrintable(QString("txPSTEP_%1").arg(row)));
+    }
     QScrollBar& Bar() { return Get<QScrollBar>("vscAUTOSTEP"); }
     void Enter(const char* field, const QString& text) {
         Type(field, text);
@@ -46,17 +47,19 @@ struct StepPanel : SimulatedPanel {
         EXPECT_TRUE(Settle());
         return Frames();
     }
+    std::vector<Bytes> Upload(int row) {
+        QTest::mouseClick(&Button(row), Qt::LeftButton);
+        return Sent();
+    }
     // Which of button, voltage, current, time, slope and over-voltage can be used, row by row.
     QString Usable() {
-        const std::pair<char, const char*> controls[]{{'B', "txPSTEP"},  {'V', "txPVOLT"},
-                                                      {'C', "txPCURR"},  {'T', "txPTIME"},
-                                                      {'S', "txPSLOPE"}, {'O', "txPOVP"}};
+        const QStringList columns{"txPSTEP", "txPVOLT", "txPCURR", "txPTIME", "txPSLOPE", "txPOVP"};
         QStringList rows;
         for (int row = 0; row < RowCount; ++row) {
             QString usable;
-            for (const auto& [letter, name] : controls) {
-                auto& control = Get<QWidget>(qPrintable(QString("%1_%2").arg(name).arg(row)));
-                if (control.isEnabledTo(control.parentWidget())) usable += letter;
+            for (int place = 0; place < columns.size(); ++place) {
+                auto& control = Get<QWidget>(qPrintable(columns[place] + QString("_%1").arg(row)));
+                if (control.isEnabledTo(control.parentWidget())) usable += "BVCTSO"[place];
             }
             rows += usable.isEmpty() ? "-" : usable;
         }
@@ -68,11 +71,6 @@ struct StepPanel : SimulatedPanel {
         Click("cmdOUTPUT");
         return WaitFor([&] { return Line().StateOf(1).Output == on && !Source().RxBusy; });
     }
-
-    QWidget* PointerAtBox = nullptr;
-
-  private:
-    static QString Name(int row) { return QString("txPSTEP_%1").arg(row); }
 };
 
 inline std::vector<Bytes> Only(const Bytes& commands) {

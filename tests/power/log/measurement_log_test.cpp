@@ -1,5 +1,9 @@
 #include "tests/power/log/shown_log.h"
 
+#include <QImage>
+
+#include <cmath>
+
 namespace zps::tests {
 namespace {
 
@@ -9,8 +13,6 @@ const QString Step = QStringLiteral("03");
 
 TEST_F(ShownLog, CountsEachRunFromItsFirstReplyAndKeepsTheRowsOfEarlierRuns) {
     EXPECT_EQ(Row(0), "NO|TIME(sec)|STEP|Voltage(V)|Current(A)");
-    Log.NoteReply();  // before any run
-    StartRun();
     EXPECT_EQ(Row(1), "0|0|07|0|0");
     Time += 5s;
     Log.NoteReply();  // the supply has acknowledged "output on"
@@ -23,26 +25,26 @@ TEST_F(ShownLog, CountsEachRunFromItsFirstReplyAndKeepsTheRowsOfEarlierRuns) {
     EXPECT_EQ(Row(4), "3|1.70|03|3.00|0.300");
     for (int row = 1; row <= ChartRows; ++row) EXPECT_EQ(Chart(row), "|");
     Time += 10s;
-    Sample(4, 5);  // the first reply is a sample
+    Sample(4, 4);  // the first reply is a sample
+    Time += 497 * 24h;
+    Sample(5, 5);
     EXPECT_EQ(Row(5), "1|0.00|04|4.00|0.400");
-    EXPECT_EQ(Row(6), "2|0.17|05|5.00|0.500");
+    EXPECT_EQ(Row(6), "2|42940800.17|05|5.00|0.500");
     EXPECT_EQ(Chart(1), "4|0.4");
 }
 
 TEST_F(ShownLog, KeepsTheTextsOfThePanelWhateverItsDecimals) {
-    const std::pair<Reading, QString> readings[]{{{0.1999F, 5}, "0.19990"},
-                                                 {{1.0005F, 3}, "1.001"},
-                                                 {{19.99F, 3}, "19.990"},
-                                                 {{163.45F, 1}, "163.5"},
-                                                 {{600.4F, 0}, "600"}};
-    StartRun();
-    for (const auto& [reading, text] : readings) Log.Append(255, reading, reading);
     int row = 2;
-    for (const auto& reading : readings) EXPECT_EQ(Log.CellText(row++, 3), reading.second);
+    for (const auto& [reading, text] : {std::pair{Reading{0.1999F, 5}, "0.19990"},
+                                        {{1.0005F, 3}, "1.001"},
+                                        {{163.45F, 1}, "163.5"},
+                                        {{600.4F, 0}, "600"}}) {
+        Log.Append(255, reading, reading);
+        EXPECT_EQ(Log.CellText(row++, 3), text);
+    }
 }
 
 TEST_F(ShownLog, ClearLeavesRowOneWithTheSetValuesAndARunGoesOnCounting) {
-    StartRun();
     Sample(1, 30);
     Log.Clear(Step, QStringLiteral("12.00"), QStringLiteral("1.500"));
     EXPECT_EQ(Log.RowCount(), 2);
@@ -56,8 +58,9 @@ TEST_F(ShownLog, ClearLeavesRowOneWithTheSetValuesAndARunGoesOnCounting) {
 }
 
 TEST_F(ShownLog, ScrollingShowsTheRowNumberAndFillsTheChartOnlyWithTheOutputOff) {
-    StartRun();
-    Sample(1, 100);
+    Sample(1, 19);
+    EXPECT_EQ(Chart(19) + Chart(20), "19|1.9|");
+    Sample(20, 100);
     ScrollTo(10);
     EXPECT_EQ(TopRowShown(), "10");
     EXPECT_EQ(Chart(1), "81|8.1");
@@ -71,15 +74,47 @@ TEST_F(ShownLog, ScrollingShowsTheRowNumberAndFillsTheChartOnlyWithTheOutputOff)
     EXPECT_EQ(TopRowShown(), std::to_string(101 - rows + 1));
     EXPECT_EQ(Chart(rows), "100|10");
     EXPECT_EQ(Chart(rows + 1), "|");
-    for (const auto& [volts, amps, point] :
-         {std::tuple{"12.50", "1.5", "12.5|1.5"}, {"----", "", "|"}}) {
-        Log.Clear(Step, QLatin1String(volts), QLatin1String(amps));
+    for (const auto& [volts, point] : {std::pair{"12.50", "12.5|1.5"}, {"----", "|1.5"}}) {
+        Log.Clear(Step, QLatin1String(volts), QStringLiteral("1.5"));
         Sample(1, 20);
         ScrollTo(2);
         ScrollTo(1);
         EXPECT_EQ(Chart(1), point);
         EXPECT_EQ(Chart(2), "1|0.1");
     }
+}
+
+TEST_F(ShownLog, PlotsTheSamplesUntilTheFirstReplyOfTheNextRunReadableOnEveryGround) {
+    auto& chart = Control<LogChart>("MSChart1");
+    // Pixels whose lightness is far from the ground's.
+    const auto distinct = [&](const QColor& ground) {
+        QApplication::processEvents();
+        const QImage picture = chart.grab().toImage();
+        EXPECT_EQ(picture.pixelColor(2, 2), ground);
+        int count = 0;
+        for (int place = 0; place < picture.width() * picture.height(); ++place) {
+            const QColor here =
+                picture.pixelColor(place % picture.width(), place / picture.width());
+            count += std::abs(here.lightness() - ground.lightness()) > 60;
+        }
+        return count;
+    };
+    for (const auto& [ground, text] : {std::pair{Qt::white, Qt::black}, {Qt::black, Qt::white}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, ground);
+        palette.setColor(QPalette::Text, text);
+        Log.setPalette(palette);
+        Log.Clear({}, {}, {});
+        const int without = distinct(ground);
+        EXPECT_GT(without, 1000);
+        Sample(1, 20);
+        EXPECT_GT(distinct(ground), without + 200);
+    }
+    Log.Restart({});
+    EXPECT_EQ(chart.PlottedValue(0, 0), 1.0);
+    EXPECT_EQ(chart.PlottedValue(2, 1), 0.3F);
+    Log.NoteReply();
+    EXPECT_TRUE(std::isnan(chart.PlottedValue(2, 1)));
 }
 
 }  // namespace

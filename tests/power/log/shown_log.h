@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <optional>
 #include <string>
 
 namespace zps::tests {
@@ -23,9 +22,6 @@ class ShownLog : public testing::Test {
         Log.show();
         Grid.setFocus();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&Log));
-    }
-
-    void StartRun() {
         Log.SetRunning([] { return true; });
         Log.Restart(QStringLiteral("07"));
     }
@@ -46,10 +42,10 @@ class ShownLog : public testing::Test {
         return cells.join(u'|').toStdString();
     }
     std::string Chart(int row) const {
-        const auto text = [](std::optional<float> value) {
-            return value ? QString::number(*value).toStdString() : "";
-        };
-        return text(Log.ChartRow(row)[0]) + '|' + text(Log.ChartRow(row)[1]);
+        QStringList values;
+        for (const auto& value : Log.ChartRow(row))
+            values << (value ? QString::number(*value) : QString());
+        return values.join(u'|').toStdString();
     }
 
     std::string TopRowShown() { return Control<QLabel>("Label6").text().toStdString(); }
