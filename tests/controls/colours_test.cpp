@@ -14,16 +14,9 @@ namespace zps::tests {
 namespace {
 
 TEST(Contrasts, AreThoseOfKnownPairs) {
-    struct Pair {
-        const char* One;
-        const char* Other;
-        double Apart;
-    };
-    for (const auto& [one, other, apart] :
-         {Pair{"black", "white", 21}, {"white", "#777777", 4.48}, {"red", "black", 5.25}}) {
-        EXPECT_NEAR(Contrast(QColor(one), QColor(other)), apart, 0.005) << one << other;
-        EXPECT_EQ(Contrast(QColor(other), QColor(one)), Contrast(QColor(one), QColor(other)));
-    }
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.005);
+    EXPECT_NEAR(Contrast(Qt::white, "#777777"), 4.48, 0.005);
+    EXPECT_NEAR(Contrast("red", Qt::black), 5.25, 0.005);
     EXPECT_EQ(ReadableOn("#767676"), QColor(Qt::black));
     EXPECT_EQ(ReadableOn("#747474"), QColor(Qt::white));
 }

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <vector>
 
 namespace zps::tests {
 namespace {
@@ -20,11 +19,6 @@ class DeviceMapping : public testing::Test {
         fs::permissions(Roots.Links, fs::perms::owner_all);
     }
     void AddDevice(const std::string& name) const { std::ofstream(Roots.Devices / name) << "x"; }
-    void AddUart(const std::string& name, int type) const {
-        AddDevice(name);
-        fs::create_directories(Roots.Terminals / name);
-        std::ofstream(Roots.Terminals / name / "type") << type << "\n";
-    }
     std::string DeviceOf(int number) const { return serial::DevicePath(number, Roots); }
     std::string Named(const std::string& name) const { return Roots.Devices / name; }
 
@@ -34,15 +28,16 @@ class DeviceMapping : public testing::Test {
 };
 
 TEST_F(DeviceMapping, NumbersUsbAdaptersBeforeUartsThatExistInNaturalOrder) {
-    for (const auto* name : {"ttyUSB10", "ttyUSB2", "ttyACM0", "ttySAC0", "ttyUSBx", "tty1"})
+    for (const auto* name : {"ttyUSB10", "ttyUSB2", "ttyACM0", "ttySAC0", "ttyUSBx", "tty1",
+                             "ttyS0", "ttyS10", "ttyS4", "ttyS5"})
         AddDevice(name);
-    AddUart("ttyS0", 0);
-    AddUart("ttyS10", 4);
-    AddUart("ttyS4", 4);
-    AddDevice("ttyS5");
-    const std::vector<std::string> order{"ttyUSB2", "ttyUSB10", "ttyACM0", "ttyS4", "ttyS10"};
-    for (int number = 1; number <= 5; ++number)
-        EXPECT_EQ(DeviceOf(number), Named(order[static_cast<std::size_t>(number) - 1]));
+    for (const auto& [name, type] : {std::pair{"ttyS0", 0}, {"ttyS10", 4}, {"ttyS4", 4}}) {
+        fs::create_directories(Roots.Terminals / name);
+        std::ofstream(Roots.Terminals / name / "type") << type << "\n";
+    }
+    int number = 0;
+    for (const auto* name : {"ttyUSB2", "ttyUSB10", "ttyACM0", "ttyS4", "ttyS10"})
+        EXPECT_EQ(DeviceOf(++number), Named(name));
     EXPECT_EQ(DeviceOf(6), "");
 }
 

@@ -1,5 +1,4 @@
-// What the cases of the settings window share: its frames, the answers of a supply, and what a
-// person does and sees.
+// What the cases of the settings window share.
 #pragma once
 
 #include "set_manual/result_look.h"
@@ -26,17 +25,15 @@ inline std::vector<Bytes> ChainOf(int address) {
 }
 
 inline Bytes RatingsReply(int tenthsOfVolt, int tenthsOfAmpere, std::uint8_t address = 1) {
-    const auto low = [](int value) { return static_cast<std::uint8_t>(value & 0xFF); };
-    const int v = tenthsOfVolt;
-    const int a = tenthsOfAmpere;
-    return {address, 2, 9, 64, 0, low(v / 256), low(v), 0, 0, low(a / 256), low(a), 0, 0, 0};
+    const auto high = [](int value) { return static_cast<std::uint8_t>(value >> 8); };
+    const auto low = [](int value) { return static_cast<std::uint8_t>(value); };
+    const int v = tenthsOfVolt, a = tenthsOfAmpere;
+    return {address, 2, 9, 64, 0, high(v), low(v), 0, 0, high(a), low(a), 0, 0, 0};
 }
-// A supply at any address that acknowledges everything. At 1 it tells 150 V and 10 A, else 20 V and
-// 5 A.
+// At any address one that acknowledges everything; at 1 of 150 V and 10 A, else of 20 V and 5 A.
 inline Bytes GoodSupply(const Bytes& block) {
-    const int address = block[0];
-    if (block != Control(address, 16)) return Control(address, 6);
-    return address == 1 ? RatingsReply(1500, 100) : RatingsReply(200, 50, block[0]);
+    if (block != Control(block[0], 16)) return Control(block[0], 6);
+    return block[0] == 1 ? RatingsReply(1500, 100) : RatingsReply(200, 50, block[0]);
 }
 
 // Starts the program on a line of good supplies and waits until the one at 1 is identified.

@@ -8,13 +8,9 @@ namespace zps::simulator::tests {
 
 using namespace std::chrono_literals;
 
-using zps::tests::Control;
-using zps::tests::Framed;
-using zps::tests::Joined;
-using zps::tests::Summed;
+using namespace zps::tests;
 
-class Bench {
-  public:
+struct Bench {
     explicit Bench(const SupplyOptions& options = {}) : Tested(options) { Ask(Dc3); }
 
     // The reply to `bytes`, empty if there is none.
@@ -26,17 +22,16 @@ class Bench {
             reply = Tested.Answer(frame, Now).value_or(Bytes{});
         return reply;
     }
-    Bytes Ask(std::uint8_t code) { return Send(Control(OwnAddress(), code)); }
+    Bytes Ask(std::uint8_t code) { return Send(Control(Tested.Address(), code)); }
     // Whether one command with its data, after ESC, is acknowledged.
     bool Accepts(const Bytes& command) {
-        return Send(Framed(OwnAddress(), Joined({{Esc}, command}))).at(1) == Ack;
+        return Send(Framed(Tested.Address(), Joined({{Esc}, command}))).at(1) == Ack;
     }
     const SupplyState& After(Clock::duration time) {
         Now += time;
         Tested.Advance(Now);
         return Tested.State();
     }
-    std::uint8_t OwnAddress() const { return static_cast<std::uint8_t>(Tested.Address()); }
 
     Time Now{1h};
     Supply Tested;

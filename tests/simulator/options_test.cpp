@@ -14,13 +14,12 @@ TEST(CommandLine, TakesSuppliesLoadPortAndFaults) {
         ParseOptions(Words{"--supply", "1:150V/10A", "--load", "12.5", "--supply", "7:2.5V/0.5A",
                            "--port", "3", "--drop", "0.25", "--delay", "40", "--silent"});
     ASSERT_EQ(options.Supplies.size(), 2U);
-    const SupplyOptions& second = options.Supplies[1];
-    EXPECT_EQ(std::tuple(second.Address, second.Volts, second.Amps), std::tuple(7, 2.5, 0.5));
+    const auto& [address, volts, amps, load] = options.Supplies[1];
+    EXPECT_EQ(std::tuple(address, volts, amps), std::tuple(7, 2.5, 0.5));
     EXPECT_EQ(options.Supplies[0].LoadOhms, 12.5);
-    EXPECT_EQ(options.Port, 3);
-    EXPECT_EQ(options.LineFaults.Drop, 0.25);
-    EXPECT_EQ(options.LineFaults.Delay.count(), 40);
-    EXPECT_TRUE(options.LineFaults.Silent);
+    const Faults& faults = options.LineFaults;
+    EXPECT_EQ(std::tuple(options.Port, faults.Drop, faults.Delay, faults.Silent),
+              std::tuple(3, 0.25, std::chrono::milliseconds(40), true));
     EXPECT_EQ(ParseOptions(Words{}).Supplies.size(), 1U);
 }
 

@@ -1,5 +1,3 @@
-#include "simulator/supply.h"
-
 #include "tests/simulator/bench.h"
 
 #include <gtest/gtest.h>
@@ -7,24 +5,16 @@
 namespace zps::simulator::tests {
 namespace {
 
-constexpr std::size_t StatusAt = 3;
-constexpr std::size_t CodeAt = 4;
-
 TEST(Supply, AnswersAWholeFrameForItselfOnlyAlsoBehindNoise) {
     Bench bench;
-    const Bytes probe = Control(1, Enq);
     const Bytes frame = Framed(1, {Esc, 'W', 1});
     for (const Bytes& before : {Bytes{}, Bytes{0xFF}, Bytes{5, 5}, Bytes{1, 2, 8, 27}, frame})
-        EXPECT_EQ(bench.Send(Joined({before, probe})), (Bytes{1, Ack, 7}));
-    EXPECT_TRUE(bench.After(0s).Sensing);
-
-    Bytes badSum = Framed(1, {Esc, 'W', 0});
-    badSum.back() ^= 1;
+        EXPECT_EQ(bench.Send(Joined({before, Control(1, Enq)})), (Bytes{1, Ack, 7}));
     Bytes tooLong = Framed(1, {Esc, 'B', 1, 5, 6, 255});  // its data holds a whole probe
     ++tooLong[2];
-    for (const Bytes& broken : {badSum, tooLong, Bytes{1, Enq}, Bytes{1, Enq, 7}})
+    for (const Bytes& broken : {tooLong, Bytes{1, Enq}})
         EXPECT_EQ(bench.Send(broken), (Bytes{1, Nak, 22}));
-    for (const Bytes& other : {Control(2, Enq), Framed(2, {Esc, 'W', 0}), Bytes{1, 1, 1}, Bytes(4)})
+    for (const Bytes& other : {Framed(2, {Esc, 'W', 0}), Bytes{1, 1, 1}, Bytes(4)})
         EXPECT_EQ(bench.Send(other), Bytes{});
     EXPECT_TRUE(bench.After(0s).Sensing);
 
@@ -33,48 +23,74 @@ TEST(Supply, AnswersAWholeFrameForItselfOnlyAlsoBehindNoise) {
     EXPECT_EQ(high.Ask(Dle).back(), SumOf(ByteView(high.Ask(Dle)).first(13)));
 }
 
-TEST(Supply, RefusesFramesWithABadCommandAndSetCommandsInLocalAndChangesNothing) {
+TEST(Supply, RefusesFramesWithABadCommandAndChangesNothing) {
     Bench bench;
-    for (const Bytes& bad : {Bytes{'Z', 0}, Bytes{'A', 2}, Bytes{'A', 1, 1}, Bytes{'V', 1},
-                             Bytes{'S', 100}, Bytes{'B', 1, 2}, Bytes{'B', 100, 255},
-                             Bytes{'F', 0xC3, 0x51}, Bytes{'T', 0, 0, 3, 0xE8, 0}})
+    for (const Bytes& bad :
+         {Bytes{'Z', 0}, Bytes{'A', 2}, Bytes{'A', 1, 1}, Bytes{'V', 1}, Bytes{'B', 1, 2},
+          Bytes{'B', 100, 255}, Bytes{'F', 0xC3, 0x51}, Bytes{'T', 0, 0, 3, 0xE8, 0}})
         EXPECT_FALSE(bench.Accepts(Joined({{'S', 4, Esc}, bad}))) << testing::PrintToString(bad);
-    EXPECT_EQ(bench.Ask(Dc1), (Bytes{1, Ack, 7}));
-    for (const Bytes& command : {Bytes{'A', 1}, Bytes{'V', 1, 0}, Bytes{'R', 0}, Bytes{'S', 5}})
-        EXPECT_FALSE(bench.Accepts(command));
-    EXPECT_EQ(bench.Ask(Dle).at(StatusAt), 0);
     EXPECT_EQ(bench.After(0s).SelectedStep, 0);
 }
 
-struct TripCase {
-    Bytes Settings;  // of step 1, or for all
-    double Ohms;
-    int Code;
+TEST(Supply, TripsAtTheLimitsOfItsRatingsUntilItIsSwitchedOnAgain) {
+    const std::pair<Bytes, int> cases[]{
+        {{'V', 0x3F, 0xDF, Esc, 'O', 255, 255, Esc, 'C', 255, 255, Esc, 'A', 1}, MaxOverVoltage},
+        {{'V', 0x27, 0x10, Esc, 'C', 0x4E, 0x20, Esc, 'A', 1}, MaxOverCurrent}};
+    for (const auto& [command, code] : cases) {
+        Bench bench({.LoadOhms = 5});
+        ASSERT_TRUE(bench.Accepts(command));
+        EXPECT_EQ(bench.After(0s).Code, code);
+        EXPECT_TRUE(bench.After(0s).Fault && !bench.After(0s).Output);
+        ASSERT_TRUE(bench.Accepts({'S', 1, Esc, 'A', 1}));
+        EXPECT_TRUE(bench.After(0s).Output && !bench.After(0s).Fault);
+    }
+}
+
+// Steps 1 and 2 give 5 V for 2 s and 10 V for 3 s, the latter over a slope of 1 s.
+struct AutomaticRun : testing::Test, Bench {
+    AutomaticRun() {
+        for (const Bytes& command :
+             {Bytes{'S', 1, Esc, 'V', 1, 0xF4, Esc, 'T', 0, 2, 0, 0, 0},
+              Bytes{'S', 2, Esc, 'V', 3, 0xE8, Esc, 'T', 0, 3, 0, 0, 0, Esc, 'D', 3, 0xE8, 0},
+              Bytes{'S', 0}, Bytes{'B', 2, 1, 255}, Bytes{'F', 0, 2}, Bytes{'G', 1}})
+            EXPECT_TRUE(Accepts(command));
+    }
 };
 
-// Step 0 gives 10 V into 100 ohms without a trip; the load and then step 1 bring the trip about.
-TEST(Supply, TripsWithItsCodeUntilResetOrSwitchedOnAgain) {
-    const std::vector<TripCase> cases{{{'V', 0x3F, 0xDF, Esc, 'O', 255, 255}, 100, MaxOverVoltage},
-                                      {{'V', 3, 0xE8, Esc, 'C', 0x4E, 0x20}, 0.5, MaxOverCurrent},
-                                      {{'V', 3, 0xE9, Esc, 'O', 3, 0xE8}, 100, SetOverVoltage},
-                                      {{'V', 3, 0xE8, Esc, 'X', 1}, 0.5, SetOverCurrent}};
-    for (const auto& [settings, ohms, code] : cases) {
-        SCOPED_TRACE(code);
-        Bench bench;
-        ASSERT_TRUE(bench.Accepts(Joined({{'V', 3, 0xE8, Esc, 'S', 1, Esc}, settings})));
-        for (const Bytes& end : {Bytes{'R', 0}, Bytes{'A', 1}}) {
-            ASSERT_TRUE(bench.Accepts({'S', 0, Esc, 'A', 1}));
-            ASSERT_EQ(bench.Ask(Dle).at(StatusAt) & 5, 4);
-            bench.Tested.SetLoad(ohms, bench.Now);
-            ASSERT_TRUE(bench.Accepts({'S', 1}));
-            EXPECT_EQ(bench.Ask(Dle).at(StatusAt) & 5, 1);
-            EXPECT_EQ(bench.Ask(Dle).at(CodeAt), code);
-            bench.Tested.SetLoad(100, bench.Now);
-            ASSERT_TRUE(bench.Accepts(Joined({{'S', 0, Esc}, end})));
-            EXPECT_EQ(bench.Ask(Dle).at(StatusAt) & 1, 0);
-            EXPECT_EQ(bench.Ask(Dle).at(CodeAt), 0);
-        }
+TEST_F(AutomaticRun, GoesThroughTheSequenceAsOftenAsTheCountSaysAndEndsWithItsCode) {
+    EXPECT_TRUE(Accepts({'A', 1}));
+    const struct {
+        Clock::duration Later;
+        int Step;
+        double Volts;
+    } states[]{{500ms, 2, 5}, {500ms, 2, 10},  {1999ms, 2, 10}, {1ms, 1, 5},
+               {2s, 2, 5},    {500ms, 2, 7.5}, {4499ms, 1, 5},  {1h, 0, 0}};
+    for (const auto& [later, step, volts] : states) {
+        EXPECT_NEAR(After(later).Out.Volts, volts, 1e-9);
+        EXPECT_EQ(Ask(Dle).at(11), step);
     }
+    EXPECT_EQ(Ask(Dle).at(3), 0xC0 | 8);
+    EXPECT_EQ(Ask(Dle).at(4), AutoRunEnded);
+    EXPECT_TRUE(Accepts({'A', 1}));
+    EXPECT_TRUE(After(0s).Running && After(0s).Code == 0);
+    EXPECT_TRUE(Accepts({'B', 255}));
+    EXPECT_FALSE(After(1ms).Running);
+}
+
+TEST_F(AutomaticRun, PassesThroughStepsWithoutATimeAndRunsOnceWithoutACount) {
+    for (const std::uint8_t step : Bytes{1, 2})
+        EXPECT_TRUE(Accepts({'S', step, Esc, 'T', 0, 0, 0, 0, 0}));
+    EXPECT_TRUE(Accepts({'F', 0, 0, Esc, 'A', 1}));
+    EXPECT_EQ(After(999ms).ActiveStep, 2);
+    EXPECT_EQ(After(1ms).ActiveStep, 1);
+    EXPECT_FALSE(After(1ms).Output);
+}
+
+// The voltage comes down from 10 V to 5 V over 1 s under a limit of 6 V.
+TEST_F(AutomaticRun, EndsAtATripThatNobodyWatched) {
+    EXPECT_TRUE(Accepts({'S', 1, Esc, 'O', 2, 0x58, Esc, 'D', 3, 0xE8, 0, Esc, 'A', 1}));
+    EXPECT_EQ(After(1h).Code, SetOverVoltage);
+    EXPECT_FALSE(After(0s).Output || After(0s).Running);
 }
 
 }  // namespace

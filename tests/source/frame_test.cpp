@@ -1,4 +1,5 @@
 #include "source/errors.h"
+#include "source/reply.h"
 #include "source/step_frame.h"
 
 #include <gtest/gtest.h>
@@ -7,15 +8,12 @@ namespace zps {
 namespace {
 
 using namespace code;
+using enum Reply;
 
 TEST(Frames, AreTheKnownOnesByteForByte) {
     const std::pair<Frame, Bytes> rows[] = {
-        {ValueFrame(1, StepValue::Ovp, SetPointBytes("163.5", 100)),
-         {1, 2, 4, 27, 'O', 0x3F, 0xDE, 3, 0x91}},
         {ValueFrame(1, StepValue::Ovp, SetPointBytes("12.5", 1)),
          {1, 2, 4, 27, 'O', 0, 12, 3, 0x80}},
-        {ValueFrame(1, StepValue::Volt, SetPointBytes("12.34", 100)),
-         {1, 2, 6, 27, 'V', 4, 0xD2, 0, 0, 3, 0x53}},
         {ValueFrame(30, StepValue::Slope, SlopeBytes("1.23456")),
          {30, 2, 5, 27, 'D', 4, 0xD2, 56, 3, 0x95}},
         {ValueFrame(1, StepValue::Time, TimeBytes("65535.99999")),
@@ -26,7 +24,6 @@ TEST(Frames, AreTheKnownOnesByteForByte) {
     for (const auto& [frame, bytes] : rows) {
         EXPECT_EQ(frame.Data, bytes);
         EXPECT_EQ(frame.Sum, bytes.back());
-        EXPECT_EQ(frame.Length, bytes.size() == 3 ? 0 : bytes[2]);
     }
 }
 
@@ -46,14 +43,6 @@ TEST(SingleCommand, TakesTheDataOfItsLetterAndFillsUpWithZeros) {
     }
 }
 
-TEST(ControlFrame, ReachesOnlyAddressesWhoseSumFitsAByte) {
-    const std::uint8_t codes[] = {Enq, Dle, Dc1, Dc3}, highest[] = {250, 239, 238, 236};
-    for (const std::size_t i : {0U, 1U, 2U, 3U}) {
-        EXPECT_EQ(ControlFrame(highest[i], codes[i]).Data, (Bytes{highest[i], codes[i], 255}));
-        EXPECT_THROW(ControlFrame(highest[i] + 1, codes[i]), OverflowError);
-    }
-}
-
 TEST(Frames, RefuseWhatFitsNoByte) {
     FrameBuilder builder(1);
     for (int i = 0; i < 255; ++i) builder.Append({i});
@@ -64,12 +53,51 @@ TEST(Frames, RefuseWhatFitsNoByte) {
         EXPECT_THROW(SingleCommand(1, 'G', {none}), OverflowError);
         EXPECT_THROW(ProbeFrame(none, Enq, 1), OverflowError);
     }
+    // The sum of an address and a code must fit too.
+    for (const auto& [code, highest] : {std::pair{Enq, 250}, {Dle, 239}, {Dc1, 238}, {Dc3, 236}}) {
+        EXPECT_EQ(ControlFrame(highest, code).Sum, 255);
+        EXPECT_THROW(ControlFrame(highest + 1, code), OverflowError);
+    }
     for (const char* volts : {"655.36", "-0.01", "1e99"})
         EXPECT_THROW(SetPointBytes(volts, 100), OverflowError) << volts;
     for (const char* time : {"65536.00000", "-1.00000", "1.5", "x"})
         EXPECT_THROW(TimeBytes(time), OverflowError) << time;
     for (const char* slope : {"65.53600", "-1.00000", "1.234", ""})
         EXPECT_THROW(SlopeBytes(slope), OverflowError) << slope;
+}
+
+TEST(Acknowledgement, HasItsOutcomeWhichDependsOnTheCheckByteForHighAddressesOnly) {
+    const auto judge = [](int address, const Bytes& bytes) {
+        return std::pair(JudgeReply(bytes, ExpectAck, address, CheckByte::Whole),
+                         JudgeReply(bytes, ExpectAck, address, CheckByte::Wrapped));
+    };
+    EXPECT_EQ(judge(1, {}), std::pair(None, None));
+    EXPECT_EQ(judge(1, {1, 6, 7}), std::pair(Ack, Ack));
+    EXPECT_EQ(judge(1, {1, 0x15, 0x16}), std::pair(Nak, Nak));
+    for (const Bytes& bad : {Bytes{1, 6, 8}, {1, 7, 8}, {2, 6, 7}, {1, 6}, {1, 6, 7, 1}})
+        EXPECT_EQ(judge(1, bad), std::pair(BadAck, BadAck)) << testing::PrintToString(bad);
+    EXPECT_EQ(judge(250, {250, 6, 0}), std::pair(BadAck, Ack));
+    EXPECT_EQ(judge(235, {235, 21, 0}), std::pair(BadAck, Nak));
+}
+
+TEST(DataReply, NeedsFourteenBytesAndItsHeaderAndHasTwoReadings) {
+    const Bytes known{1, 2, 9, 4, 0, 0, 0x2F, 0x44, 0, 0x27, 0x10, 3, 0, 0};
+    for (std::size_t i = 0; i < 14; ++i) {
+        const Bytes cut(known.begin(), known.begin() + static_cast<int>(i));
+        Bytes wrong = known;
+        wrong[i] ^= 0xFF;
+        EXPECT_EQ(JudgeReply(cut, ExpectData, 1, CheckByte::Whole), i == 0 ? None : BadData) << i;
+        EXPECT_EQ(JudgeReply(wrong, ExpectData, 1, CheckByte::Whole), i < 3 ? BadData : Data) << i;
+    }
+    const auto fields = [](const Bytes& bytes) {
+        const std::span<const std::uint8_t, 14> fourteen(bytes);
+        const auto [status, code, volt, curr, step] = ReadDataReply(fourteen);
+        return std::vector<std::uint32_t>{status, code, volt, curr, step};
+    };
+    const Bytes high{1, 2, 9, 0x81, 16, 0xFE, 0xDC, 0xBA, 0x98, 0x76, 0x54, 99, 17, 34};
+    EXPECT_EQ(fields(high), (std::vector<std::uint32_t>{0x81, 16, 0xFEDCBA, 0x987654, 99}));
+    const auto [volt, ovp, curr] = ReadRatingFields(std::span<const std::uint8_t, 14>(high));
+    EXPECT_EQ((std::array{volt, ovp, curr}), (std::array{0xFEDC, 0xBA98, 0x7654}));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "source/numbers.h"
 
-#include "source/value_format.h"
+#include "source/ratings.h"
 
 #include <gtest/gtest.h>
 
@@ -58,10 +58,32 @@ TEST(ValueFormat, HasTheScaleAndDecimalsOfTheRatingsRange) {
                 volts += f.FormatVolt(value) + " " + f.FormatVoltFine(value) + " ";
                 amps += f.FormatCurr(value) + " " + f.FormatCurrFine(value) + " ";
             }
-            EXPECT_EQ(volts, row.Volts + std::string(" "));
-            EXPECT_EQ(amps, row.Amps + std::string(" "));
+            EXPECT_EQ(volts + amps, std::string(row.Volts) + " " + row.Amps + " ");
         }
     }
+}
+
+TEST(Ratings, AreKnownOnlyForTheAddressAndTheDeviceThatTheyWereReadFrom) {
+    Ratings ratings;
+    const auto known = [&] {
+        return std::string(ratings.KnownAt(0) ? "0" : "") + (ratings.KnownAt(1) ? "1" : "") +
+               (ratings.KnownAt(7) ? "7" : "");
+    };
+    EXPECT_EQ(known(), "");
+    ratings.ReadFrom(1, "A");
+    EXPECT_EQ(known(), "");  // as long as they are not there
+    ratings.SetMaxVolt(150);
+    EXPECT_EQ(known(), "1");  // a slip in the address list costs nothing
+    ratings.PortOpenedOn("A");
+    EXPECT_EQ(known(), "1");
+    ratings.PortOpenedOn("B");
+    ratings.PortOpenedOn("A");  // who knows what it leads to by now
+    EXPECT_EQ(known(), "");
+    ratings.ReadFrom(7, "B");
+    ratings.PortOpenedOn("B");
+    EXPECT_EQ(known(), "7");
+    ratings.Forget();
+    EXPECT_EQ(known() + std::to_string(ratings.CheckedAddr()), "99");
 }
 
 }  // namespace

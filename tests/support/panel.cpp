@@ -1,13 +1,8 @@
 #include "tests/support/panel.h"
 
 #include <QLineEdit>
-#include <QPushButton>
 
 namespace zps::tests {
-
-bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit) {
-    return QTest::qWaitFor(done, static_cast<int>(limit.count()));
-}
 
 Answer ScriptedBoxes::Show(QWidget* /*parent*/, const Message& message) {
     Shown.push_back(message);
@@ -19,13 +14,6 @@ Answer ScriptedBoxes::Show(QWidget* /*parent*/, const Message& message) {
     return answer;
 }
 
-Panel::Panel(serial::PortMaker& ports, serial::EventLoop& loop)
-    : Run({ports, loop, Boxes, Pointer, Browser}) {}
-
-void Panel::Click(const char* button) {
-    QTest::mouseClick(&Get<QPushButton>(button), Qt::LeftButton);
-}
-
 void Panel::Type(const char* field, const QString& text) {
     auto& box = Get<QLineEdit>(field);
     box.setFocus();
@@ -34,20 +22,10 @@ void Panel::Type(const char* field, const QString& text) {
     QTest::keyClicks(&box, text);
 }
 
-void Panel::Leave() {
-    Get<QPushButton>("cmdFOCUS").setFocus();
-}
-
 bool Panel::WaitForDataResult(const QString& caption, std::chrono::milliseconds limit) {
     const auto& label = GetSetting<QLabel>("lblZPS_DLE");
     return WaitFor([&] { return label.text() == caption; }, limit);
 }
-
-SimulatedParts::SimulatedParts(std::vector<simulator::SupplyOptions> supplies)
-    : Line(std::move(supplies)), Link(1, Line.DeviceName()), Ports(Loop) {}
-
-SimulatedPanel::SimulatedPanel(std::vector<simulator::SupplyOptions> supplies)
-    : SimulatedParts(std::move(supplies)), Panel(SimulatedParts::Ports, SimulatedParts::Loop) {}
 
 bool SimulatedPanel::Identify() {
     Run.StartUp();
@@ -62,10 +40,6 @@ bool SimulatedPanel::Open() {
                return Source().RxResult == Reply::Data && !Source().RxBusy && Source().StepFlag(0);
            }) &&
            (Frames(), true);
-}
-
-bool SimulatedPanel::Settle() {
-    return WaitFor([this] { return !Source().RxBusy; });
 }
 
 std::vector<Bytes> SimulatedPanel::Frames() {

@@ -10,13 +10,13 @@
 #include "tests/support/runtime_folder.h"
 #include "tests/support/scripted_port.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QTest>
 
 #include <deque>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace zps::tests {
@@ -24,7 +24,9 @@ namespace zps::tests {
 using namespace std::chrono_literals;
 
 // Runs events until `done`, at most for `limit`; whether it came about.
-bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit = 20s);
+inline bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit = 20s) {
+    return QTest::qWaitFor(done, static_cast<int>(limit.count()));
+}
 
 // Answers message boxes at once and remembers them.
 class ScriptedBoxes : public MessageBoxes {
@@ -48,13 +50,11 @@ class EventWatch : public QObject {
         qApp->installEventFilter(this);
     }
 
-  protected:
+  private:
     bool eventFilter(QObject* watched, QEvent* event) override {
         See(*watched, *event);
         return false;
     }
-
-  private:
     std::function<void(QObject&, const QEvent&)> See;
 };
 
@@ -87,8 +87,8 @@ class RecordingBrowser : public platform::WebBrowser {
 // The program around scripted or real ports. One at a time in a process.
 class Panel {
   public:
-    explicit Panel(serial::PortMaker& ports, serial::EventLoop& loop);
-    virtual ~Panel() = default;
+    Panel(serial::PortMaker& ports, serial::EventLoop& loop)
+        : Run({ports, loop, Boxes, Pointer, Browser}) {}
 
     ScriptedBoxes Boxes;
     RecordingPointer Pointer;
@@ -108,14 +108,15 @@ class Panel {
         return Find<Control>(*Run.Settings(), name);
     }
     QString Text(const char* label) { return Get<QLabel>(label).text(); }
-    // A menu command, and a click with the mouse.
     void Choose(const char* menu) { Get<QAction>(menu).trigger(); }
-    void Click(const char* button);
+    void Click(const char* button) {
+        QTest::mouseClick(&Get<QAbstractButton>(button), Qt::LeftButton);
+    }
 
     // Types `text` into a field with the keyboard in place of what is there; the focus stays.
     void Type(const char* field, const QString& text);
     // Moves the focus as a click on a neutral place would.
-    void Leave();
+    void Leave() { Get<QWidget>("cmdFOCUS").setFocus(); }
 
     // Waits until the settings window shows this caption for the data probe.
     bool WaitForDataResult(const QString& caption, std::chrono::milliseconds limit = 20s);
@@ -130,18 +131,20 @@ class Panel {
 };
 
 struct SimulatedParts {
-    explicit SimulatedParts(std::vector<simulator::SupplyOptions> supplies);
+    explicit SimulatedParts(const std::vector<simulator::SupplyOptions>& supplies)
+        : Line(supplies) {}
     RuntimeFolder Folder;
     simulator::Line Line;
-    simulator::PortLink Link;
+    simulator::PortLink Link{1, Line.DeviceName()};
     platform::QtEventLoop Loop;
-    serial::AsioPortMaker Ports;
+    serial::AsioPortMaker Ports{Loop};
 };
 
 // The panel on COM1 with simulated supplies behind a real pseudo-terminal.
 class SimulatedPanel : private SimulatedParts, public Panel {
   public:
-    explicit SimulatedPanel(std::vector<simulator::SupplyOptions> supplies = {{}});
+    explicit SimulatedPanel(const std::vector<simulator::SupplyOptions>& supplies = {{}})
+        : SimulatedParts(supplies), Panel(SimulatedParts::Ports, SimulatedParts::Loop) {}
 
     simulator::Line& Line() { return SimulatedParts::Line; }
     simulator::PortLink& Link() { return SimulatedParts::Link; }
@@ -152,7 +155,9 @@ class SimulatedPanel : private SimulatedParts, public Panel {
     // the line is quiet.
     bool Open();
     // Waits until every frame has its reply handled.
-    bool Settle();
+    bool Settle() {
+        return WaitFor([this] { return !Source().RxBusy; });
+    }
     // The frames that have come since the last call, without polls (DLE).
     std::vector<Bytes> Frames();
 };

@@ -16,12 +16,8 @@ class ScriptedLink {
     ScriptedLink() {
         Port->SetPortOpen(true);
         Source.PowerAddr = 1;
-        Port->OnReceive(serial::EventKind::Input, [this] {
-            if (BoxUp)
-                Waiting = true;
-            else
-                Receive();
-        });
+        Port->OnReceive(serial::EventKind::Input,
+                        [this] { BoxUp ? void(Waiting = true) : Receive(); });
     }
     // A message box keeps the receive event waiting, but not the ticks.
     void ShowBox(bool up) {

@@ -4,17 +4,12 @@
 #include "serial/receive_event.h"
 
 #include <algorithm>
-#include <iterator>
 #include <span>
 #include <utility>
 
 namespace zps::tests {
 
-using serial::Clock;
-using serial::EventKind;
-using serial::EventLoop;
-using serial::PortError;
-using serial::WaitMode;
+using namespace serial;
 using std::chrono::milliseconds;
 
 class ScriptedPort final : public serial::Port {
@@ -93,29 +88,25 @@ void ScriptedPort::Output(std::span<const std::uint8_t> block) {
     Line->Take(*this, Bytes(block.begin(), block.end()));
 }
 
-namespace {
-
-// Runs what has been posted up to now, or less if `lasting` ends.
-void RunDue(EventLoop& loop, const bool& lasting) {
-    const auto reached = std::make_shared<bool>(false);
-    loop.Post([reached] { *reached = true; });
-    loop.RunUntil([&] { return *reached || !lasting; }, Clock::now() + std::chrono::seconds(10));
-}
-
-}  // namespace
-
 template <typename Done>
 void ScriptedPort::Wait(const Done& done, milliseconds limit, WaitMode mode) {
     const auto lasting = Opening;
     const auto line = Line;
     auto& loop = Loop;
+    // Runs what has been posted up to now, or less if the opening ends.
+    const auto runDue = [&] {
+        const auto reached = std::make_shared<bool>(false);
+        loop.Post([reached] { *reached = true; });
+        loop.RunUntil([&] { return *reached || !*lasting; },
+                      Clock::now() + std::chrono::seconds(10));
+    };
     const auto deadline = line->Now + limit;
     bool more = true;
     while (more && *lasting && !done()) {
-        if (mode == WaitMode::RunEvents) RunDue(loop, *lasting);
+        if (mode == WaitMode::RunEvents) runDue();
         if (*lasting && !done()) more = line->Advance(deadline);
     }
-    if (!more && mode == WaitMode::RunEvents) RunDue(loop, *lasting);
+    if (!more && mode == WaitMode::RunEvents) runDue();
 }
 
 bool ScriptedPort::WaitForInput(std::size_t count, milliseconds limit, WaitMode mode) {
@@ -129,26 +120,13 @@ void ScriptedPort::Pause(milliseconds limit, WaitMode mode) {
     if (PortOpen()) Wait([] { return false; }, limit, mode);
 }
 
-void ScriptedLine::Answer(Bytes reply) {
-    AnswerInPieces({{std::move(reply)}});
-}
-
-void ScriptedLine::AnswerInPieces(std::vector<Piece> pieces) {
-    Answers.push_back(std::move(pieces));
-}
-
-void ScriptedLine::Otherwise(std::function<Bytes(const Bytes&)> script, milliseconds delay) {
-    Script = std::move(script);
-    ScriptDelay = delay;
-}
-
 void ScriptedLine::Arrive(const Bytes& bytes) {
     if (Open && !bytes.empty()) Open->Receive(bytes);
 }
 
 std::vector<Bytes> ScriptedLine::WrittenData() const {
     std::vector<Bytes> data;
-    std::ranges::transform(Blocks, std::back_inserter(data), &WrittenBlock::Data);
+    for (const auto& block : Blocks) data.push_back(block.Data);
     return data;
 }
 
@@ -184,15 +162,8 @@ bool ScriptedLine::Advance(milliseconds limit) {
     return true;
 }
 
-ScriptedPortMaker::ScriptedPortMaker(EventLoop& loop, std::shared_ptr<ScriptedLine> line)
-    : Loop(loop), Line(std::move(line)) {}
-
 std::unique_ptr<serial::Port> ScriptedPortMaker::MakePort() {
     return std::make_unique<ScriptedPort>(Loop, Line, ++Line->Made);
-}
-
-std::string ScriptedPortMaker::DeviceOf(int number) const {
-    return Line->Refused.contains(number) ? "" : Line->Folder + std::to_string(number);
 }
 
 }  // namespace zps::tests

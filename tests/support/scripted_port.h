@@ -1,12 +1,6 @@
 // A serial line that a test scripts: it records what is written and answers at once. The ports of
 // all windows share one line, as they share one device in earnest.
 //
-//     auto line = std::make_shared<ScriptedLine>();
-//     line->Answer({1, 6, 7});                       // the first block gets an acknowledgement
-//     line->Answer({});                              // the second gets silence
-//     line->Otherwise([](const Bytes& block) { ... });  // every later one
-//     ScriptedPortMaker maker(loop, line);
-//
 // No real time passes in a wait: the line keeps a time of its own, which only waits advance. A wait
 // that runs events runs those that are due.
 #pragma once
@@ -16,8 +10,6 @@
 #include "tests/support/frames.h"
 
 #include <chrono>
-#include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -48,11 +40,14 @@ class ScriptedLine {
   public:
     // Answers are used up in order, one for each block. {} is silence, anything else is just bytes:
     // acknowledgements and noise alike.
-    void Answer(Bytes reply);
-    void AnswerInPieces(std::vector<Piece> pieces);
+    void Answer(Bytes reply) { AnswerInPieces({{std::move(reply)}}); }
+    void AnswerInPieces(std::vector<Piece> pieces) { Answers.push_back(std::move(pieces)); }
     // What blocks without such an answer get, after `delay`; silence if never called.
     void Otherwise(std::function<Bytes(const Bytes& block)> script,
-                   std::chrono::milliseconds delay = {});
+                   std::chrono::milliseconds delay = {}) {
+        Script = std::move(script);
+        ScriptDelay = delay;
+    }
 
     // Bytes nobody asked for. Lost while no port is open.
     void Arrive(const Bytes& bytes);
@@ -96,10 +91,13 @@ class ScriptedLine {
 // Hands out ports on `line`. DeviceOf(n) is `Folder`n, or empty where n is refused.
 class ScriptedPortMaker : public serial::PortMaker {
   public:
-    ScriptedPortMaker(serial::EventLoop& loop, std::shared_ptr<ScriptedLine> line);
+    ScriptedPortMaker(serial::EventLoop& loop, std::shared_ptr<ScriptedLine> line)
+        : Loop(loop), Line(std::move(line)) {}
     // Opening it while another port of the line is open throws PortError.
     std::unique_ptr<serial::Port> MakePort() override;
-    std::string DeviceOf(int number) const override;
+    std::string DeviceOf(int number) const override {
+        return Line->Refused.contains(number) ? "" : Line->Folder + std::to_string(number);
+    }
 
   private:
     serial::EventLoop& Loop;

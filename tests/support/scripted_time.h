@@ -70,8 +70,8 @@ class ScriptedTime : public Timekeeper {
     ScriptedTicker* NextDue(milliseconds end) const {
         ScriptedTicker* next = nullptr;
         for (ScriptedTicker* ticker : Tickers) {
-            if (!ticker->Enabled() || ticker->Due > end) continue;
-            if (next == nullptr || ticker->Due < next->Due) next = ticker;
+            const auto before = next == nullptr ? end + milliseconds(1) : next->Due;
+            if (ticker->Enabled() && ticker->Due < before) next = ticker;
         }
         return next;
     }

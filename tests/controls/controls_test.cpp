@@ -1,8 +1,12 @@
 #include "controls/error_texts.h"
+#include "controls/message_boxes.h"
+#include "controls/number_panels.h"
 #include "controls/timer.h"
 #include "source/errors.h"
 #include "source/step_frame.h"
 #include "tests/support/panel.h"
+
+#include <QMessageBox>
 
 #include <gtest/gtest.h>
 
@@ -64,25 +68,19 @@ TEST_F(HandlersOfAWindow, RunWhatWaitsOnceEachInOrderAfterOneOrWhileItYields) {
 }
 
 TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
-    const auto reported = [&](const std::function<void()>& handler) {
-        Events.Run(handler);
-        return Boxes.LastText();
-    };
-    const auto refused = [&](std::errc reason) {
-        return reported([&] { throw serial::PortError(2, std::make_error_code(reason)); });
-    };
-    EXPECT_EQ(refused(std::errc::device_or_resource_busy),
-              "COM2 포트를 사용할 수 없습니다.\n다른 프로그램이 이 포트를 사용하고 있습니다.");
-    EXPECT_TRUE(refused(std::errc::no_such_device).contains("장치가 없습니다"));
-    const std::vector<std::pair<std::function<void()>, QString>> values{
-        {[] { ControlFrame(240, code::Dle); }, "256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
-        {[] { TimeBytes("x.000"); }, "'x'은(는) 숫자가 아닙니다."},
-        {[] { TimeBytes("65536.000"); }, "65536은(는) 범위 0~65535을(를) 벗어납니다."},
-        {[] { SetPointBytes("1e9", 100); }, "100000000000은(는) 너무 커서 보낼 수 없습니다."},
-        {[] { TimeBytes("5"); }, "'5'에 소수점이 없습니다."}};
+    const std::vector<std::pair<std::function<void()>, QString>> errors{
+        {[] { throw serial::PortError(2, make_error_code(std::errc::device_or_resource_busy)); },
+         "COM2 포트를 사용할 수 없습니다.\n다른 프로그램이 이 포트를 사용하고 있습니다."},
+        {[] { ControlFrame(240, code::Dle); }, "\n256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
+        {[] { TimeBytes("x.000"); }, "\n'x'은(는) 숫자가 아닙니다."},
+        {[] { TimeBytes("65536.000"); }, "\n65536은(는) 범위 0~65535을(를) 벗어납니다."},
+        {[] { SetPointBytes("1e9", 100); }, "\n100000000000은(는) 너무 커서 보낼 수 없습니다."},
+        {[] { TimeBytes("5"); }, "\n'5'에 소수점이 없습니다."}};
     for (int time = 0; time < 2; ++time) {
-        for (const auto& [handler, text] : values)
-            EXPECT_TRUE(reported(handler).endsWith("\n" + text)) << Boxes.LastText().toStdString();
+        for (const auto& [handler, text] : errors) {
+            Events.Run(handler);
+            EXPECT_TRUE(Boxes.LastText().endsWith(text)) << Boxes.LastText().toStdString();
+        }
     }
     EXPECT_EQ(Boxes.Shown.size(), 12U);
     EXPECT_FALSE(Events.Busy());
@@ -100,12 +98,12 @@ TEST(ReasonsOfAPort, AreToldInTheLanguageOfTheWindowsAndTheUnnamedByNumber) {
 
 TEST_F(HandlersOfAWindow, ReportWhatATimerRepeatsOnceUntilItSucceeds) {
     Timer poll("poll", 5ms, Events, TickMode::WhenFree);
-    Timer watch("watch", 5ms, Events, TickMode::WhenFree);
+    Timer watch("watch", 5ms, Events, TickMode::WhenFree);  // which fails never
     bool fails = true;
     poll.OnTick([&] {
         if (fails) throw serial::PortError(1, std::make_error_code(std::errc::io_error));
     });
-    watch.OnTick([] {});  // its success says nothing about the other
+    watch.OnTick([] {});
     poll.SetEnabled(true);
     watch.SetEnabled(true);
     for (const std::size_t boxes : {1U, 2U}) {
@@ -115,6 +113,49 @@ TEST_F(HandlersOfAWindow, ReportWhatATimerRepeatsOnceUntilItSucceeds) {
         fails = false;
         WaitForTicks(3);
     }
+}
+
+TEST(MessageBoxesOfTheToolkit, ShowWhatTheyAreToldAndTakeEscapeForNo) {
+    ToolkitMessageBoxes boxes;
+    QStringList seen;
+    const auto show = [&](MessageIcon icon, MessageButtons buttons, const char* press) {
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            seen << box->windowTitle() + box->text() + QString::number(box->icon());
+            for (auto* button : box->buttons()) {
+                if (button->text() == press) return button->click();
+            }
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        return boxes.Show(nullptr, {icon, "Title", "<b>", buttons});
+    };
+    EXPECT_EQ(show(MessageIcon::Question, MessageButtons::YesNo, "예(&Y)"), Answer::Yes);
+    EXPECT_EQ(show(MessageIcon::Information, MessageButtons::YesNo, "아니요(&N)"), Answer::No);
+    EXPECT_EQ(show(MessageIcon::Critical, MessageButtons::YesNo, ""), Answer::No);
+    EXPECT_EQ(seen, (QStringList{"Title<b>4", "Title<b>1", "Title<b>3"}));
+}
+
+TEST(PanelsOfBytes, ShowALoneReplyAtOnceAndAStreamNoMoreOftenThanItCanBeRead) {
+    NumberPanels panels("Row", 64, 10, 20);
+    const auto label = [&](int panel) {
+        return panels.findChild<QLabel*>(QString("Row_%1").arg(panel))->text();
+    };
+    QElapsedTimer since;
+    since.start();
+    std::uint8_t byte = 0;
+    panels.ShowBytes(std::span(&byte, 1));
+    EXPECT_EQ(label(1), "0");
+    int changes = 0;
+    QString seen = label(1);
+    WaitFor([&] {
+        panels.ShowBytes(std::span(&++byte, 1));
+        EXPECT_EQ(panels.Text(1), QString::number(byte));
+        if (std::exchange(seen, label(1)) != label(1)) ++changes;
+        return since.elapsed() > 500;
+    });
+    EXPECT_GE(changes, 1);
+    EXPECT_LE(changes, since.elapsed() / 35);
+    EXPECT_TRUE(WaitFor([&] { return label(1) == panels.Text(1); }));
 }
 
 }  // namespace
