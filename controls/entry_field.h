@@ -19,7 +19,7 @@ class EntryField : public QLineEdit {
     // behind a menu or pop-up, so that the field stays as it is.
     enum class Way : std::uint8_t { ByControl, WithWindow };
 
-    struct Events {
+    struct Listener {
         std::function<void(Way)> FocusIn;
         std::function<void(Way)> FocusOut;
         // The text has changed, by a person or from outside; not by Write.
@@ -29,7 +29,7 @@ class EntryField : public QLineEdit {
         // A key that makes a character, before it takes effect.
         std::function<void(QChar)> KeyPress;
     };
-    void SetEvents(Events events) { On = std::move(events); }
+    void SetListener(Listener listener) { On = std::move(listener); }
 
     // Sets the text by program: no Change is told.
     void Write(const QString& text);
@@ -49,7 +49,7 @@ class EntryField : public QLineEdit {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    Events On;
+    Listener On;
     QString Known;         // the text before the next change
     bool Writing = false;  // the program sets the text
     bool Marked = false;

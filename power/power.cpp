@@ -41,7 +41,7 @@ struct POWER::Inside {
     WindowTime Time;
     PowerControls Controls;
     std::unique_ptr<serial::Port> comPOWER;
-    Transmitter Line;
+    Transmitter Sender;
     PowerParts Parts;
     Gate Door;
 
@@ -75,11 +75,11 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Time(Events),
       Controls(MakePowerControls(window)),
       comPOWER(around.Ports.MakePort()),
-      Line(source, *comPOWER),
-      Parts{source, Controls, Line, Events, Boxes, window},
+      Sender(source, *comPOWER),
+      Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
-      Polls(source, Line, Time, [this] { return Out.On(); }),
-      Held(source, *comPOWER, Line, Time),
+      Polls(source, Sender, Time, [this] { return Out.On(); }),
+      Held(source, *comPOWER, Sender, Time),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
       Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
@@ -210,7 +210,7 @@ void POWER::OpenOther(void (POWER::*wanted)()) {
 void POWER::HandOver() {
     Self->Fields.Commit();  // the sequence box may have the focus again, with unsent steps
     Self->EndExchanges();
-    Self->Line.AwaitOutstanding();
+    Self->Sender.AwaitOutstanding();
     Self->Parts.Source.MenuDialogFlag = true;
     Self->comPOWER->SetPortOpen(false);
     setEnabled(false);
@@ -315,7 +315,7 @@ void POWER::mnuPROGRAM_END_Click() {
     const int address = Self->Parts.Source.PowerAddr;
     if (Self->comPOWER->PortOpen()) {
         Self->Parts.Source.LayFrame(ProbeFrame(address, code::Dc1, address));
-        Self->Line.TransmitFrame();
+        Self->Sender.TransmitFrame();
         Self->comPOWER->SetPortOpen(false);
     }
     Self->EndExchanges();
@@ -327,7 +327,7 @@ bool POWER::MayUnload() {
     if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question)) != Answer::Yes) return false;
     Self->EndExchanges();
     if (Self->comPOWER->PortOpen()) {
-        Self->Line.Send(ControlFrame(Self->Parts.Source.PowerAddr, code::Dc1), ExpectAck);
+        Self->Sender.Send(ControlFrame(Self->Parts.Source.PowerAddr, code::Dc1), ExpectAck);
         Self->comPOWER->SetPortOpen(false);
     }
     return true;

@@ -52,7 +52,7 @@ ProbeChain::ProbeChain(SOURCE& source, serial::Port& port, serial::EventLoop& lo
     : Source(source),
       Port(port),
       Loop(loop),
-      Line(source, port),
+      Sender(source, port),
       Tell(std::move(events)),
       tmrSTART_ENQ(QStringLiteral("tmrSTART_ENQ"), DelayAfterLoad, handlers, TickMode::AtOnce),
       tmrZPS_Remote(QStringLiteral("tmrZPS_Remote"), ChainInterval, handlers, TickMode::AtOnce),
@@ -106,7 +106,7 @@ void ProbeChain::Stop() {
 
 void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag) {
     EndExchange();
-    Line.Send(std::move(frame), replyFlag);
+    Sender.Send(std::move(frame), replyFlag);
     AnswerAwaited = true;
 }
 
@@ -134,7 +134,7 @@ void ProbeChain::comPOWER_OnComm() {
     if (Source.RetryCount < MostRetries && Failed(result)) {
         ++Source.RetryCount;
         Port.Pause(RetryPause, serial::WaitMode::RunEvents);
-        if (exchange == ExchangeNumber) Line.TransmitFrame();
+        if (exchange == ExchangeNumber) Sender.TransmitFrame();
     } else {
         Finish(result);
     }

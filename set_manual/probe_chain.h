@@ -73,7 +73,7 @@ class ProbeChain {
     SOURCE& Source;
     serial::Port& Port;
     serial::EventLoop& Loop;
-    Transmitter Line;
+    Transmitter Sender;
     ProbeEvents Tell;
     Timer tmrSTART_ENQ;
     Timer tmrZPS_Remote;

@@ -24,13 +24,13 @@ void Transmitter::TransmitFrame() {
 void Transmitter::PutOut() {
     Source.RxBusy = true;
     SentAt = Now();
-    Line.DiscardInput();
-    Line.Output(Source.TxFrame);
+    Port.DiscardInput();
+    Port.Output(Source.TxFrame);
 }
 
 void Transmitter::AwaitOutstanding() {
     // No reply can be handled during this wait, so nothing can end it early.
-    if (ReplyInProgress()) Line.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
+    if (ReplyInProgress()) Port.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
     if (Hear) Hear();
     Source.RxBusy = false;
 }

@@ -18,7 +18,7 @@ class Transmitter {
 
     Transmitter(SOURCE& source, serial::Port& port,
                 std::function<Clock::time_point()> now = &Clock::now)
-        : Source(source), Line(port), Now(std::move(now)) {}
+        : Source(source), Port(port), Now(std::move(now)) {}
 
     // Whether the reply to the last frame may still come: it is not handled yet, and no more than a
     // second old. One that is later is no reply to wait for.
@@ -45,7 +45,7 @@ class Transmitter {
     void PutOut();
 
     SOURCE& Source;
-    serial::Port& Line;
+    serial::Port& Port;
     std::function<Clock::time_point()> Now;
     Clock::time_point SentAt;
     std::function<void()> Hear;

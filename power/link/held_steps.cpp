@@ -20,13 +20,16 @@ StepValues AllValues() {
 }
 
 HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Timekeeper& time)
-    : Source(source), Port(port), Line(line), tmrANSWER(time.MakeTicker("tmrANSWER", AnswerLimit)) {
-    Line.OnOutstanding([this] { HearAnswer(); });
+    : Source(source),
+      Port(port),
+      Sender(line),
+      tmrANSWER(time.MakeTicker("tmrANSWER", AnswerLimit)) {
+    Sender.OnOutstanding([this] { HearAnswer(); });
     tmrANSWER->OnTick([this] { tmrANSWER_Timer(); });
 }
 
 void HeldSteps::Put(const Sent& sent, const Frame& frame) {
-    Line.AwaitOutstanding();  // hears the answer to the values before
+    Sender.AwaitOutstanding();  // hears the answer to the values before
     if (sent.Selects) {
         MaybeAt.set(Index(sent.Step));
     } else {
@@ -36,7 +39,7 @@ void HeldSteps::Put(const Sent& sent, const Frame& frame) {
     }
     Mark(sent.Step, (Acknowledged.at(Index(sent.Step)) | sent.Values).all());
     try {
-        Line.Send(frame, ExpectAck);
+        Sender.Send(frame, ExpectAck);
     } catch (...) {
         Refuse(sent);
         throw;

@@ -75,7 +75,7 @@ class HeldSteps {
 
     SOURCE& Source;
     serial::Port& Port;
-    Transmitter& Line;
+    Transmitter& Sender;
     std::unique_ptr<Ticker> tmrANSWER;
     std::optional<Sent> Awaited;
     std::array<StepValues, StepCount> Acknowledged{};  // as they stand in the table

@@ -15,7 +15,7 @@ constexpr auto LongestSilence = 1s;
 Polling::Polling(SOURCE& source, Transmitter& line, Timekeeper& time,
                  std::function<bool()> outputOn)
     : Source(source),
-      Line(line),
+      Sender(line),
       OutputOn(std::move(outputOn)),
       tmrDLE(time.MakeTicker("tmrDLE", PollInterval)),
       tmrWATCH(time.MakeTicker("tmrWATCH", LongestSilence)) {
@@ -43,7 +43,7 @@ void Polling::ReplyHandled() {
 }
 
 void Polling::Poll() {
-    Line.Send(ControlFrame(Source.PowerAddr, code::Dle), ExpectData);
+    Sender.Send(ControlFrame(Source.PowerAddr, code::Dle), ExpectData);
 }
 
 void Polling::tmrWATCH_Timer() {

@@ -33,7 +33,7 @@ class Polling {
     void tmrWATCH_Timer();
 
     SOURCE& Source;
-    Transmitter& Line;
+    Transmitter& Sender;
     std::function<bool()> OutputOn;
     std::unique_ptr<Ticker> tmrDLE;    // the steady poll
     std::unique_ptr<Ticker> tmrWATCH;  // a second since the last reply

@@ -22,9 +22,9 @@ RowUse RowWithOutputOn(const PanelState& state, int row) {
     return {state.Locked ? selected : held, selected, false, selected && state.OvpUnderLoad};
 }
 
-using Column = std::array<EntryField*, RowCount> PowerControls::*;
+using Fields = std::array<EntryField*, RowCount> PowerControls::*;
 
-constexpr std::array<std::pair<Column, bool RowUse::*>, 5> Columns{{
+constexpr std::array<std::pair<Fields, bool RowUse::*>, 5> FieldUses{{
     {&PowerControls::txPVOLT, &RowUse::SetPoints},
     {&PowerControls::txPCURR, &RowUse::SetPoints},
     {&PowerControls::txPTIME, &RowUse::Times},
@@ -42,7 +42,7 @@ void EnableOne(PowerControls& c, QWidget& control, bool on) {
 void EnableRows(PowerControls& c, const PanelUse& use) {
     for (std::size_t row = 0; row < RowCount; ++row) {
         EnableOne(c, *c.txPSTEP[row], use.Rows[row].Step);
-        for (const auto& [fields, part] : Columns) {
+        for (const auto& [fields, part] : FieldUses) {
             EnableOne(c, *(c.*fields)[row], use.Rows[row].*part);
         }
     }

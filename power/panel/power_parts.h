@@ -12,7 +12,7 @@ namespace zps {
 struct PowerParts {
     SOURCE& Source;
     PowerControls& Controls;
-    Transmitter& Line;
+    Transmitter& Sender;
     Handlers& Events;
     MessageBoxes& Boxes;
     QWidget& Window;

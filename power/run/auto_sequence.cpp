@@ -94,7 +94,7 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
     Told.clear();
     FrameBuilder builder(Parts.Source.PowerAddr);
     builder.Command(letter::Sequence).Append(*steps).Append({EndOfSequence});
-    Parts.Line.Send(builder.Finish(), ExpectAck);
+    Parts.Sender.Send(builder.Finish(), ExpectAck);
 }
 
 // No error of the entry: whatever took the focus away goes on. The focus comes back to the box; the
@@ -128,7 +128,7 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     if (Fields.Open() == &field) Fields.Accept(field);
     FrameBuilder builder(CountAddress);
     builder.Command(letter::Count).AppendWord(RoundHalfEven(std::round(count)));
-    Parts.Line.Send(builder.Finish(), ExpectAck);
+    Parts.Sender.Send(builder.Finish(), ExpectAck);
 }
 
 }  // namespace zps

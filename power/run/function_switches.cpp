@@ -23,7 +23,7 @@ void FunctionSwitches::Toggle(std::size_t place) {
     ShowAsked(Parts.Controls, function, on);
     ShowDifference(Parts.Controls, function, false, false);
     Changed();
-    Parts.Line.SendCommand(function.Letter, on ? 1 : 0);
+    Parts.Sender.SendCommand(function.Letter, on ? 1 : 0);
 }
 
 void FunctionSwitches::Reset() {

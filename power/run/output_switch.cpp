@@ -66,7 +66,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
         c.lblNOTICE->setText(objection);
         return;
     }
-    Parts.Line.AwaitOutstanding();  // a value without an answer by now is not acknowledged
+    Parts.Sender.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
     if (Around.Held.Refused(step).any()) {
         c.lblNOTICE->setText(
@@ -85,13 +85,15 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
 }
 
 void OutputSwitch::Send(bool on) {
-    Parts.Line.SendCommand(letter::Output, on ? 1 : 0);
+    Parts.Sender.SendCommand(letter::Output, on ? 1 : 0);
 }
 
 QString OutputSwitch::WaitForReplyInProgress(serial::Clock::time_point deadline) {
     const Output::Objections before = Around.Out.Objected();
     const unsigned refusals = Around.Fields.RefusalCount();
-    const auto done = [this] { return !Parts.Line.ReplyInProgress() && !Around.Start.UnderWay(); };
+    const auto done = [this] {
+        return !Parts.Sender.ReplyInProgress() && !Around.Start.UnderWay();
+    };
     {
         const Gate::Shut shut(Around.Door);
         Parts.Events.Yield([&] { Around.Loop.RunUntil(done, deadline); });

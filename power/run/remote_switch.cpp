@@ -25,7 +25,7 @@ void RemoteSwitch::cmdPREMOTE_Click() {
         GoLocal();
     else
         GoRemote();
-    Parts.Line.Send(std::move(frame), ExpectAck);
+    Parts.Sender.Send(std::move(frame), ExpectAck);
 }
 
 void RemoteSwitch::GoLocal() {

@@ -129,8 +129,8 @@ void ReplyHandler::RearmTimers() {
 
 void ReplyHandler::FaultReset() {
     FaultResetPending = false;  // first, or its own answer would reset again
-    Parts.Line.Send(FrameBuilder(Parts.Source.PowerAddr).Command(letter::FaultReset).Finish(),
-                    ExpectAck);
+    Parts.Sender.Send(FrameBuilder(Parts.Source.PowerAddr).Command(letter::FaultReset).Finish(),
+                      ExpectAck);
 }
 
 }  // namespace zps

@@ -19,19 +19,19 @@ void Entries::Connect(EntryField& field, Rules rules) {
     const auto run = [this](auto handler) {
         return [this, handler](auto... told) { Parts.Events.Run([&] { handler(told...); }); };
     };
-    EntryField::Events events;
-    events.FocusIn = run([this, &field](EntryField::Way way) { Field_FocusIn(field, way); });
-    events.FocusOut = run([this, &field](EntryField::Way way) { Field_FocusOut(field, way); });
-    events.Change = run([this, &field](const QString& before) { Field_Change(field, before); });
-    events.Committed = run([&own, &field] {
+    EntryField::Listener listener;
+    listener.FocusIn = run([this, &field](EntryField::Way way) { Field_FocusIn(field, way); });
+    listener.FocusOut = run([this, &field](EntryField::Way way) { Field_FocusOut(field, way); });
+    listener.Change = run([this, &field](const QString& before) { Field_Change(field, before); });
+    listener.Committed = run([&own, &field] {
         own.Committed();
         field.selectAll();
     });
-    events.Cancelled = run([this, &field] {
+    listener.Cancelled = run([this, &field] {
         if (Entered == &field) Cancel();
     });
-    if (own.KeyPress) events.KeyPress = run(own.KeyPress);
-    field.SetEvents(std::move(events));
+    if (own.KeyPress) listener.KeyPress = run(own.KeyPress);
+    field.SetListener(std::move(listener));
 }
 
 void Entries::Field_FocusIn(EntryField& field, EntryField::Way way) {
@@ -105,7 +105,7 @@ void Entries::Refuse(EntryField& field, const Message& message) {
     ReturnTo(field);
 }
 
-void Entries::TakeBack(EntryField& field, const Message& message) {
+void Entries::Restore(EntryField& field, const Message& message) {
     field.Write(QString::fromStdString(OldText));
     if (const auto& change = RulesOf.at(&field).Change) change();
     ShowRefusal(message);

@@ -45,7 +45,7 @@ class Entries {
     void Refuse(EntryField& field, const Message& message);
     // The entry can't be taken now. Shows `message` and takes it back; what the operator wanted to
     // do meanwhile must not be done.
-    void TakeBack(EntryField& field, const Message& message);
+    void Restore(EntryField& field, const Message& message);
     // Gives `field` the focus again, entered, with its text selected.
     void ReturnTo(EntryField& field);
     // The text of `field`, which is entered, has been taken over.

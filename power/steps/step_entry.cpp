@@ -71,7 +71,7 @@ void StepEntry::Field_Committed(const StepField& kind, int row) {
 bool StepEntry::Take(const StepField& kind, int row) {
     EntryField& field = FieldOf(kind, row);
     if (!Parts.Source.RatingsKnown()) {
-        Around.Fields.TakeBack(field, UnknownRatings());
+        Around.Fields.Restore(field, UnknownRatings());
         return false;
     }
     if (field.text().isEmpty()) field.Write(QStringLiteral("0"));
