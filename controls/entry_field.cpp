@@ -56,7 +56,7 @@ void EntryField::MarkRefused(bool refused) {
 void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     FocusByMouse = event->reason() == Qt::MouseFocusReason;
-    if (On.FocusIn) On.FocusIn(WayOf(event->reason()));
+    Call(On.FocusIn);
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {

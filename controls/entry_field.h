@@ -15,12 +15,12 @@ class EntryField : public QLineEdit {
   public:
     EntryField(const QString& name, const QString& accessibleName, QWidget* parent);
 
-    // How the focus comes or goes: between controls of the window; or with the whole window, or
+    // How the focus goes: between controls of the window; or with the whole window, or
     // behind a menu or pop-up, so that the field stays as it is.
     enum class Way : std::uint8_t { ByControl, WithWindow };
 
     struct Listener {
-        std::function<void(Way)> FocusIn;
+        std::function<void()> FocusIn;
         std::function<void(Way)> FocusOut;
         // The text has changed, by a person or from outside; not by Write.
         std::function<void(const QString& before)> Change;

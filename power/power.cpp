@@ -142,6 +142,7 @@ void POWER::Inside::ShowOutput() {
     ShowAsked(Controls, OutputFunction(), Out.ShownOn());
     OvpUnderLoad = false;
     Polls.Stop();
+    if (!Out.On()) Functions.PollsEnded();
     Lock.ReleaseEditLock();
     Refresh();
 }

@@ -36,7 +36,15 @@ void FunctionSwitches::Reset() {
     Changed();
 }
 
-void FunctionSwitches::Reported(std::uint8_t bits) {
+void FunctionSwitches::PollsEnded() {
+    for (std::size_t place = 0; place < PlainFunctionCount; ++place) {
+        const Flag& flag = Flags.at(place);
+        ShowDifference(Parts.Controls, PlainFunction(place), flag.DifferentReports > 0, !flag.On);
+    }
+}
+
+void FunctionSwitches::Reported(std::uint8_t bits, bool polled) {
+    const int passing = polled ? 1 : 0;  // reports that may be older than the command
     ShowStatus(Parts.Controls, bits);
     for (std::size_t place = 0; place < PlainFunctionCount; ++place) {
         const Function& function = PlainFunction(place);
@@ -48,7 +56,7 @@ void FunctionSwitches::Reported(std::uint8_t bits) {
             ShowAsked(Parts.Controls, function, true);
         }
         flag.DifferentReports = flag.On == reported ? 0 : flag.DifferentReports + 1;
-        ShowDifference(Parts.Controls, function, flag.DifferentReports > 1, reported);
+        ShowDifference(Parts.Controls, function, flag.DifferentReports > passing, reported);
     }
 }
 

@@ -19,8 +19,10 @@ class FunctionSwitches {
 
     // The supply has its functions switched off.
     void Reset();
-    // The supply has reported this status byte.
-    void Reported(std::uint8_t bits);
+    // The supply has reported this status byte; `polled` tells whether it is asked again by itself.
+    void Reported(std::uint8_t bits, bool polled);
+    // No report follows by itself: what the last one told otherwise is marked.
+    void PollsEnded();
 
   private:
     struct Flag {

@@ -65,7 +65,7 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
     const auto is = [&](std::uint8_t bit) { return (values.Status & bit) != 0; };
     std::optional<Message> message;
     if (is(status::Fault)) message = Fault(values.Code);
-    Around.Functions.Reported(values.Status);
+    Around.Functions.Reported(values.Status, Around.Out.On());
     if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
     if (Around.Out.On() && Parts.Source.RatingsKnown()) TakeReadBack(values);

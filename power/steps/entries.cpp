@@ -20,7 +20,7 @@ void Entries::Connect(EntryField& field, Rules rules) {
         return [this, handler](auto... told) { Parts.Events.Run([&] { handler(told...); }); };
     };
     EntryField::Listener listener;
-    listener.FocusIn = run([this, &field](EntryField::Way way) { Field_FocusIn(field, way); });
+    listener.FocusIn = run([this, &field] { Field_FocusIn(field); });
     listener.FocusOut = run([this, &field](EntryField::Way way) { Field_FocusOut(field, way); });
     listener.Change = run([this, &field](const QString& before) { Field_Change(field, before); });
     listener.Committed = run([&own, &field] {
@@ -34,9 +34,8 @@ void Entries::Connect(EntryField& field, Rules rules) {
     field.SetListener(std::move(listener));
 }
 
-void Entries::Field_FocusIn(EntryField& field, EntryField::Way way) {
-    const bool passing = Refusing && way == EntryField::Way::WithWindow;
-    if (Entered == &field || passing) return;
+void Entries::Field_FocusIn(EntryField& field) {
+    if (Entered == &field || Refusing) return;  // the focus goes back to the field in error
     if (Entered != nullptr && (!Leave() || Entered != nullptr)) return;  // it has the focus back
     GotFocus(field);
     if (const auto& entered = RulesOf.at(&field).GotFocus) entered();

@@ -52,7 +52,7 @@ class Entries {
     void Accept(const EntryField& field) { OldText = field.text().toStdString(); }
 
   private:
-    void Field_FocusIn(EntryField& field, EntryField::Way way);
+    void Field_FocusIn(EntryField& field);
     void Field_FocusOut(EntryField& field, EntryField::Way way);
     void Field_Change(EntryField& field, const QString& before);
     bool TakeIn(EntryField& field, const QString& before);

@@ -182,6 +182,9 @@ TEST_F(RunSwitches, WhatTheSupplyReportsOtherwiseThanAskedIsMarkedFromTheSecondP
     Click("cmdOUTPUT");
     Click("cmdOCP");  // what was reported says nothing of what is asked now
     EXPECT_EQ(label.toolTip(), "");
+    ASSERT_TRUE(Quiet() && Press("cmdOCP"));
+    Click("cmdPREMOTE");  // the one poll behind the step start is followed by none
+    EXPECT_TRUE(WaitFor([&] { return !label.toolTip().isEmpty(); }));
 }
 
 TEST_F(RunSwitches, AValueThatTheSupplyRefusedIsMarkedUntilItIsSentAgain) {
