@@ -14,6 +14,10 @@ Entries::Entries(PowerParts& parts, const Gate& gate) : Parts(parts), Door(gate)
                      });
 }
 
+Entries::~Entries() {
+    for (const auto& [field, rules] : RulesOf) field->SetListener({});
+}
+
 void Entries::Connect(EntryField& field, Rules rules) {
     const Rules& own = RulesOf.emplace(&field, std::move(rules)).first->second;
     const auto run = [this](auto handler) {

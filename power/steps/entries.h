@@ -26,8 +26,11 @@ class Entries {
     };
 
     Entries(PowerParts& parts, const Gate& gate);
+    ~Entries();  // the fields live a little longer, and lose the focus then
+    Entries(const Entries&) = delete;
+    Entries& operator=(const Entries&) = delete;
 
-    // From now on the events of `field` are handled here. This object outlives the last of them.
+    // From now on the events of `field` are handled here, while this object lives.
     void Connect(EntryField& field, Rules rules);
 
     // The field that is entered, or null.
@@ -64,7 +67,7 @@ class Entries {
 
     PowerParts& Parts;
     const Gate& Door;
-    std::map<const EntryField*, Rules> RulesOf;
+    std::map<EntryField*, Rules> RulesOf;
     QObject Context;  // ends the connection to the application
 
     EntryField* Entered = nullptr;
