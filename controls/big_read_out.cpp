@@ -1,5 +1,6 @@
 #include "controls/big_read_out.h"
 
+#include "controls/number_face.h"
 #include "controls/widgets.h"
 
 #include <QResizeEvent>
@@ -22,6 +23,7 @@ BigReadOut::BigReadOut(const QString& name, const QString& text, const QString& 
                        const QString& widest)
     : ReadOut(name, text, accessibleName), Base(font()), WidthFactor(Usual) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    SetNumberFace(Base);
     Embolden(Base);
     QFont largest = Base;
     largest.setPointSizeF(Base.pointSizeF() * Most);
