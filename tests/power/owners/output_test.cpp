@@ -7,21 +7,18 @@
 namespace zps {
 namespace {
 
-TEST(OutputState, TellsEachWayOnAndOffButTheOneOfAStepStartAndCountsObjections) {
+TEST(OutputState, TellsEachSwitchingAndCountsObjections) {
     Output output;
     std::string told;
-    output.OnChange([&] { told += output.On() && output.ShownOn() ? "on " : "off "; });
+    output.OnChange([&] { told += output.On() ? "on " : "off "; });
     output.CountNoReply();
     output.WentOn();
     EXPECT_EQ(output.NoReplyCount(), 0);  // of this output period
-    output.ForgetForStepStart();
-    EXPECT_TRUE(!output.On() && output.ShownOn());
     output.WentOff();
-    output.WentOn();
     output.Refused();
     output.Tripped(5);
     output.Tripped(2);
-    EXPECT_EQ(told, "on off on off off ");
+    EXPECT_EQ(told, "on off off off ");
     const auto& [faults, refusals, last] = output.Objected();
     EXPECT_EQ(std::tuple(faults, refusals, last), std::tuple(2, 1, 2));
 }

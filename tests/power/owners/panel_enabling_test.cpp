@@ -7,7 +7,7 @@
 namespace zps {
 namespace {
 
-// i identified, r remote, l remote switch leaves, o output on, s shown on, a auto, k locked,
+// i identified, r remote, l remote switch leaves, o output on, a auto, k locked,
 // p O.V.P. under load; e and a digit the edited row, S and a digit the selected one, H and a digit
 // a held one.
 PanelState StateOf(const std::string& text) {
@@ -16,7 +16,6 @@ PanelState StateOf(const std::string& text) {
                                        {'r', &PanelState::Remote},
                                        {'l', &PanelState::LeavesRemote},
                                        {'o', &PanelState::OutputOn},
-                                       {'s', &PanelState::OutputShown},
                                        {'a', &PanelState::AutoOn},
                                        {'k', &PanelState::Locked},
                                        {'p', &PanelState::OvpUnderLoad}})
@@ -65,15 +64,12 @@ TEST(Enabling, AllowsInEachStateWhatItsRowSays) {
         {"irl S1 H2", "OFLWCSfro B BVTP B B"},
         {"irlk e1 S0", "OFLWCr - BVTP - -"},
         {"irk e1 S0", "OFLWC - BVTP - -"},
-        {"irls S0", "OFLWCSfro BVTP B B B"},
-        {"irlsk e0 S0", "OFLWCro BVTP - - -"},
-        {"irlos S1 H1 H3", "OLCSfro - BV - B"},
-        {"irlos S1 H3", "OLCSfro - V - B"},
-        {"irlosp S1 H1 H3", "OLCSfro - BVP - B"},
+        {"irlo S1 H1 H3", "OLCSfro - BV - B"},
+        {"irlo S1 H3", "OLCSfro - V - B"},
+        {"irlop S1 H1 H3", "OLCSfro - BVP - B"},
         {"irlok S1 H1 H3", "OLCro - BV - -"},
-        {"irloskp S1 H3", "OLCro - BVP - -"},
-        {"irlosap S1 H1 H3", "OLCSfro - - - -"},
-        {"irlosa", "OLCSfro - - - -"},
+        {"irlokp S1 H3", "OLCro - BVP - -"},
+        {"irloap S1 H1 H3", "OLCSfro - - - -"},
     };
     for (const auto& [state, use] : rows) EXPECT_EQ(TextOf(UsableIn(StateOf(state))), use) << state;
 }
