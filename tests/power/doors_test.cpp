@@ -60,7 +60,7 @@ TEST_F(Doors, AnEntryIsJudgedBeforeWhateverIsDoneBehindTheMenuBarWhichAnErrorSto
         act();
         EXPECT_EQ(Source().StepVolt(0), volts);
         EXPECT_EQ(Sent(), std::string("V0") + sent);
-        ASSERT_TRUE(Quiet());
+        ASSERT_TRUE(Settle());
     }
 }
 
@@ -71,7 +71,7 @@ TEST_F(Doors, TextFromOutsideIsAnEntryOnlyWhereAPersonCouldTypeIt) {
     EXPECT_EQ(Sent(), "");
     SetFromOutside(Get<QWidget>("txPCURR_0"), "1");  // leaves the field before
     EXPECT_EQ(Sent(), "V4");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Settle());
     Leave();
     EXPECT_EQ(Sent(), "C39");
     Boxes.WhileUp = [&](const Message&) { SetFromOutside(Volt(), "7"); };

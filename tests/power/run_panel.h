@@ -42,18 +42,11 @@ class ScriptedRun : public testing::Test, protected ScriptedPanel {
     bool Handled(const Bytes& data) {
         Source().RxFrame.clear();
         Data = data;
-        return WaitFor([&] { return Source().RxFrame == data; }) && Quiet();
-    }
-    bool Quiet() {
-        return WaitFor([&] { return !Source().RxBusy; });
+        return WaitFor([&] { return Source().RxFrame == data; }) && Settle();
     }
     // Clicks a button and waits until the supply has answered.
-    bool Press(const char* button) { return Click(button), Quiet(); }
+    bool Press(const char* button) { return Click(button), Settle(); }
     bool SwitchOn() { return Click("cmdOUTPUT"), Handled(Reading(4)); }
-    void Enter(const char* field, const char* text) {
-        Type(field, QString::fromUtf8(text));
-        Leave();
-    }
     // A data reply of 12.1 V, 0.1 A and step 3.
     static Bytes Reading(int status, std::uint8_t code = 0) {
         const auto bits = static_cast<std::uint8_t>(status);

@@ -78,7 +78,7 @@ TEST_F(RunSequence, TheSequenceIsSentStepByStepAndAnEmptyOneToWhateverSupply) {
           Case{QString("42>").repeated(253), Framed(1, Joined({{27, 'B'}, steps, {0xFF}}))}}) {
         Paste(text);
         EXPECT_EQ(LastFrame(), frame);
-        ASSERT_TRUE(Quiet());
+        ASSERT_TRUE(Settle());
     }
     Source().Forget();
     Paste({});
@@ -94,7 +94,7 @@ TEST_F(RunSequence, AStepThatIsMissingIsToldOnceAndStopsNothing) {
     ASSERT_TRUE(Press("cmdPREMOTE") && Press("cmdPREMOTE"));
     EXPECT_EQ(Sent(), "rl");
     Click("cmdPREMOTE");
-    ASSERT_TRUE(AreSent(3) && Quiet());
+    ASSERT_TRUE(AreSent(3) && Settle());
     Choose("mnuTEST");
     ASSERT_NE(ScriptedPanel::Run.Test(), nullptr);
     ScriptedPanel::Run.Test()->close();
@@ -112,9 +112,9 @@ TEST_F(RunSequence, AStepThatIsMissingLetsTheOutputGoOnWithinASecondOfTheClick) 
     Click("cmdOUTPUT");
     EXPECT_EQ(Sent() + Texts(*this, {"lblNOTICE"}), "A1");
     EXPECT_EQ(Boxes.Shown.size(), 1U);
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Settle());
     Click("cmdOUTPUT");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Settle());
     Type(Steps, "02");
     Boxes.WhileUp = [](const Message&) { QTest::qWait(1200); };
     Sent();
@@ -133,7 +133,7 @@ TEST_F(RunSequence, TheCountGoesToAddressOneAndItsRangeIsChecked) {
         Enter(Count, typed);
         EXPECT_EQ(LastFrame(), frame);
         EXPECT_EQ(Texts(*this, {Count}), shown);
-        ASSERT_TRUE(Quiet());
+        ASSERT_TRUE(Settle());
     }
     Sent();
     Enter(Count, "300");  // as it was

@@ -54,7 +54,7 @@ TEST_F(RunSwitches, EachSwitchSendsItsStateAndShowsIt) {
             EXPECT_EQ(LastFrame(), Framed(1, {27, letter, on, 0, 0, 0, 0, 0}));
             EXPECT_EQ(Texts(*this, {label}), on == 1 ? "ON" : "OFF");
             EXPECT_EQ(Lit(lamp), on == 1 ? active : idle);
-            ASSERT_TRUE(Quiet());
+            ASSERT_TRUE(Settle());
         }
     }
     EXPECT_EQ(Sent(), "G1G0G1G0G1G0W1W0W1W0W1W0X1X0X1X0X1X0A1A0A1A0A1A0");
@@ -91,7 +91,7 @@ TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndGoingLocalEndsPollsAndStepStar
     EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));
     EXPECT_EQ(Texts(*this, {"Rem_Loc", "lblPREMOTE"}), "REMOTE RS232");
     EXPECT_EQ(Lit("RemoteLED"), PaleOrange);
-    ASSERT_TRUE(AreSent(3) && Quiet());
+    ASSERT_TRUE(AreSent(3) && Settle());
     EXPECT_EQ(Sent(), "rU?");
     ASSERT_TRUE(SwitchOn());
     Sent();
@@ -102,7 +102,7 @@ TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndGoingLocalEndsPollsAndStepStar
     EXPECT_EQ(Lit("OutputLED"), PaleOrange);
     EXPECT_FALSE(Get<QPushButton>("cmdOUTPUT").isEnabled());
     // To remote and back before the step has started.
-    ASSERT_TRUE(Quiet() && Press("cmdPREMOTE") && Press("cmdPREMOTE"));
+    ASSERT_TRUE(Settle() && Press("cmdPREMOTE") && Press("cmdPREMOTE"));
     EXPECT_FALSE(AreSent(4, 500ms));
     EXPECT_EQ(Sent(), "lrl");
 }
@@ -159,7 +159,7 @@ TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
 
 TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
     Enter("txPVOLT_0", "50");
-    ASSERT_TRUE(Quiet() && SwitchOn() && Handled(Reading(4 + 192)));
+    ASSERT_TRUE(Settle() && SwitchOn() && Handled(Reading(4 + 192)));
     Sent();
     Click("cmdPREMOTE");
     EXPECT_EQ(LastFrame(), (Bytes{1, 0x13, 0x14}));
@@ -182,7 +182,7 @@ TEST_F(RunSwitches, WhatTheSupplyReportsOtherwiseThanAskedIsMarkedFromTheSecondP
     Click("cmdOUTPUT");
     Click("cmdOCP");  // what was reported says nothing of what is asked now
     EXPECT_EQ(label.toolTip(), "");
-    ASSERT_TRUE(Quiet() && Press("cmdOCP"));
+    ASSERT_TRUE(Settle() && Press("cmdOCP"));
     Click("cmdPREMOTE");  // the one poll behind the step start is followed by none
     EXPECT_TRUE(WaitFor([&] { return !label.toolTip().isEmpty(); }));
 }
@@ -191,7 +191,7 @@ TEST_F(RunSwitches, AValueThatTheSupplyRefusedIsMarkedUntilItIsSentAgain) {
     auto& field = Get<EntryField>("txPVOLT_0");
     Line().Answer({1, 21, 22});
     Enter("txPVOLT_0", "5");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Settle());
     EXPECT_TRUE(field.Refused() && !Get<EntryField>("txPCURR_0").Refused());
     Click("txPSTEP_0");
     EXPECT_EQ(Sent(), "V1");

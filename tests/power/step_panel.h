@@ -37,10 +37,6 @@ struct StepPanel : SimulatedPanel {
         return Get<QPushButton>(qPrintable(QString("txPSTEP_%1").arg(row)));
     }
     QScrollBar& Bar() { return Get<QScrollBar>("vscAUTOSTEP"); }
-    void Enter(const char* field, const QString& text) {
-        Type(field, text);
-        Leave();
-    }
 
     // The frames since the last call, once all are answered; polls apart.
     std::vector<Bytes> Sent() {

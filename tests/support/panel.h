@@ -117,6 +117,11 @@ class Panel {
     void Type(const char* field, const QString& text);
     // Moves the focus as a click on a neutral place would.
     void Leave() { Get<QWidget>("cmdFOCUS").setFocus(); }
+    void Enter(const char* field, const QString& text) { Type(field, text), Leave(); }
+    // Waits until every frame has its reply handled.
+    bool Settle() {
+        return WaitFor([this] { return !Source().RxBusy; });
+    }
 
     // Waits until the settings window shows this caption for the data probe.
     bool WaitForDataResult(const QString& caption, std::chrono::milliseconds limit = 20s);
@@ -154,10 +159,6 @@ class SimulatedPanel : private SimulatedParts, public Panel {
     // The same, then closes the settings window and waits until the top step has been started and
     // the line is quiet.
     bool Open();
-    // Waits until every frame has its reply handled.
-    bool Settle() {
-        return WaitFor([this] { return !Source().RxBusy; });
-    }
     // The frames that have come since the last call, without polls (DLE).
     std::vector<Bytes> Frames();
 };
