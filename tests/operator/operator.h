@@ -15,7 +15,13 @@ class Operator {
         Panel.Boxes.WhileUp = [this](const Message& message) { AnswerBox(message); };
     }
 
-    bool Start() { return Panel.Open(); }
+    bool Start() {
+        const bool open = Panel.Open();
+        // Ratings that come garbled can't be told from good ones: the settings get a good line.
+        QObject::connect(&Panel.Main(), &POWER::SettingsWanted,
+                         [this] { Panel.Line().SetFaults({}); });
+        return open;
+    }
 
     // The n-th action of this seed. Returns what is wrong; empty if nothing.
     std::string Act(int number) {
@@ -326,11 +332,6 @@ class Operator {
     simulator::PortLink Second{2, SecondLine.DeviceName()};
     simulator::PortLink Absent{3, Nowhere};
     Oracle Judge{Panel, {{1, &Panel.Line()}, {2, &SecondLine}}};
-    // Ratings that come garbled can't be told from good ones: the settings get a good line.
-    EventWatch Watch{[this](QObject& watched, const QEvent& event) {
-        const bool settings = &watched == Panel.Run.Settings();
-        if (settings && event.type() == QEvent::Show) Panel.Line().SetFaults({});
-    }};
     QWidget Elsewhere;  // a window of another program
     const unsigned Seed;
     std::mt19937 Random;

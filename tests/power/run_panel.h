@@ -24,10 +24,11 @@ inline std::string Texts(Panel& panel, std::initializer_list<const char*> contro
     return texts.join(' ').toStdString();
 }
 
-// The supply has 150 V, 2 A and address 1. It answers a poll with `Data` and anything else with an
-// acknowledgement, unless the test has put another answer on the line.
+// The supply has 150 V, 2 A or what is told, and address 1. It answers a poll with `Data` and
+// anything else with an acknowledgement, unless the test has put another answer on the line.
 class ScriptedRun : public testing::Test, protected ScriptedPanel {
   protected:
+    explicit ScriptedRun(std::uint8_t tenthsOfAmpere = 20) { Data[10] = tenthsOfAmpere; }
     void SetUp() override {
         Line().Otherwise([this](const Bytes& sent) { return sent[1] == 16 ? Data : Acknowledged; });
         Program& program = ScriptedPanel::Run;

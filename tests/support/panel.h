@@ -12,6 +12,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include <deque>
@@ -40,22 +43,6 @@ class ScriptedBoxes : public MessageBoxes {
     Answer Show(QWidget* parent, const Message& message) override;
     QString LastText() const { return Shown.empty() ? QString() : Shown.back().Text; }
     QString LastTitle() const { return Shown.empty() ? QString() : Shown.back().Title; }
-};
-
-// Sees every event of the program while it lives, just before it is handled.
-class EventWatch : public QObject {
-  public:
-    explicit EventWatch(std::function<void(QObject& watched, const QEvent& event)> see)
-        : See(std::move(see)) {
-        qApp->installEventFilter(this);
-    }
-
-  private:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        See(*watched, *event);
-        return false;
-    }
-    std::function<void(QObject&, const QEvent&)> See;
 };
 
 // Remembers what the pointer is confined to.
@@ -108,6 +95,13 @@ class Panel {
         return Find<Control>(*Run.Settings(), name);
     }
     QString Text(const char* label) { return Get<QLabel>(label).text(); }
+    // A control of a row of the step list.
+    template <class Control = QLineEdit>
+    Control& InRow(int row, const char* name) {
+        return Get<Control>(qPrintable(QString("%1_%2").arg(name).arg(row)));
+    }
+    QPushButton& StepButton(int row) { return InRow<QPushButton>(row, "txPSTEP"); }
+    QScrollBar& Bar() { return Get<QScrollBar>("vscAUTOSTEP"); }
     void Choose(const char* menu) { Get<QAction>(menu).trigger(); }
     void Click(const char* button) {
         QTest::mouseClick(&Get<QAbstractButton>(button), Qt::LeftButton);
