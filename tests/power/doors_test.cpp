@@ -109,10 +109,8 @@ TEST_F(Doors, ASupplyOfUnknownRatingsIsShownNoNumberAndGetsNone) {
     EXPECT_EQ(rows(), before);
     ASSERT_TRUE(Press("cmdOUTPUT"));
     Sent();
-    const std::function<void()> ways[]{[&] { Enter("txPTIME_0", "1"); },
-                                       [&] { Click("txPSTEP_1"); }};
-    for (const auto& way : ways) {
-        way();
+    for (const bool entry : {true, false}) {
+        entry ? Enter("txPTIME_0", "1") : Click("txPSTEP_1");
         EXPECT_TRUE(Boxes.LastText().contains("설정 > ZPS설정 > DATA 확인"));
         EXPECT_EQ(std::exchange(Boxes.Shown, {}).size(), 1U);
     }

@@ -1,6 +1,6 @@
 // The panel under a real pointer and real keys, with the toolkit's own message boxes.
 #include "controls/message_boxes.h"
-#include "tests/power/step_panel.h"
+#include "tests/power/run_panel.h"
 
 #include <QClipboard>
 #include <QMenuBar>

@@ -103,7 +103,7 @@ TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {
     ASSERT_TRUE(SwitchOn() && Handled(Reading(4)));
     const int rows = log.RowCount();
     EXPECT_EQ(Sent(), "A1" + std::string(static_cast<std::size_t>(rows - 2), '?'));
-    EXPECT_EQ(row(1), "0 0 03 0 0");
+    EXPECT_EQ(row(1), "0 0 00 0 0");
     EXPECT_TRUE(row(2).starts_with("1 ") && row(2).ends_with(" 03 12.100 0.1000")) << row(2);
     EXPECT_EQ(log.ChartRow(1)[0], 12.1F);
     for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");  // a new run behind the old one

@@ -1,7 +1,7 @@
 // The rows of the step list: which can be used, what they show, and what a click on one sends.
 #include "controls/colours.h"
 #include "controls/entry_field.h"
-#include "tests/power/step_panel.h"
+#include "tests/power/run_panel.h"
 
 #include <QPalette>
 #include <QRegularExpression>

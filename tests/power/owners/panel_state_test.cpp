@@ -1,4 +1,5 @@
 #include "power/panel/panel_enabling.h"
+#include "power/run/output.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,22 @@ TEST(Enabling, AllowsInEachStateWhatItsRowSays) {
         {"irloap S1 H1 H3", "OLCSfro - - - -"},
     };
     for (const auto& [state, use] : rows) EXPECT_EQ(TextOf(UsableIn(StateOf(state))), use) << state;
+}
+
+TEST(OutputState, TellsEachSwitchingAndCountsObjections) {
+    Output output;
+    std::string told;
+    output.OnChange([&] { told += output.On() ? "on " : "off "; });
+    output.CountNoReply();
+    output.WentOn();
+    EXPECT_EQ(output.NoReplyCount(), 0);  // of this output period
+    output.WentOff();
+    output.Refused();
+    output.Tripped(5);
+    output.Tripped(2);
+    EXPECT_EQ(told, "on off off off ");
+    const auto& [faults, refusals, last] = output.Objected();
+    EXPECT_EQ(std::tuple(faults, refusals, last), std::tuple(2, 1, 2));
 }
 
 }  // namespace
