@@ -122,7 +122,6 @@ PanelState POWER::Inside::State() const {
     state.Remote = Remote.ControlsUsable();
     state.LeavesRemote = Remote.On();
     state.OutputOn = Out.On();
-    state.OutputShown = Out.ShownOn();
     state.AutoOn = Functions.AutoOn();
     state.Locked = Lock.Locked();
     state.EditedRow = Lock.EditedRow();
@@ -139,7 +138,7 @@ void POWER::Inside::Refresh() {
 }
 
 void POWER::Inside::ShowOutput() {
-    ShowAsked(Controls, OutputFunction(), Out.ShownOn());
+    ShowAsked(Controls, OutputFunction(), Out.On());
     OvpUnderLoad = false;
     Polls.Stop();
     if (!Out.On()) Functions.PollsEnded();
@@ -155,7 +154,6 @@ void POWER::Inside::ShowScrolled() {
 
 bool POWER::Inside::SendTopStep() {
     if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
-    Out.ForgetForStepStart();
     Upload.SendTopStep();
     return true;
 }

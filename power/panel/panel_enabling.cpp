@@ -68,7 +68,7 @@ PanelUse UsableIn(const PanelState& state) {
     use.Scrolling = !state.Locked;
     use.FunctionKeys = !state.Locked;
     use.RemoteKey = !state.Locked || state.LeavesRemote;
-    use.OutputKey = !state.Locked || state.OutputOn || state.OutputShown;
+    use.OutputKey = !state.Locked || state.OutputOn;
     for (int row = 0; row < RowCount; ++row) {
         use.Rows.at(static_cast<std::size_t>(row)) =
             state.OutputOn ? RowWithOutputOn(state, row) : RowWithOutputOff(state, row);

@@ -14,7 +14,6 @@ struct PanelState {
     bool Remote = false;        // the supply is under remote control
     bool LeavesRemote = false;  // the remote switch goes to local next
     bool OutputOn = false;
-    bool OutputShown = false;  // the output switch switches off next
     bool AutoOn = false;
     bool Locked = false;                // a row is being edited
     std::optional<int> EditedRow;       // that row with the output off

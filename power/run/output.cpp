@@ -19,7 +19,6 @@ void Output::Tripped(int faultCode) {
 
 void Output::Become(bool on) {
     OutputOn = on;
-    Shown = on;
     Told();
 }
 

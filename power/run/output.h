@@ -1,4 +1,4 @@
-// Whether the output is on: what is believed, what is shown, and what has switched it off.
+// Whether the output is on, as far as the panel knows, and what has spoken against it.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +9,8 @@ namespace zps {
 
 class Output {
   public:
-    // The output is believed on; only then the supply is polled and a reading is logged.
+    // The output is on, and shown so; only then the supply is polled and a reading is logged.
     bool On() const { return OutputOn; }
-    // The output is shown on. It differs from On only between a step start and the next switching.
-    bool ShownOn() const { return Shown; }
     // What the supply has said against switching on since the start.
     struct Objections {
         int Faults = 0;     // that it has reported
@@ -31,18 +29,15 @@ class Output {
     void Tripped(int faultCode);
     // The supply has refused a frame.
     void Refused() { ++Objection.Refusals; }
-    // A step start takes it for off without a word.
-    void ForgetForStepStart() { OutputOn = false; }
     void CountNoReply() { ++NoReplies; }
 
-    // Called after each change of what is shown.
+    // Called after each switching.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
 
   private:
     void Become(bool on);
 
     bool OutputOn = false;
-    bool Shown = false;
     Objections Objection;
     std::int32_t NoReplies = 0;
     std::function<void()> Told = [] {};

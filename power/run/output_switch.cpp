@@ -24,7 +24,7 @@ OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround
 void OutputSwitch::cmdOUTPUT_Click() {
     const auto deadline = serial::Clock::now() + ReplyInProgressLimit;  // boxes of entries count
     // The button undoes what the panel shows.
-    const bool switchOn = !Around.Out.On() && !Around.Out.ShownOn();
+    const bool switchOn = !Around.Out.On();
     if (switchOn && !Around.Fields.Commit()) return;
     Around.Polls.Stop();
     Parts.Controls.lblMODE->setText(QStringLiteral("CV"));

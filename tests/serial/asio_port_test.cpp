@@ -31,8 +31,14 @@ class AsioPort : public testing::Test {
     AsioPort() {
         fs::create_directory(Link.parent_path());
         fs::permissions(Link.parent_path(), fs::perms::owner_all);
-        PointTo(Far->Name());
+        Replug();
         Port->SetPortOpen(true);
+    }
+    // Another far end in place of this one, if there is one.
+    void Replug() {
+        if (Far) Far->HangUp();
+        Far = std::make_unique<PseudoTerminal>();
+        PointTo(Far->Name());
     }
     void PointTo(const std::string& device) const {
         fs::remove(Link);
@@ -50,7 +56,7 @@ class AsioPort : public testing::Test {
 
     const RuntimeFolder Folder;
     const fs::path Link = Folder.Path() / "zps-rs232" / "COM1";
-    std::unique_ptr<PseudoTerminal> Far = std::make_unique<PseudoTerminal>();
+    std::unique_ptr<PseudoTerminal> Far;
     PlainEventLoop Loop;
     serial::AsioPortMaker Maker{Loop};
     std::unique_ptr<serial::Port> Port = Maker.MakePort();
@@ -101,9 +107,7 @@ TEST_F(AsioPort, FollowsALinkOnlyWhileItsFolderIsForTheUserAloneAndSaysSo) {
     using fs::perms;
     const auto folder = Link.parent_path();
     fs::permissions(folder, perms::all);
-    Far->HangUp();
-    Far = std::make_unique<PseudoTerminal>();
-    PointTo(Far->Name());
+    Replug();
     for (int time = 0; time < 2; ++time) Port->Output(Bytes{1});  // the first finds it gone
     EXPECT_FALSE(Far->HasInput(100));
     Port->SetPortOpen(false);
@@ -142,8 +146,8 @@ TEST_F(AsioPort, AWaitCostsNoProcessorTimeOnAHungUpLine) {
     for (const auto mode : {WaitMode::HoldEvents, WaitMode::RunEvents}) {
         Port->Pause(20ms, mode);
         const auto before = std::clock();
-        Port->Pause(500ms, mode);
-        EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 200);
+        Port->Pause(200ms, mode);
+        EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 500);
     }
     EXPECT_TRUE(Port->PortOpen());
 }
@@ -172,8 +176,7 @@ TEST_F(AsioPort, IsASilentLineWhileTheDeviceIsAwayAndComesBackWithTheNextWrite) 
     EXPECT_NO_THROW(Port->Output(Bytes{1, 5, 6}));
     Loop.RunPosted();
     EXPECT_EQ(verdicts, 1);
-    Far = std::make_unique<PseudoTerminal>();
-    PointTo(Far->Name());
+    Replug();
     Port->Output(Bytes{1, 16, 17});
     EXPECT_EQ(Far->Read(3), (Bytes{1, 16, 17}));
     Far->Write({1});

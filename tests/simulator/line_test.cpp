@@ -60,9 +60,7 @@ TEST(Line, UnpluggedIsAnErrorToReadersKeepsItsNameAndPluggedIsADeviceAgain) {
     }
     EXPECT_NE(Line(One).DeviceName(), name);
     line.Plug();
-    const Opened panel(line.DeviceName());
-    EXPECT_EQ(panel.Ask(Control(1, Enq)), Acknowledged);
-    EXPECT_TRUE(line.StateOf(1).Remote);
+    EXPECT_EQ(Opened(line.DeviceName()).Ask(Control(1, Enq)), Acknowledged);
 }
 
 TEST(ReplyFaults, LoseChangeDivideDoubleAndDelayAReply) {
@@ -109,8 +107,7 @@ TEST_F(Links, FollowALineThatATypedCommandPlugsInAgain) {
     EXPECT_EQ(fs::read_symlink(link.Path()), line.DeviceName());
     EXPECT_EQ(line.StateOf(1).Code, 5);
     EXPECT_EQ(line.StateOf(1).Options.LoadOhms, 20);
-    EXPECT_TRUE(line.PresentFaults().Silent);
-    EXPECT_EQ(line.PresentFaults().Drop, 0.5);
+    EXPECT_TRUE(line.PresentFaults().Silent && line.PresentFaults().Drop == 0.5);
     EXPECT_TRUE(run("quit").Quit);
     for (const char* bad : {"quiet", "trip 1", "trip 2 5", "load 1 0", "quit now"})
         EXPECT_THROW(run(bad), UsageError) << bad;

@@ -1,9 +1,45 @@
-#include "tests/simulator/bench.h"
+#include "simulator/supply.h"
+
+#include "simulator/options.h"
+#include "tests/support/frames.h"
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace zps::simulator::tests {
 namespace {
+
+using namespace std::chrono_literals;
+using namespace zps::tests;
+
+// A supply on a bench with a clock of the test's own.
+struct Bench {
+    explicit Bench(const SupplyOptions& options = {}) : Tested(options) { Ask(Dc3); }
+
+    // The reply to `bytes`, empty if there is none.
+    Bytes Send(const Bytes& bytes) {
+        FrameSplitter splitter;
+        splitter.Take(bytes, Now);
+        Bytes reply;
+        for (const Frame& frame : splitter.Frames(Now + FrameSplitter::IdleGap))
+            reply = Tested.Answer(frame, Now).value_or(Bytes{});
+        return reply;
+    }
+    Bytes Ask(std::uint8_t code) { return Send(Control(Tested.Address(), code)); }
+    // Whether one command with its data, after ESC, is acknowledged.
+    bool Accepts(const Bytes& command) {
+        return Send(Framed(Tested.Address(), Joined({{Esc}, command}))).at(1) == Ack;
+    }
+    const SupplyState& After(Clock::duration time) {
+        Now += time;
+        Tested.Advance(Now);
+        return Tested.State();
+    }
+
+    Time Now{1h};
+    Supply Tested;
+};
 
 TEST(Supply, AnswersAWholeFrameForItselfOnlyAlsoBehindNoise) {
     Bench bench;
@@ -33,16 +69,15 @@ TEST(Supply, RefusesFramesWithABadCommandAndChangesNothing) {
 }
 
 TEST(Supply, TripsAtTheLimitsOfItsRatingsUntilItIsSwitchedOnAgain) {
-    const std::pair<Bytes, int> cases[]{
-        {{'V', 0x3F, 0xDF, Esc, 'O', 255, 255, Esc, 'C', 255, 255, Esc, 'A', 1}, MaxOverVoltage},
-        {{'V', 0x27, 0x10, Esc, 'C', 0x4E, 0x20, Esc, 'A', 1}, MaxOverCurrent}};
-    for (const auto& [command, code] : cases) {
+    for (const auto& [command, code] :
+         {std::pair{Bytes{'V', 0x3F, 0xDF, Esc, 'O', 255, 255, Esc, 'C', 255, 255, Esc, 'A', 1},
+                    MaxOverVoltage},
+          {Bytes{'V', 0x27, 0x10, Esc, 'C', 0x4E, 0x20, Esc, 'A', 1}, MaxOverCurrent}}) {
         Bench bench({.LoadOhms = 5});
-        ASSERT_TRUE(bench.Accepts(command));
-        EXPECT_EQ(bench.After(0s).Code, code);
+        EXPECT_TRUE(bench.Accepts(command) && bench.After(0s).Code == code);
         EXPECT_TRUE(bench.After(0s).Fault && !bench.After(0s).Output);
-        ASSERT_TRUE(bench.Accepts({'S', 1, Esc, 'A', 1}));
-        EXPECT_TRUE(bench.After(0s).Output && !bench.After(0s).Fault);
+        EXPECT_TRUE(bench.Accepts({'S', 1, Esc, 'A', 1}) && bench.After(0s).Output);
+        EXPECT_FALSE(bench.After(0s).Fault);
     }
 }
 
@@ -91,6 +126,30 @@ TEST_F(AutomaticRun, EndsAtATripThatNobodyWatched) {
     EXPECT_TRUE(Accepts({'S', 1, Esc, 'O', 2, 0x58, Esc, 'D', 3, 0xE8, 0, Esc, 'A', 1}));
     EXPECT_EQ(After(1h).Code, SetOverVoltage);
     EXPECT_FALSE(After(0s).Output || After(0s).Running);
+}
+
+using Words = std::vector<std::string>;
+
+TEST(CommandLine, TakesSuppliesLoadPortAndFaults) {
+    const auto options =
+        ParseOptions(Words{"--supply", "1:150V/10A", "--load", "12.5", "--supply", "7:2.5V/0.5A",
+                           "--port", "3", "--drop", "0.25", "--delay", "40", "--silent"});
+    ASSERT_EQ(options.Supplies.size(), 2U);
+    const auto& [address, volts, amps, load] = options.Supplies[1];
+    EXPECT_EQ(std::tuple(address, volts, amps), std::tuple(7, 2.5, 0.5));
+    EXPECT_EQ(options.Supplies[0].LoadOhms, 12.5);
+    const Faults& faults = options.LineFaults;
+    EXPECT_EQ(std::tuple(options.Port, faults.Drop, faults.Delay, faults.Silent),
+              std::tuple(3, 0.25, std::chrono::milliseconds(40), true));
+    EXPECT_EQ(ParseOptions(Words{}).Supplies.size(), 1U);
+}
+
+TEST(CommandLine, RefusesWordsThatItDoesNotUnderstand) {
+    for (const Words& words : {Words{"--volts"}, Words{"--supply"}, Words{"--supply", "1:1V/1Ax"},
+                               Words{"--port", "1.5"}, Words{"--drop", "1.1"}, Words{"--load", "0"},
+                               Words{"--garble", "nan"}, Words{"--silent", "1"},
+                               Words{"--supply", "1:1V/1A", "--supply", "1:2V/1A"}})
+        EXPECT_THROW(ParseOptions(words), UsageError) << words.back();
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "tests/support/panel.h"
 
-#include <QLineEdit>
-
 namespace zps::tests {
 
 Answer ScriptedBoxes::Show(QWidget* /*parent*/, const Message& message) {

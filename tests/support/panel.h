@@ -12,6 +12,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include <deque>
@@ -40,22 +43,6 @@ class ScriptedBoxes : public MessageBoxes {
     Answer Show(QWidget* parent, const Message& message) override;
     QString LastText() const { return Shown.empty() ? QString() : Shown.back().Text; }
     QString LastTitle() const { return Shown.empty() ? QString() : Shown.back().Title; }
-};
-
-// Sees every event of the program while it lives, just before it is handled.
-class EventWatch : public QObject {
-  public:
-    explicit EventWatch(std::function<void(QObject& watched, const QEvent& event)> see)
-        : See(std::move(see)) {
-        qApp->installEventFilter(this);
-    }
-
-  private:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        See(*watched, *event);
-        return false;
-    }
-    std::function<void(QObject&, const QEvent&)> See;
 };
 
 // Remembers what the pointer is confined to.
@@ -108,6 +95,13 @@ class Panel {
         return Find<Control>(*Run.Settings(), name);
     }
     QString Text(const char* label) { return Get<QLabel>(label).text(); }
+    // A control of a row of the step list.
+    template <class Control = QLineEdit>
+    Control& InRow(int row, const char* name) {
+        return Get<Control>(qPrintable(QString("%1_%2").arg(name).arg(row)));
+    }
+    QPushButton& StepButton(int row) { return InRow<QPushButton>(row, "txPSTEP"); }
+    QScrollBar& Bar() { return Get<QScrollBar>("vscAUTOSTEP"); }
     void Choose(const char* menu) { Get<QAction>(menu).trigger(); }
     void Click(const char* button) {
         QTest::mouseClick(&Get<QAbstractButton>(button), Qt::LeftButton);
@@ -117,6 +111,11 @@ class Panel {
     void Type(const char* field, const QString& text);
     // Moves the focus as a click on a neutral place would.
     void Leave() { Get<QWidget>("cmdFOCUS").setFocus(); }
+    void Enter(const char* field, const QString& text) { Type(field, text), Leave(); }
+    // Waits until every frame has its reply handled.
+    bool Settle() {
+        return WaitFor([this] { return !Source().RxBusy; });
+    }
 
     // Waits until the settings window shows this caption for the data probe.
     bool WaitForDataResult(const QString& caption, std::chrono::milliseconds limit = 20s);
@@ -154,10 +153,6 @@ class SimulatedPanel : private SimulatedParts, public Panel {
     // The same, then closes the settings window and waits until the top step has been started and
     // the line is quiet.
     bool Open();
-    // Waits until every frame has its reply handled.
-    bool Settle() {
-        return WaitFor([this] { return !Source().RxBusy; });
-    }
     // The frames that have come since the last call, without polls (DLE).
     std::vector<Bytes> Frames();
 };

@@ -34,18 +34,13 @@ class PlainEventLoop : public serial::EventLoop {
         }
     }
 
-    // Runs everything posted so far and what that posts, without waiting; gives up
-    // after 10 s. True if there was anything.
-    bool RunPosted() {
-        bool any = false;
-        RunUntil(
-            [this, &any] {
-                const std::lock_guard lock(Mutex);
-                any = any || !Calls.empty();
-                return Calls.empty();
-            },
-            serial::Clock::now() + std::chrono::seconds(10));
-        return any;
+    // Runs everything posted so far and what that posts, without waiting; gives up after 10 s.
+    void RunPosted() {
+        const auto none = [this] {
+            const std::lock_guard lock(Mutex);
+            return Calls.empty();
+        };
+        RunUntil(none, serial::Clock::now() + std::chrono::seconds(10));
     }
 
   private:

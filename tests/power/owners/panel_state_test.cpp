@@ -1,4 +1,5 @@
 #include "power/panel/panel_enabling.h"
+#include "power/run/output.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,7 @@
 namespace zps {
 namespace {
 
-// i identified, r remote, l remote switch leaves, o output on, s shown on, a auto, k locked,
+// i identified, r remote, l remote switch leaves, o output on, a auto, k locked,
 // p O.V.P. under load; e and a digit the edited row, S and a digit the selected one, H and a digit
 // a held one.
 PanelState StateOf(const std::string& text) {
@@ -16,7 +17,6 @@ PanelState StateOf(const std::string& text) {
                                        {'r', &PanelState::Remote},
                                        {'l', &PanelState::LeavesRemote},
                                        {'o', &PanelState::OutputOn},
-                                       {'s', &PanelState::OutputShown},
                                        {'a', &PanelState::AutoOn},
                                        {'k', &PanelState::Locked},
                                        {'p', &PanelState::OvpUnderLoad}})
@@ -65,17 +65,30 @@ TEST(Enabling, AllowsInEachStateWhatItsRowSays) {
         {"irl S1 H2", "OFLWCSfro B BVTP B B"},
         {"irlk e1 S0", "OFLWCr - BVTP - -"},
         {"irk e1 S0", "OFLWC - BVTP - -"},
-        {"irls S0", "OFLWCSfro BVTP B B B"},
-        {"irlsk e0 S0", "OFLWCro BVTP - - -"},
-        {"irlos S1 H1 H3", "OLCSfro - BV - B"},
-        {"irlos S1 H3", "OLCSfro - V - B"},
-        {"irlosp S1 H1 H3", "OLCSfro - BVP - B"},
+        {"irlo S1 H1 H3", "OLCSfro - BV - B"},
+        {"irlo S1 H3", "OLCSfro - V - B"},
+        {"irlop S1 H1 H3", "OLCSfro - BVP - B"},
         {"irlok S1 H1 H3", "OLCro - BV - -"},
-        {"irloskp S1 H3", "OLCro - BVP - -"},
-        {"irlosap S1 H1 H3", "OLCSfro - - - -"},
-        {"irlosa", "OLCSfro - - - -"},
+        {"irlokp S1 H3", "OLCro - BVP - -"},
+        {"irloap S1 H1 H3", "OLCSfro - - - -"},
     };
     for (const auto& [state, use] : rows) EXPECT_EQ(TextOf(UsableIn(StateOf(state))), use) << state;
+}
+
+TEST(OutputState, TellsEachSwitchingAndCountsObjections) {
+    Output output;
+    std::string told;
+    output.OnChange([&] { told += output.On() ? "on " : "off "; });
+    output.CountNoReply();
+    output.WentOn();
+    EXPECT_EQ(output.NoReplyCount(), 0);  // of this output period
+    output.WentOff();
+    output.Refused();
+    output.Tripped(5);
+    output.Tripped(2);
+    EXPECT_EQ(told, "on off off off ");
+    const auto& [faults, refusals, last] = output.Objected();
+    EXPECT_EQ(std::tuple(faults, refusals, last), std::tuple(2, 1, 2));
 }
 
 }  // namespace
