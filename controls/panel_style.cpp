@@ -29,6 +29,12 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
+// A list drops down as many rows as it is told to; the toolkit's own would show them all.
+int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* more) const {
+    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
     // Below the title, as the toolkit's own style has it.
     constexpr int gap = 3;

@@ -1,5 +1,6 @@
 // The look of the windows: the toolkit's own style with frames that are seen on a dark desktop too,
-// and with buttons that have exactly the colour that they were given.
+// with buttons that have exactly the colour that they were given and with lists that drop down as
+// far as they are told to.
 #pragma once
 
 #include <QProxyStyle>
@@ -13,6 +14,8 @@ class PanelStyle : public QProxyStyle {
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
+                  const QWidget* widget = nullptr, QStyleHintReturn* more = nullptr) const override;
 
   private:
     static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);

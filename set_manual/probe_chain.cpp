@@ -87,7 +87,14 @@ void ProbeChain::Restart() {
 
 void ProbeChain::StartIn(std::chrono::milliseconds delay) {
     tmrSTART_ENQ.SetInterval(delay);
-    tmrSTART_ENQ.SetEnabled(true);
+    StartSoon(tmrSTART_ENQ, CheckStage::Answer);
+    Tell.Progress();
+}
+
+// The stage counts as running in the pause before it too.
+void ProbeChain::StartSoon(Timer& timer, CheckStage stage) {
+    Check.Begin(stage);
+    timer.SetEnabled(true);
 }
 
 void ProbeChain::EndExchange() {
@@ -95,6 +102,7 @@ void ProbeChain::EndExchange() {
     AnswerAwaited = false;
     InitialisationOut = false;
     Source.RetryCount = 0;
+    Check.GiveUp();
 }
 
 void ProbeChain::Stop() {
@@ -102,19 +110,23 @@ void ProbeChain::Stop() {
     for (Timer* timer : {&tmrSTART_ENQ, &tmrZPS_Remote, &tmrPower_Init, &tmrSTART_DLE}) {
         timer->SetEnabled(false);
     }
+    Check.Reset();
+    Tell.Progress();
 }
 
-void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag) {
+void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag, CheckStage stage) {
     EndExchange();
     Sender.Send(std::move(frame), replyFlag);
     AnswerAwaited = true;
+    Check.Begin(stage);
+    Tell.Progress();
 }
 
 void ProbeChain::ProbeEnq() {
-    Exchange(ProbeFrame(FormAddr, code::Enq, FormAddr), ExpectAck);
+    Exchange(ProbeFrame(FormAddr, code::Enq, FormAddr), ExpectAck, CheckStage::Answer);
 }
 void ProbeChain::ProbeDle() {
-    Exchange(ProbeFrame(FormAddr, code::Dle, FormAddr), ExpectData);
+    Exchange(ProbeFrame(FormAddr, code::Dle, FormAddr), ExpectData, CheckStage::Ratings);
 }
 
 void ProbeChain::comPOWER_OnComm() {
@@ -168,22 +180,24 @@ void ProbeChain::Finish(Reply result) {
     AnswerAwaited = false;
     Source.RetryCount = 0;
     Source.ReplyFlag = ExpectAck;
+    Check.End(!Failed(result));
     Tell.Result(result, asked);
     if (initialised) Tell.FunctionsOff();
     if (result == Reply::Ack && !lastAttempt) MoveOn();
+    Tell.Progress();
 }
 
 void ProbeChain::MoveOn() {
     switch (ProbeStage) {
         case Stage::Asking:
-            tmrZPS_Remote.SetEnabled(true);
+            StartSoon(tmrZPS_Remote, CheckStage::Remote);
             break;
         case Stage::GoingRemote:
-            tmrPower_Init.SetEnabled(true);
+            StartSoon(tmrPower_Init, CheckStage::Initialise);
             break;
         case Stage::Initialising:
             Tell.DataProbeReady();
-            tmrSTART_DLE.SetEnabled(true);
+            StartSoon(tmrSTART_DLE, CheckStage::Ratings);
             break;
         case Stage::Idle:
             break;
@@ -199,13 +213,13 @@ void ProbeChain::tmrSTART_ENQ_Timer() {
 void ProbeChain::tmrZPS_Remote_Timer() {
     tmrZPS_Remote.SetEnabled(false);
     ProbeStage = Stage::GoingRemote;
-    Exchange(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck);
+    Exchange(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck, CheckStage::Remote);
 }
 
 void ProbeChain::tmrPower_Init_Timer() {
     tmrPower_Init.SetEnabled(false);
     ProbeStage = Stage::Initialising;
-    Exchange(InitialisationFrame(FormAddr), ExpectAck);
+    Exchange(InitialisationFrame(FormAddr), ExpectAck, CheckStage::Initialise);
     InitialisationOut = true;
 }
 

@@ -5,6 +5,7 @@
 #include "controls/handlers.h"
 #include "controls/timer.h"
 #include "serial/port.h"
+#include "set_manual/check_progress.h"
 #include "source/source.h"
 #include "source/transmitter.h"
 
@@ -24,6 +25,8 @@ struct ProbeEvents {
     std::function<void()> FunctionsOff;
     // The chain has come to its last exchange, which the operator may repeat.
     std::function<void()> DataProbeReady;
+    // The check has come to another state. After Result, where both are told.
+    std::function<void()> Progress;
 };
 
 class ProbeChain {
@@ -49,19 +52,22 @@ class ProbeChain {
     // Ends the exchange in progress and the chain; nothing is sent and no timer runs after it.
     void Stop();
 
+    const CheckProgress& Progress() const { return Check; }
+
   private:
     // The exchange of the chain that was begun last: an acknowledgement starts the one after it.
     enum class Stage : std::int16_t { Idle = 0, Asking = 1, GoingRemote = 2, Initialising = 3 };
 
     void StartIn(std::chrono::milliseconds delay);
     void EndExchange();
-    void Exchange(Frame frame, std::int16_t replyFlag);
+    void Exchange(Frame frame, std::int16_t replyFlag, CheckStage stage);
     void comPOWER_OnComm();
     Reply Judge(const Bytes& reply);
     bool TellsUnknownRatings() const;
     void TakeRatings(const Bytes& reply);
     void Finish(Reply result);
     void MoveOn();
+    void StartSoon(Timer& timer, CheckStage stage);
 
     void tmrSTART_ENQ_Timer();
     void tmrZPS_Remote_Timer();
@@ -75,6 +81,7 @@ class ProbeChain {
     serial::EventLoop& Loop;
     Transmitter Sender;
     ProbeEvents Tell;
+    CheckProgress Check;
     Timer tmrSTART_ENQ;
     Timer tmrZPS_Remote;
     Timer tmrPower_Init;

@@ -2,12 +2,15 @@
 
 #include "controls/colours.h"
 #include "controls/error_texts.h"
+#include "controls/faded.h"
+#include "controls/show_only.h"
 #include "set_manual/models.h"
 #include "set_manual/result_look.h"
 #include "source/numbers.h"
 
-#include <QEvent>
 #include <QLineEdit>
+
+#include <chrono>
 
 namespace zps {
 
@@ -17,8 +20,9 @@ QString Fixed(double value, int decimals) {
     return QString::fromStdString(FormatFixed(value, decimals));
 }
 
-void Show(QLabel& result, const ResultLook& look) {
+void Show(SignLabel& result, const ResultLook& look) {
     result.setText(QString::fromUtf8(look.Caption));
+    result.ShowSign(look.Mark);
     PaintBackground(result, look.Paint);
 }
 
@@ -29,11 +33,11 @@ SET_MANUAL::SET_MANUAL(SOURCE& source, POWER& power, const Surroundings& around)
       PortsOfMachine(around.Ports),
       Controls(MakeSetManualControls(*this)),
       Choices(Controls),
-      Chain(
-          source, *comPOWER, around.Loop, Events,
-          {[this](Reply result, std::int16_t asked) { ShowResult(result, asked); },
-           [this](double volts, double amps) { TakeRatings(volts, amps); },
-           [this] { Power.FunctionsReset(); }, [this] { Controls.cmdZPS_DLE->setEnabled(true); }}) {
+      Chain(source, *comPOWER, around.Loop, Events,
+            {[this](Reply result, std::int16_t asked) { ShowResult(result, asked); },
+             [this](double volts, double amps) { TakeRatings(volts, amps); },
+             [this] { Power.FunctionsReset(); }, [this] { Controls.cmdZPS_DLE->setEnabled(true); },
+             [this] { ShowProgress(); }}) {
     setObjectName(QStringLiteral("SET_MANUAL"));
     setWindowTitle(QStringLiteral("ZPS설정"));
     ConnectControls();
@@ -44,7 +48,6 @@ void SET_MANUAL::ConnectControls() {
     for (int number = 1; number <= PortCount; ++number) {
         connect(&Controls.optPORT(number), &QRadioButton::clicked, this,
                 run([this, number] { optPORT_Click(number); }));
-        Controls.optPORT(number).installEventFilter(this);
     }
     connect(Controls.cmbADDR, &QComboBox::activated, this, run([this] { cmbADDR_Click(); }));
     connect(Controls.cmbMODEL, &QComboBox::activated, this, run([this] { cmbMODEL_Click(); }));
@@ -52,6 +55,7 @@ void SET_MANUAL::ConnectControls() {
             run([this] { cmbMODEL_Change(); }));
     connect(Controls.cmdZPS_ENQ, &QPushButton::clicked, this, run([this] { Chain.ProbeEnq(); }));
     connect(Controls.cmdZPS_DLE, &QPushButton::clicked, this, run([this] { Chain.ProbeDle(); }));
+    DeviceWatch.callOnTimeout(this, run([this] { ShowDevices(); }));
 }
 
 void SET_MANUAL::Form_Load() {
@@ -69,6 +73,9 @@ void SET_MANUAL::Form_Load() {
     } else if (Source.SetAddr != Source.CheckedAddr()) {
         Chain.StartAfterLoad();
     }
+    ShowProgress();
+    ShowDevices();
+    DeviceWatch.start(std::chrono::seconds(2));
 }
 
 void SET_MANUAL::optPORT_Click(int number) {
@@ -81,7 +88,10 @@ void SET_MANUAL::optPORT_Click(int number) {
     }
     Source.CommPort = FormPort = port;
     Power.ConnectionChanged();
-    if (const auto error = OpenPort(port)) throw serial::PortError(*error);
+    if (const auto error = OpenPort(port)) {
+        ShowProgress();
+        throw serial::PortError(*error);
+    }
     Chain.Restart();
 }
 
@@ -146,7 +156,7 @@ void SET_MANUAL::ShowResult(Reply result, std::int16_t asked) {
 }
 
 void SET_MANUAL::ShowOnBoth(const ResultLook& look) {
-    for (QLabel* result : {Controls.lblZPS_ENQ, Controls.lblZPS_DLE}) Show(*result, look);
+    for (SignLabel* result : {Controls.lblZPS_ENQ, Controls.lblZPS_DLE}) Show(*result, look);
 }
 
 void SET_MANUAL::PortReturned(bool open) {
@@ -154,28 +164,35 @@ void SET_MANUAL::PortReturned(bool open) {
     Power.ShowPanels(open && answered);
 }
 
+void SET_MANUAL::ShowProgress() {
+    const CheckProgress& progress = Chain.Progress();
+    Controls.fraSTAGES->Show(progress);
+    const QString next = QString::fromUtf8(NextStep(
+        {comPOWER->PortOpen(), progress.Running(), Source.RxResult, Source.RatingsKnown()}));
+    if (next != Controls.lblNEXT->text()) Controls.lblNEXT->setText(next);
+    // Until they are read again the ratings are those of another supply, or of none.
+    for (ReadOut* rating : {Controls.POWERVoltage, Controls.POWERCurrent})
+        ShowOnly(*rating, Source.RatingsKnown() ? 1 : Stale);
+}
+
 namespace {
 
-// What port `number` would open, or why it would not.
-QString DeviceHint(const serial::PortMaker& ports, int number) {
+void ShowDevice(PortOption& port, int number, const serial::PortMaker& ports) {
     try {
-        const std::string device = ports.DeviceOf(number);
-        return device.empty() ? QStringLiteral("장치 없음") : QString::fromStdString(device);
+        const QString device = QString::fromStdString(ports.DeviceOf(number));
+        const bool there = !device.isEmpty();
+        const QString shown = there ? device : QStringLiteral("장치 없음");
+        port.ShowDevice(shown, there, shown);
     } catch (const serial::PortError& error) {
-        return ReasonText(error.code());
+        port.ShowDevice(QStringLiteral("열 수 없음"), false, ReasonText(error.code()));
     }
 }
 
 }  // namespace
 
-bool SET_MANUAL::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        for (int number = 1; number <= PortCount; ++number) {
-            if (watched != &Controls.optPORT(number)) continue;
-            Controls.optPORT(number).setToolTip(DeviceHint(PortsOfMachine, number));
-        }
-    }
-    return QWidget::eventFilter(watched, event);
+void SET_MANUAL::ShowDevices() {
+    for (int number = 1; number <= PortCount; ++number)
+        ShowDevice(Controls.optPORT(number), number, PortsOfMachine);
 }
 
 }  // namespace zps

@@ -7,6 +7,8 @@
 #include "set_manual/result_look.h"
 #include "set_manual/set_manual_controls.h"
 
+#include <QTimer>
+
 namespace zps {
 
 class SET_MANUAL : public PortWindow {
@@ -22,7 +24,6 @@ class SET_MANUAL : public PortWindow {
   protected:
     void EndExchange() override { Chain.Stop(); }
     void PortReturned(bool open) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void ConnectControls();
@@ -37,12 +38,15 @@ class SET_MANUAL : public PortWindow {
     void ResetStepTable();
     void ShowResult(Reply result, std::int16_t asked);
     void ShowOnBoth(const ResultLook& look);
+    void ShowProgress();
+    void ShowDevices();
 
     serial::PortMaker& PortsOfMachine;
     SetManualControls Controls;
     DeliberateChoice Choices;
     ProbeChain Chain;
     std::int16_t FormPort = 0;
+    QTimer DeviceWatch;  // adapters come and go while the window is open
 };
 
 }  // namespace zps

@@ -1,13 +1,14 @@
 #include "set_manual/set_manual_controls.h"
 
 #include "controls/colours.h"
-#include "controls/read_out.h"
+#include "controls/faded.h"
+#include "controls/number_face.h"
 #include "controls/shortcuts.h"
+#include "controls/show_only.h"
 #include "controls/widgets.h"
 #include "set_manual/models.h"
 #include "set_manual/result_look.h"
 
-#include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -16,22 +17,43 @@ namespace zps {
 
 namespace {
 
+constexpr int WindowWidth = 420;
+constexpr int AddressesInView = 10;
+constexpr int ItemHeight = 22;
+constexpr int ResultHeight = 30;
+
+// A line of our own words beside the given ones.
+QLabel* MakeNote(const QString& name, const QString& text) {
+    auto* note = MakeLabel(name, text);
+    QFont font = note->font();
+    font.setBold(false);
+    note->setFont(font);
+    note->setWordWrap(true);
+    return note;
+}
+
+QGroupBox* MakeGroup(const QString& name, const QString& title) {
+    auto* box = new QGroupBox(title);
+    box->setObjectName(name);
+    return box;
+}
+
 void MakePorts(SetManualControls& controls) {
-    controls.frmCOMMPORT = new QGroupBox(QStringLiteral("RS-232 Port SETTING"));
-    controls.frmCOMMPORT->setObjectName(QStringLiteral("frmCOMMPORT_1"));
+    controls.frmCOMMPORT =
+        MakeGroup(QStringLiteral("frmCOMMPORT_1"), QStringLiteral("RS-232 Port SETTING"));
     auto* row = new QHBoxLayout(controls.frmCOMMPORT);
-    row->setSpacing(2);
+    row->setSpacing(4);
     for (int number = 1; number <= PortCount; ++number) {
-        auto* port = new QRadioButton(QStringLiteral("COM%1").arg(number));
-        port->setObjectName(QStringLiteral("optPORT_%1").arg(number));
-        port->setAccessibleName(QStringLiteral("통신 포트 COM%1").arg(number));
+        auto* port = new PortOption(number);
         port->setChecked(number == 1);
-        PaintBackground(*port, Colour::LightGrey);
         controls.Ports.at(static_cast<std::size_t>(number - 1)) = port;
-        port->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-        port->setMinimumHeight(port->fontMetrics().height() * 2);
-        row->addWidget(port);
+        row->addWidget(port, 1);
     }
+}
+
+void AddItem(QComboBox& list, const QString& text) {
+    list.addItem(text);
+    list.setItemData(list.count() - 1, QSize(0, ItemHeight), Qt::SizeHintRole);
 }
 
 QComboBox* MakeList(const QString& name, const QString& accessible) {
@@ -43,50 +65,72 @@ QComboBox* MakeList(const QString& name, const QString& accessible) {
 
 ReadOut* MakeRating(const QString& name, const QString& accessible) {
     auto* rating = new ReadOut(name, QStringLiteral("0"), accessible);
-    rating->setEnabled(false);
-    QPalette palette = rating->palette();  // display only, but to be read
-    palette.setColor(QPalette::Disabled, QPalette::Text,
-                     palette.color(QPalette::Active, QPalette::Text));
-    rating->setPalette(palette);
+    QFont digits = rating->font();
+    SetNumberFace(digits);
+    rating->setFont(digits);
+    ShowOnly(*rating);
     return rating;
 }
 
-void MakePower(SetManualControls& controls) {
-    controls.frmPOW_SETTING = new QGroupBox(QStringLiteral("POWER SETTING"));
-    controls.frmPOW_SETTING->setObjectName(QStringLiteral("frmPOW_SETTING"));
-    controls.cmbMODEL = MakeList(QStringLiteral("cmbMODEL"), QStringLiteral("모델 이름"));
+void MakeAddress(SetManualControls& controls) {
+    controls.cmbADDR =
+        MakeList(QStringLiteral("cmbADDR"), QStringLiteral("Address 전원 장치 주소"));
+    controls.cmbADDR->setMaxVisibleItems(AddressesInView);
+    for (int address = 1; address <= HighestAddress; ++address) {
+        AddItem(*controls.cmbADDR, QString::number(address));
+    }
+}
+
+void MakeModel(SetManualControls& controls) {
+    controls.cmbMODEL = MakeList(QStringLiteral("cmbMODEL"), QStringLiteral("Model No. 모델 이름"));
     controls.cmbMODEL->setEditable(true);
     controls.cmbMODEL->setInsertPolicy(QComboBox::NoInsert);
     controls.cmbMODEL->setCompleter(nullptr);
-    for (const char* model : ModelNames) controls.cmbMODEL->addItem(QString::fromUtf8(model));
+    for (const char* model : ModelNames) AddItem(*controls.cmbMODEL, QString::fromUtf8(model));
     controls.cmbMODEL->setCurrentText(QStringLiteral("ZPS-1000"));
-    controls.POWERVoltage =
-        MakeRating(QStringLiteral("POWERVoltage"), QStringLiteral("최대 전압 V"));
-    controls.POWERCurrent =
-        MakeRating(QStringLiteral("POWERCurrent"), QStringLiteral("최대 전류 A"));
-    controls.cmbADDR = MakeList(QStringLiteral("cmbADDR"), QStringLiteral("전원 장치 주소"));
-    for (int address = 1; address <= HighestAddress; ++address) {
-        controls.cmbADDR->addItem(QString::number(address));
-    }
     controls.cmbMODEL->lineEdit()->setAccessibleName(controls.cmbMODEL->accessibleName());
-    auto* form = new QFormLayout(controls.frmPOW_SETTING);
-    const auto addRow = [form](const char* name, const char* text, QWidget* field) {
+}
+
+// The address first: it is what is chosen, and the others follow from it.
+void MakePower(SetManualControls& controls) {
+    controls.frmPOW_SETTING =
+        MakeGroup(QStringLiteral("frmPOW_SETTING"), QStringLiteral("POWER SETTING"));
+    MakeAddress(controls);
+    MakeModel(controls);
+    controls.POWERVoltage =
+        MakeRating(QStringLiteral("POWERVoltage"), QStringLiteral("Max.Voltage 최대 전압 V"));
+    controls.POWERCurrent =
+        MakeRating(QStringLiteral("POWERCurrent"), QStringLiteral("Max.Current 최대 전류 A"));
+    auto* grid = new QGridLayout(controls.frmPOW_SETTING);
+    grid->setColumnStretch(1, 1);
+    grid->setHorizontalSpacing(10);
+    const auto addRow = [grid](int row, const char* name, const char* text, QWidget* field) {
         auto* label =
             MakeLabel(QString::fromUtf8(name), QString::fromUtf8(text), field->accessibleName());
         label->setBuddy(field);  // on some desktops a list is known by its label alone
-        form->addRow(label, field);
+        grid->addWidget(label, row, 0);
+        grid->addWidget(field, row, 1);
     };
-    addRow("Label6", "Model No.", controls.cmbMODEL);
-    addRow("Label2_0", "Max.Voltage", controls.POWERVoltage);
-    addRow("Label2_2", "Max.Current", controls.POWERCurrent);
-    addRow("Label1", "Address", controls.cmbADDR);
+    const auto addUnit = [grid](int row, const char* name, const char* unit) {
+        grid->addWidget(MakeLabel(QString::fromUtf8(name), QString::fromUtf8(unit)), row, 2);
+    };
+    addRow(0, "Label1", "Address", controls.cmbADDR);
+    grid->addWidget(MakeNote(QStringLiteral("lblOUTPUT_OFF"),
+                             QStringLiteral("고르면 그 전원 장치의 출력이 꺼집니다")),
+                    1, 1, 1, 2);
+    addRow(2, "Label6", "Model No.", controls.cmbMODEL);
+    addRow(3, "Label2_0", "Max.Voltage", controls.POWERVoltage);
+    addUnit(3, "lblVOLT_UNIT", "V");
+    addRow(4, "Label2_2", "Max.Current", controls.POWERCurrent);
+    addUnit(4, "lblCURR_UNIT", "A");
 }
 
-QLabel* MakeResult(const QString& name, const QString& accessible) {
-    auto* result = MakeLabel(name, QString::fromUtf8(NoResultLook.Caption), accessible);
+SignLabel* MakeResult(const QString& name, const QString& accessible) {
+    auto* result = new SignLabel(name, QString::fromUtf8(NoResultLook.Caption), accessible);
     result->setAlignment(Qt::AlignCenter);
-    result->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-    result->setMinimumWidth(WidthFor(*result, QString::fromUtf8(LookOf(Reply::BadAck).Caption)));
+    result->setMinimumSize(WidthFor(*result, QString::fromUtf8(LookOf(Reply::BadAck).Caption)) +
+                               result->contentsMargins().left(),
+                           ResultHeight);
     PaintBackground(*result, NoResultLook.Paint);
     return result;
 }
@@ -102,6 +146,8 @@ QGridLayout* MakeChecks(SetManualControls& controls) {
     controls.lblZPS_DLE =
         MakeResult(QStringLiteral("lblZPS_DLE"), QStringLiteral("DATA 확인 결과"));
     auto* grid = new QGridLayout;
+    for (QPushButton* button : {controls.cmdZPS_ENQ, controls.cmdZPS_DLE})
+        button->setMinimumHeight(ResultHeight);
     grid->addWidget(controls.cmdZPS_ENQ, 0, 0);
     grid->addWidget(controls.lblZPS_ENQ, 0, 1);
     grid->addWidget(controls.cmdZPS_DLE, 1, 0);
@@ -117,12 +163,18 @@ SetManualControls MakeSetManualControls(QWidget& window) {
     QFont bold = window.font();
     Embolden(bold);
     window.setFont(bold);
-    auto* column = new QVBoxLayout(&window);
+    window.setMinimumWidth(WindowWidth);
     MakePorts(controls);
     MakePower(controls);
+    controls.fraSTAGES = new StageRail;
+    controls.lblNEXT = MakeNote(QStringLiteral("lblNEXT"), {});
+    controls.lblNEXT->setMinimumHeight(2 * controls.lblNEXT->fontMetrics().lineSpacing());
+    auto* column = new QVBoxLayout(&window);
     column->addWidget(controls.frmCOMMPORT);
     column->addWidget(controls.frmPOW_SETTING);
+    column->addWidget(controls.fraSTAGES);
     column->addLayout(MakeChecks(controls));
+    column->addWidget(controls.lblNEXT);
     return controls;
 }
 

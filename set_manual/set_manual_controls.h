@@ -2,13 +2,15 @@
 #pragma once
 
 #include "controls/read_out.h"
+#include "controls/sign_label.h"
+#include "set_manual/port_option.h"
+#include "set_manual/stage_rail.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 
 #include <array>
 
@@ -19,18 +21,20 @@ inline constexpr int HighestAddress = 30;
 
 struct SetManualControls {
     QGroupBox* frmCOMMPORT = nullptr;
-    std::array<QRadioButton*, PortCount> Ports{};  // optPORT(1) to optPORT(4)
+    std::array<PortOption*, PortCount> Ports{};  // optPORT(1) to optPORT(4)
     QGroupBox* frmPOW_SETTING = nullptr;
     QComboBox* cmbMODEL = nullptr;
     ReadOut* POWERVoltage = nullptr;
     ReadOut* POWERCurrent = nullptr;
     QComboBox* cmbADDR = nullptr;
     QPushButton* cmdZPS_ENQ = nullptr;
-    QLabel* lblZPS_ENQ = nullptr;
+    StageRail* fraSTAGES = nullptr;
+    SignLabel* lblZPS_ENQ = nullptr;
     QPushButton* cmdZPS_DLE = nullptr;
-    QLabel* lblZPS_DLE = nullptr;
+    SignLabel* lblZPS_DLE = nullptr;
+    QLabel* lblNEXT = nullptr;  // what the operator is to do now
 
-    QRadioButton& optPORT(int number) const {
+    PortOption& optPORT(int number) const {
         return *Ports.at(static_cast<std::size_t>(number - 1));
     }
 };

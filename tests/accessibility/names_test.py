@@ -25,7 +25,7 @@ CONTROLS = {
     Atspi.Role.SCROLL_BAR,
     Atspi.Role.TABLE,
 }
-IN_SETTINGS = {"통신 포트 COM1", "전원 장치 주소", "모델 이름", "통신 확인", "DATA 확인"}
+IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 모델 이름", "통신 확인", "DATA 확인"}
 IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}

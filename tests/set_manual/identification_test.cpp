@@ -55,17 +55,29 @@ TEST(Identification, IsDoneAnewForAnUnknownSupplyOnly) {
     EXPECT_EQ(panel.Text("lblZPS_MODEL") + panel.Text("lblSPEC_VA"), "ZPS-7503V/3A");
 }
 
-TEST(Identification, GoesOnWhenTheOperatorProbesInBetween) {
-    for (const char* button : {"cmdZPS_ENQ", "cmdZPS_DLE"}) {
+TEST(Identification, GoesOnWhenTheOperatorProbesInBetweenAndTellsHowFarItIs) {
+    const struct {
+        const char* Button;
+        Bytes Asked;
+        const char* Stages;  // as they are shown when each frame leaves
+    } cases[]{{"cmdZPS_ENQ", Enq, ">... +>.. +>.. ++>. +++>"},
+              {"cmdZPS_DLE", Dle, ">... +>.. +..+ ++>+ +++>"}};
+    for (const auto& one : cases) {
         ScriptedPanel panel;
-        panel.Line().Otherwise(GoodSupply);
+        QStringList stages;
+        panel.Line().Otherwise([&](const Bytes& block) {
+            stages << Rail(panel);
+            return GoodSupply(block);
+        });
         panel.Run.StartUp();
         ASSERT_TRUE(WaitFor([&] { return panel.Source().RxResult == Reply::Ack; }));
-        Press(panel, button);
+        Press(panel, one.Button);
         auto chain = ChainOf(1);
-        chain.insert(chain.begin() + 1, button == std::string("cmdZPS_ENQ") ? Enq : Dle);
+        chain.insert(chain.begin() + 1, one.Asked);
         EXPECT_TRUE(WaitFor([&] { return panel.Line().Written().size() >= chain.size(); }));
         EXPECT_EQ(panel.Line().WrittenData(), chain);
+        EXPECT_EQ(stages.join(' '), one.Stages);
+        EXPECT_TRUE(WaitFor([&] { return Rail(panel) == "++++"; }));
     }
 }
 
@@ -170,6 +182,9 @@ TEST(Choice, OfAPortThatCantBeOpenedIsReportedOnceAndNothingIsSentToIt) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(panel.Run.Settings()));
     Press(panel, "optPORT_2");
     EXPECT_TRUE(boxes(1) && panel.Boxes.LastText().contains("COM2"));
+    EXPECT_EQ(Rail(panel) + Next(panel).first(2), "....포트");
+    EXPECT_EQ(panel.GetSetting<PortOption>("optPORT_1").toolTip(), "scripted/COM1");
+    EXPECT_EQ(panel.GetSetting<PortOption>("optPORT_2").accessibleDescription(), "장치 없음");
     Pick(panel, "cmbADDR", 0);                          // starts nothing on a closed port,
     QTest::keyClick(panel.Run.Settings(), Qt::Key_F3);  // and a probe by hand says so
     EXPECT_TRUE(boxes(2));

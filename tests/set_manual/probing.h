@@ -65,6 +65,19 @@ inline bool Show(Panel& panel, const ResultLook& enq, const ResultLook& dle) {
     return shows("lblZPS_ENQ", enq) && shows("lblZPS_DLE", dle);
 }
 
+// How the four stages of the check stand: + done, - failed, > running, . open.
+inline QString Rail(Panel& panel) {
+    QString all;
+    for (const char* name : {"lblSTAGE_1", "lblSTAGE_2", "lblSTAGE_3", "lblSTAGE_4"}) {
+        const QString word = panel.GetSetting<QLabel>(name).accessibleName().section(' ', 1);
+        all += QStringLiteral("+->.")[QStringList{"완료", "실패", "진행 중", "대기"}.indexOf(word)];
+    }
+    return all;
+}
+inline QString Next(Panel& panel) {
+    return panel.GetSetting<QLabel>("lblNEXT").text();
+}
+
 // Whether nothing is written for longer than any interval of the windows.
 inline bool StaysQuiet(const ScriptedLine& line) {
     const auto written = line.Written().size();

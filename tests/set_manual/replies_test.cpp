@@ -74,8 +74,13 @@ TEST_P(ReplyOf, TheChainIsAskedForAgainThenShownAndOpensThePanelOnlyIfGood) {
     EXPECT_EQ(panel.Line().Waited(), one.Waited);
     EXPECT_EQ(panel.Source().RxResult, one.Result);
     EXPECT_EQ(panel.Source().RatingsKnown(), one.Result == Reply::Data);
-    panel.Run.Settings()->close();
     const bool good = one.Result == Reply::Ack || one.Result == Reply::Data;
+    const auto stages = static_cast<qsizetype>(one.Asked.size());
+    EXPECT_EQ(Rail(panel), (QString(stages - 1, '+') + (good ? '+' : '-')).leftJustified(4, '.'));
+    EXPECT_TRUE(Next(panel).contains(!good                       ? "다시 고르십시오"
+                                     : one.Result == Reply::Data ? "주 창을 쓸 수"
+                                                                 : "F3"));
+    panel.Run.Settings()->close();
     for (const char* frame : {"frmPOWERDISPLAY", "fraDATA"})
         EXPECT_EQ(panel.Get<QFrame>(frame).isVisible(), good) << frame;
     EXPECT_TRUE(panel.Boxes.Shown.empty());
