@@ -118,8 +118,10 @@ void ReplotChart(benchmark::State& state) {
     while (state.KeepRunning()) {
         ++turn;
         for (int row = 0; row < ChartRows; ++row) {
-            table[static_cast<std::size_t>(row)] = {static_cast<float>(10 + (row * 7 + turn) % 5),
-                                                    static_cast<float>((row * 3 + turn) % 7)};
+            const auto volts = static_cast<float>(10 + (row * 7 + turn) % 5);
+            const auto amps = static_cast<float>((row * 3 + turn) % 7);
+            table[static_cast<std::size_t>(row)] = {
+                {Reading{volts, 3}, Reading{amps, 4}}, row, 16 * static_cast<std::uint32_t>(row)};
         }
         filled.Chart.SetData(table);
         QApplication::processEvents();

@@ -1,5 +1,7 @@
 #include "controls/panel_style.h"
 
+#include "controls/colours.h"
+
 #include <QPainter>
 #include <QStyleOption>
 #include <QWidget>
@@ -18,6 +20,17 @@ bool IsPainted(const QWidget* button) {
 }  // namespace
 
 PanelStyle::PanelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void PanelStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    constexpr double readable = 4.5;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor text = palette.color(group, QPalette::HighlightedText);
+        if (Contrast(palette.color(group, QPalette::Highlight), text) >= readable) continue;
+        palette.setColor(group, QPalette::Highlight, QColor(0x1F, 0x6F, 0xA8));
+        palette.setColor(group, QPalette::HighlightedText, Qt::white);
+    }
+}
 
 void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {

@@ -12,6 +12,10 @@ class PanelStyle : public QProxyStyle {
   public:
     PanelStyle();
 
+    // Gives what is selected, in lists, menus and fields, colours that its text reads well in.
+    void polish(QPalette& palette) override;
+    using QProxyStyle::polish;
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,

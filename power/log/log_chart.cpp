@@ -1,196 +1,219 @@
-// The plotting library is written with Qt's keywords.
-#undef QT_NO_KEYWORDS
-
 #include "power/log/log_chart.h"
 
-#include <QEvent>
+#include "controls/number_face.h"
+#include "controls/widgets.h"
+#include "power/log/curve_colours.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOption>
 #include <QVBoxLayout>
-#include <qcustomplot.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <limits>
-#include <numeric>
 
 namespace zps {
 
 namespace {
 
-// What differs between the two curves. Marks and strokes differ as well as colours, for people who
-// tell colours apart badly; the room above the highest value keeps two steady curves from lying on
-// one another, whatever RoundedUp adds to it.
-struct Curve {
-    const char* Name;
-    const char* AxisTitle;
-    QRgb OnLight;
-    QRgb OnDark;
-    Qt::PenStyle Stroke;
-    QCPScatterStyle::ScatterShape Mark;
-    double Room;
-};
-constexpr std::array<Curve, ChartColumns> Curves{
-    Curve{"전압", "전압 (V)", 0xFF0050B0, 0xFF7AB8FF, Qt::SolidLine, QCPScatterStyle::ssDisc, 1.15},
-    Curve{"전류", "전류 (A)", 0xFFB03A00, 0xFFFFB070, Qt::DashLine, QCPScatterStyle::ssSquare, 1.6},
-};
+constexpr int FrameWidth = 2;  // px; the frame is as wide while the chart has the focus
+constexpr int LeastHeight = 160;
 
-constexpr float Gap = std::numeric_limits<float>::quiet_NaN();
-
-// Away from zero to the next round number, at most a third more: an axis that stands still can be
-// read, and need not be drawn again with every sample.
-double RoundedUp(double value) {
-    if (value == 0) return 0;
-    const double decade = std::pow(10, std::floor(std::log10(std::abs(value))));
-    for (const double step : {1., 1.2, 1.5, 2., 2.5, 3., 4., 5., 6., 8.}) {
-        if (std::abs(value) <= step * decade) return std::copysign(step * decade, value);
+// The next row with a sample, `step` (1 or -1) from `row` on; none behind the last.
+std::optional<int> SampleFrom(const ChartTable& table, int row, int step) {
+    for (; row >= 0 && row < ChartRows; row += step) {
+        if (!table[static_cast<std::size_t>(row)].IsGap()) return row;
     }
-    return std::copysign(10 * decade, value);
-}
-
-// From zero, or below where a value is, to a little above the highest value.
-QCPRange RangeFor(const QVector<double>& values, double room) {
-    double low = 0;
-    double high = 0;
-    for (const double value : values) {
-        if (!std::isfinite(value)) continue;
-        low = std::min(low, value);
-        high = std::max(high, value);
-    }
-    return {RoundedUp(low * room), high > 0 ? RoundedUp(high * room) : 1};
+    return std::nullopt;
 }
 
 }  // namespace
 
-struct LogChart::Drawing {
-    explicit Drawing(LogChart& chart);
-    void SetUpCurve(int column, QCPAxis& axis);
-    void PutLegendAbove();
-    void ApplyPalette(const QPalette& palette, const QFont& font);
-    void ColourAxis(QCPAxis& axis, const QColor& lines, const QColor& texts, const QFont& font);
-
-    QCustomPlot& Canvas;
-    std::array<QCPGraph*, ChartColumns> Graphs{};
-};
-
-LogChart::Drawing::Drawing(LogChart& chart) : Canvas(*new QCustomPlot(&chart)) {
-    Canvas.setFocusPolicy(Qt::NoFocus);
-    Canvas.xAxis->setRange(0.5, ChartRows + 0.5);
-    Canvas.xAxis->setSubTicks(false);
-    Canvas.xAxis->setLabel(QStringLiteral("측정 %1개").arg(ChartRows));
-    Canvas.yAxis2->setVisible(true);
-    SetUpCurve(0, *Canvas.yAxis);
-    SetUpCurve(1, *Canvas.yAxis2);
-    PutLegendAbove();
-    // The curves can then be drawn without the axes, their texts and the legend.
-    Canvas.currentLayer()->setMode(QCPLayer::lmBuffered);
-    Canvas.setPlottingHint(QCP::phImmediateRefresh, false);
-    ApplyPalette(chart.palette(), chart.font());
+LogChart::LogChart(QWidget* parent)
+    : QWidget(parent),
+      lblCHARTVOLT(MakeLabel(QStringLiteral("lblCHARTVOLT"), QStringLiteral("● 전압 (V)"))),
+      lblCHARTDIFF(MakeLabel(QStringLiteral("lblCHARTDIFF"), {})),
+      lblCHARTCURR(MakeLabel(QStringLiteral("lblCHARTCURR"), QStringLiteral("전류 (A) ■"))),
+      Canvas(new ChartCanvas) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    lblCHARTDIFF->setAlignment(Qt::AlignCenter);
+    QFont figures = font();
+    SetNumberFace(figures);
+    lblCHARTDIFF->setFont(figures);
+    LayOut();
+    ColourTitles();
 }
 
-void LogChart::Drawing::SetUpCurve(int column, QCPAxis& axis) {
-    const auto place = static_cast<std::size_t>(column);
-    const Curve& curve = Curves[place];
-    axis.setLabel(QString::fromUtf8(curve.AxisTitle));
-    Graphs[place] = Canvas.addGraph(Canvas.xAxis, &axis);
-    Graphs[place]->setName(QString::fromUtf8(curve.Name));
+void LogChart::LayOut() {
+    auto* head = new QHBoxLayout;
+    head->addWidget(lblCHARTVOLT);
+    head->addWidget(lblCHARTDIFF, 1);
+    head->addWidget(lblCHARTCURR);
+    auto* framed = new QVBoxLayout;
+    framed->setContentsMargins(FrameWidth, FrameWidth, FrameWidth, FrameWidth);
+    framed->addWidget(Canvas);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addLayout(head);
+    all->addLayout(framed, 1);
 }
 
-// Beside the curves it would hide points.
-void LogChart::Drawing::PutLegendAbove() {
-    auto* line = new QCPLayoutGrid;  // what the names leave free of it stays empty
-    line->addElement(0, 0, Canvas.legend);
-    line->addElement(0, 1, new QCPLayoutElement(&Canvas));
-    line->setColumnStretchFactor(0, 0.001);
-    Canvas.plotLayout()->insertRow(0);
-    Canvas.plotLayout()->addElement(0, 0, line);
-    Canvas.plotLayout()->setRowStretchFactor(0, 0.001);
-    Canvas.legend->setFillOrder(QCPLegend::foColumnsFirst);
-    Canvas.legend->setBorderPen(Qt::NoPen);
-    Canvas.legend->setBrush(Qt::NoBrush);
-    Canvas.legend->setVisible(true);
+QSize LogChart::minimumSizeHint() const {
+    const int titles = 2 * lblCHARTVOLT->sizeHint().width();
+    const int difference = WidthFor(*this, QStringLiteral("Δ +00.00초 · +000.000 V · +00.0000 A"));
+    return {titles + difference, LeastHeight};
 }
 
-void LogChart::Drawing::ColourAxis(QCPAxis& axis, const QColor& lines, const QColor& texts,
-                                   const QFont& font) {
-    for (const auto set : {&QCPAxis::setBasePen, &QCPAxis::setTickPen, &QCPAxis::setSubTickPen}) {
-        (axis.*set)(QPen(lines));
+void LogChart::ColourTitles() {
+    for (int column = 0; QLabel * title : {lblCHARTVOLT, lblCHARTCURR}) {
+        QPalette own;
+        own.setColor(QPalette::WindowText, CurveColour(column++, palette()));
+        title->setPalette(own);
     }
-    axis.setTickLabelColor(texts);
-    axis.setLabelColor(texts);
-    axis.setTickLabelFont(font);
-    axis.setLabelFont(font);
 }
-
-void LogChart::Drawing::ApplyPalette(const QPalette& palette, const QFont& font) {
-    const QColor ground = palette.color(QPalette::Base);
-    const QColor text = palette.color(QPalette::Text);
-    QColor faint = text;
-    faint.setAlphaF(0.2F);
-    const bool dark = ground.lightness() < text.lightness();
-    const std::array axes{Canvas.yAxis, Canvas.yAxis2};
-    for (std::size_t column = 0; column < axes.size(); ++column) {
-        const Curve& curve = Curves[column];
-        QColor colour(dark ? curve.OnDark : curve.OnLight);
-        if (palette.currentColorGroup() == QPalette::Disabled) colour.setAlphaF(0.4F);
-        ColourAxis(*axes[column], text, colour, font);
-        axes[column]->grid()->setPen(QPen(faint, 0));
-        axes[column]->grid()->setZeroLinePen(QPen(faint, 0));
-        Graphs[column]->setPen(QPen(colour, 1.5, curve.Stroke));
-        Graphs[column]->setScatterStyle(QCPScatterStyle(curve.Mark, QPen(colour), colour, 5));
-    }
-    ColourAxis(*Canvas.xAxis, text, text, font);
-    Canvas.xAxis->grid()->setPen(QPen(faint, 0));
-    Canvas.setBackground(ground);
-    Canvas.legend->setTextColor(text);
-    Canvas.legend->setFont(font);
-    Canvas.replot(QCustomPlot::rpQueuedReplot);
-}
-
-LogChart::LogChart(QWidget* parent) : QWidget(parent), Plot(std::make_unique<Drawing>(*this)) {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(&Plot->Canvas);
-    setMinimumSize(280, 160);
-    Replace({});
-}
-
-LogChart::~LogChart() = default;
 
 void LogChart::SetData(const ChartTable& table) {
-    if (table != Plotted) Replace(table);
+    if (table == Table) return;
+    Table = table;
+    if (Stale) return;
+    Stale = true;
+    QMetaObject::invokeMethod(this, &LogChart::Plot, Qt::QueuedConnection);
 }
 
-void LogChart::Replace(const ChartTable& table) {
-    Plotted = table;
-    QVector<double> places(ChartRows);
-    std::iota(places.begin(), places.end(), 1);
-    bool axesStand = true;
-    for (std::size_t column = 0; column < ChartColumns; ++column) {
-        QVector<double> values;
-        for (const auto& row : table) values << row[column].value_or(Gap);
-        QCPGraph& graph = *Plot->Graphs[column];
-        graph.setData(places, values, true);
-        const QCPRange range = RangeFor(values, Curves[column].Room);
-        axesStand = axesStand && graph.valueAxis()->range() == range;
-        graph.valueAxis()->setRange(range);
+void LogChart::Plot() {
+    Stale = false;
+    Canvas->Plot(Table);
+    if (Table == ChartTable{}) Unmark();  // a run begins, or the log is empty
+    if (PointerX || Picked || Pointed) ShowPicked();
+}
+
+// A sample that has left the chart leaves the cursor at the oldest.
+std::optional<int> LogChart::PickedRow() const {
+    if (PointerX) return Canvas->RowAt(*PointerX);
+    if (!Picked) return std::nullopt;
+    const auto* const found = std::find(Table.begin(), Table.end(), *Picked);
+    if (found == Table.end()) return SampleFrom(Table, 0, 1);
+    return static_cast<int>(found - Table.begin());
+}
+
+void LogChart::ShowPicked() {
+    const auto row = PickedRow();
+    Canvas->Point(row, Marks);
+    Pointed = row || Marks.Marked()[0];
+}
+
+void LogChart::PickAt(std::optional<int> row) {
+    PointerX.reset();
+    if (row) Picked = Table[static_cast<std::size_t>(*row)];
+    ShowPicked();
+    Speak();
+}
+
+void LogChart::Mark() {
+    const auto row = PickedRow();
+    if (!row) return;
+    Marks.Put(Table[static_cast<std::size_t>(*row)]);
+    lblCHARTDIFF->setText(Marks.Difference());
+    ShowPicked();
+    Speak();
+}
+
+void LogChart::Unmark() {
+    Marks.Clear();
+    lblCHARTDIFF->clear();
+}
+
+QString LogChart::SpokenText() const {
+    const auto row = PickedRow();
+    if (!row) return SummaryText(Table);
+    const ChartPoint& point = Table[static_cast<std::size_t>(*row)];
+    QStringList parts{ReadingText(point).replace(u'\n', QStringLiteral(" · "))};
+    const auto& [a, b] = Marks.Marked();
+    if (a == point) parts << QStringLiteral("표시 A");
+    if (b == point) parts << QStringLiteral("표시 B") << Marks.Difference();
+    return parts.join(QStringLiteral(", "));
+}
+
+void LogChart::Speak() {
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void LogChart::keyPressEvent(QKeyEvent* event) {
+    const int row = PickedRow().value_or(ChartRows);
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return PickAt(SampleFrom(Table, row - 1, -1));
+        case Qt::Key_Right:
+            return PickAt(SampleFrom(Table, row + 1, 1));
+        case Qt::Key_Home:
+            return PickAt(SampleFrom(Table, 0, 1));
+        case Qt::Key_End:
+            return PickAt(SampleFrom(Table, ChartRows - 1, -1));
+        case Qt::Key_Space:
+            return Mark();
+        default:
+            QWidget::keyPressEvent(event);
     }
-    if (axesStand)
-        Plot->Graphs[0]->layer()->replot();
-    else
-        Plot->Canvas.replot(QCustomPlot::rpQueuedReplot);
 }
 
-double LogChart::PlottedValue(int row, int column) const {
-    return Plot->Graphs[static_cast<std::size_t>(column)]->data()->at(row)->value;
+void LogChart::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint place = Canvas->mapFrom(this, event->position().toPoint());
+    if (!Canvas->rect().contains(place)) return leaveEvent(event);
+    PointerX = place.x();
+    Picked.reset();
+    ShowPicked();
+}
+
+void LogChart::mousePressEvent(QMouseEvent* event) {
+    mouseMoveEvent(event);
+    if (event->button() == Qt::LeftButton && PointerX) Mark();
+}
+
+void LogChart::leaveEvent(QEvent* /*event*/) {
+    if (!PointerX) return;
+    PointerX.reset();
+    ShowPicked();
+}
+
+void LogChart::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void LogChart::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    Picked.reset();
+    ShowPicked();
+    update();
+}
+
+// The frame is that of the grid beside it.
+void LogChart::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const QRect frame =
+        Canvas->geometry().adjusted(-FrameWidth, -FrameWidth, FrameWidth, FrameWidth);
+    painter.fillRect(frame, palette().base());
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(frame.adjusted(1, 1, -1, -1));
+        return;
+    }
+    QStyleOptionFrame option;
+    option.initFrom(this);
+    option.rect = frame;
+    option.lineWidth = 1;
+    option.frameShape = QFrame::StyledPanel;
+    option.state |= QStyle::State_Sunken;
+    style()->drawPrimitive(QStyle::PE_Frame, &option, &painter, this);
 }
 
 void LogChart::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    const auto type = event->type();
-    if (type == QEvent::PaletteChange || type == QEvent::FontChange ||
-        type == QEvent::EnabledChange) {
-        Plot->ApplyPalette(palette(), font());
-    }
+    if (event->type() == QEvent::PaletteChange) ColourTitles();
 }
 
 }  // namespace zps

@@ -77,6 +77,7 @@ void LogCopy::Finish() {
     content->setData(QStringLiteral("text/plain"), Text);
     QGuiApplication::clipboard()->setMimeData(content);
     Cancel();
+    Q_EMIT Copied(Last - First + 1);
 }
 
 }  // namespace zps

@@ -28,6 +28,10 @@ class LogCopy : public QObject {
     // Whether a copy is under way.
     bool Running() const { return Pause.isActive(); }
 
+  Q_SIGNALS:
+    // So many rows are on the clipboard.
+    void Copied(int rows);
+
   private:
     void CopySome();
     void AddLine(const std::function<QString(int column)>& cell);

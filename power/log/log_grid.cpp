@@ -1,5 +1,9 @@
 #include "power/log/log_grid.h"
 
+#include "controls/number_face.h"
+#include "power/log/curve_colours.h"
+#include "power/log/log_model.h"
+
 #include <QAction>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -15,6 +19,7 @@ namespace zps {
 namespace {
 
 constexpr int CellMargin = 5;         // px, left and right of a cell's text
+constexpr int RuleWidth = 2;          // px, above a run
 constexpr int LeastColumnWidth = 91;  // px
 constexpr int SuggestedRows = 12;
 constexpr int MinRows = 5;
@@ -32,7 +37,11 @@ LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     AddCopyActions();
+    QFont figures = font();
+    SetNumberFace(figures);
+    setFont(figures);
     MeasureColumns();
+    connect(&Copy, &LogCopy::Copied, this, &LogGrid::Copied);
     connect(&model, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first) { RowsChanged(first + 1); });
     connect(&model, &QAbstractItemModel::rowsRemoved, this,
@@ -234,14 +243,18 @@ void LogGrid::paintEvent(QPaintEvent* event) {
 void LogGrid::PaintHeader(QPainter& painter) {
     QStyleOptionHeader option;
     option.initFrom(this);
+    constexpr int firstCurve = LogColumns - ChartColumns;
     for (int column = 0; column < Model.columnCount(); ++column) {
+        QPalette colours = palette();
+        if (column >= firstCurve)
+            colours.setColor(QPalette::ButtonText, CurveColour(column - firstCurve, colours));
         option.rect = CellRect(0, column);
         option.section = column;
         style()->drawControl(QStyle::CE_HeaderSection, &option, &painter, this);
         // A style would leave other margins beside the text than the cells below have.
         const int alignment =
             Model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
-        style()->drawItemText(&painter, TextRect(option.rect), alignment, palette(), isEnabled(),
+        style()->drawItemText(&painter, TextRect(option.rect), alignment, colours, isEnabled(),
                               Model.headerData(column, Qt::Horizontal).toString(),
                               QPalette::ButtonText);
     }
@@ -249,18 +262,29 @@ void LogGrid::PaintHeader(QPainter& painter) {
 
 void LogGrid::PaintRow(QPainter& painter, int row) {
     const bool selected = IsSelected(row);
+    const QRect whole = RowRect(row);
+    if (selected)
+        painter.fillRect(whole, palette().highlight());
+    else if (row % 2 == 0)
+        painter.fillRect(whole, FaintText(palette(), 0.03F));
     for (int column = 0; column < Model.columnCount(); ++column) {
-        const QRect cell = CellRect(row, column);
-        const QModelIndex index = Model.index(row - 1, column);
-        if (selected) painter.fillRect(cell, palette().highlight());
-        painter.setPen(palette().color(QPalette::Midlight));
-        painter.drawLine(cell.bottomLeft(), cell.bottomRight());
-        painter.drawLine(cell.topRight(), cell.bottomRight());
-        painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
-        painter.drawText(TextRect(cell), index.data(Qt::TextAlignmentRole).toInt(),
-                         index.data().toString());
+        PaintCell(painter, CellRect(row, column), Model.index(row - 1, column), selected);
+    }
+    if (Model.index(row - 1, 0).data(StartsRunRole).toBool()) {
+        const QRect rule(whole.left(), whole.top(), whole.width(), RuleWidth);
+        painter.fillRect(rule, palette().color(QPalette::Text));
     }
     if (hasFocus() && row == Current) PaintFocus(painter, row);
+}
+
+void LogGrid::PaintCell(QPainter& painter, const QRect& cell, const QModelIndex& index,
+                        bool selected) {
+    painter.setPen(palette().color(QPalette::Midlight));
+    painter.drawLine(cell.bottomLeft(), cell.bottomRight());
+    painter.drawLine(cell.topRight(), cell.bottomRight());
+    painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
+    painter.drawText(TextRect(cell), index.data(Qt::TextAlignmentRole).toInt(),
+                     index.data().toString());
 }
 
 void LogGrid::PaintFocus(QPainter& painter, int row) {

@@ -51,6 +51,8 @@ class LogGrid : public QAbstractScrollArea {
   Q_SIGNALS:
     // The top visible row has changed, by whatever means.
     void Scrolled();
+    // So many rows are on the clipboard.
+    void Copied(int rows);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -76,6 +78,7 @@ class LogGrid : public QAbstractScrollArea {
     QSize SizeForRows(int rows) const;
     void PaintHeader(QPainter& painter);
     void PaintRow(QPainter& painter, int row);
+    void PaintCell(QPainter& painter, const QRect& cell, const QModelIndex& index, bool selected);
     void PaintFocus(QPainter& painter, int row);
 
     QAbstractItemModel& Model;

@@ -31,10 +31,12 @@ constexpr std::array<Column, LogColumns> Columns{{
      [](const Sample& of, std::int32_t) { return ValueText(of.Amps, of.CurrDecimals); }},
 }};
 
-std::optional<float> NumberIn(const QString& text) {
+std::optional<Reading> NumberIn(const QString& text) {
     bool isNumber = false;
     const float number = text.toFloat(&isNumber);
-    return isNumber ? std::optional(number) : std::nullopt;
+    if (!isNumber) return std::nullopt;
+    const auto point = text.indexOf(u'.');
+    return Reading{number, point < 0 ? 0 : static_cast<int>(text.size() - point - 1)};
 }
 
 // Cells and titles have the same alignment.
@@ -68,9 +70,20 @@ void LogModel::ClearSamples() {
 
 ChartPoint LogModel::PointAt(int row) const {
     if (row >= rowCount()) return {};
-    if (row == 0) return {NumberIn(ZeroRow[LogColumns - 2]), NumberIn(ZeroRow[LogColumns - 1])};
-    const Sample sample = Samples.At(static_cast<std::size_t>(row - 1));
-    return {sample.Volts, sample.Amps};
+    if (row == 0) return {{NumberIn(ZeroRow[LogColumns - 2]), NumberIn(ZeroRow[LogColumns - 1])}};
+    const auto index = static_cast<std::size_t>(row - 1);
+    const Sample sample = Samples.At(index);
+    return {{Reading{sample.Volts, sample.VoltDecimals}, Reading{sample.Amps, sample.CurrDecimals}},
+            Samples.NumberAt(index),
+            sample.Hundredths,
+            Samples.RunAt(index)};
+}
+
+// The zero row above the oldest run is that run's beginning.
+bool LogModel::StartsRun(int row) const {
+    if (row < 2) return false;
+    const auto index = static_cast<std::size_t>(row - 1);
+    return Samples.RunAt(index) != Samples.RunAt(index - 1);
 }
 
 int LogModel::rowCount(const QModelIndex& parent) const {
@@ -83,6 +96,7 @@ int LogModel::columnCount(const QModelIndex& parent) const {
 
 QVariant LogModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (role == StartsRunRole) return StartsRun(index.row());
     if (role != Qt::DisplayRole) return TextOrAlignment(role, {});
     const auto row = static_cast<std::size_t>(index.row());
     const auto column = static_cast<std::size_t>(index.column());

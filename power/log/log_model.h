@@ -12,6 +12,8 @@
 namespace zps {
 
 constexpr int LogColumns = 5;  // number, time, step, voltage, current
+// Whether the numbers begin anew with this row.
+constexpr int StartsRunRole = Qt::UserRole;
 
 class LogModel : public QAbstractTableModel {
     Q_OBJECT
@@ -36,6 +38,8 @@ class LogModel : public QAbstractTableModel {
                         int role = Qt::DisplayRole) const override;
 
   private:
+    bool StartsRun(int row) const;
+
     std::array<QString, LogColumns> ZeroRow;
     SampleStore Samples;
 };

@@ -19,17 +19,20 @@ bool LogRun::Answered() {
     return true;
 }
 
-LogRun::Entry LogRun::Take(const ChartPoint& point) {
+LogRun::Entry LogRun::Take() {
     Answered();
+    using Hundredths = std::chrono::duration<std::uint32_t, std::centi>;
+    const auto passed = Time() - *LogStart + std::chrono::milliseconds(5);  // halves go up
+    return {++SampleNo, std::chrono::duration_cast<Hundredths>(passed).count()};
+}
+
+void LogRun::Plot(const ChartPoint& point) {
     if (SampleValue < ChartRows) {
         ++SampleValue;
     } else {
         std::rotate(ChartData.begin(), ChartData.begin() + 1, ChartData.end());
     }
     ChartData[static_cast<std::size_t>(SampleValue - 1)] = point;
-    using Hundredths = std::chrono::duration<std::uint32_t, std::centi>;
-    const auto passed = Time() - *LogStart + std::chrono::milliseconds(5);  // halves go up
-    return {++SampleNo, std::chrono::duration_cast<Hundredths>(passed).count()};
 }
 
 void LogRun::EmptyChart() {

@@ -30,7 +30,9 @@ class LogRun {
         std::uint32_t Hundredths;  // of a second, since the run's start, rounded
     };
     // A sample has come, which is an answer too.
-    Entry Take(const ChartPoint& point);
+    Entry Take();
+    // Adds the sample to the chart's table, behind those that came before.
+    void Plot(const ChartPoint& point);
 
     const ChartTable& Chart() const { return ChartData; }
     // Replaces the table; samples go on where they would have gone.

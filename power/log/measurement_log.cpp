@@ -3,6 +3,7 @@
 #include "controls/flowing_row.h"
 #include "controls/widgets.h"
 #include "power/log/log_grid_accessible.h"
+#include "power/log/spoken_chart.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -14,26 +15,33 @@ MeasurementLog::MeasurementLog(QWidget* parent)
       Model(new LogModel(this)),
       MSFlexGrid1(new LogGrid(*Model, this)),
       MSChart1(new LogChart(this)),
-      Label6(new QLabel(QStringLiteral("1"), this)) {
+      Label6(new QLabel(QStringLiteral("1"), this)),
+      lblCOPIED(MakeLabel(QStringLiteral("lblCOPIED"), {})) {
     SpeakLogGrids();
+    SpeakLogCharts();
     MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
     MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이타 표"));
     MSChart1->setObjectName(QStringLiteral("MSChart1"));
     MSChart1->setAccessibleName(QStringLiteral("측정 데이타 그래프"));
     Label6->setObjectName(QStringLiteral("Label6"));
-    Label6->setAccessibleName(QStringLiteral("맨 위 행 번호"));
+    Label6->setAccessibleName(QStringLiteral("표시 시작 행"));
     // Of one size, so that a growing number moves nothing and costs no lay-out.
     Label6->setFixedSize(WidthFor(*Label6, QStringLiteral("00000000")),
                          Label6->sizeHint().height());
     LayOut();
     connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
+    connect(MSFlexGrid1, &LogGrid::Copied, this, &MeasurementLog::MSFlexGrid1_Copied);
+    tmrCOPIED.setSingleShot(true);
+    tmrCOPIED.setInterval(3000);
+    connect(&tmrCOPIED, &QTimer::timeout, lblCOPIED, &QLabel::clear);
 }
 
 void MeasurementLog::LayOut() {
     auto* top = new QHBoxLayout;
-    top->addWidget(new QLabel(QStringLiteral("맨 위 행")));
+    top->addWidget(new QLabel(QStringLiteral("표시 시작 행")));
     top->addWidget(Label6);
     top->addStretch(1);
+    top->addWidget(lblCOPIED);
     auto* table = new QWidget;
     auto* column = new QVBoxLayout(table);
     column->setContentsMargins(0, 0, 0, 0);
@@ -57,7 +65,7 @@ void MeasurementLog::NoteReply() {
 }
 
 void MeasurementLog::Append(int step, Reading volts, Reading amps) {
-    const LogRun::Entry entry = Run.Take({volts.Value, amps.Value});
+    const LogRun::Entry entry = Run.Take();
     Model->Append({.Volts = volts.Value,
                    .Amps = amps.Value,
                    .Hundredths = entry.Hundredths,
@@ -65,6 +73,7 @@ void MeasurementLog::Append(int step, Reading volts, Reading amps) {
                    .VoltDecimals = static_cast<std::int8_t>(volts.Decimals),
                    .CurrDecimals = static_cast<std::int8_t>(amps.Decimals)},
                   entry.Number);
+    Run.Plot(Model->PointAt(Model->rowCount() - 1));
     MSChart1->SetData(Run.Chart());
 }
 
@@ -85,6 +94,12 @@ void MeasurementLog::MSFlexGrid1_Scroll() {
     for (int row = 0; auto& point : seen) point = Model->PointAt(top - 1 + row++);
     Run.PutIntoChart(seen);
     MSChart1->SetData(seen);
+}
+
+// The label's text is what screen readers hear, once.
+void MeasurementLog::MSFlexGrid1_Copied(int rows) {
+    lblCOPIED->setText(QStringLiteral("%1행 복사됨").arg(rows));
+    tmrCOPIED.start();
 }
 
 const ChartPoint& MeasurementLog::ChartRow(int row) const {

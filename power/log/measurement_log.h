@@ -8,18 +8,13 @@
 #include "power/log/log_run.h"
 
 #include <QLabel>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
 #include <utility>
 
 namespace zps {
-
-// A value that the supply has measured, and the decimals (0 to 5) that the panel shows it with.
-struct Reading {
-    float Value;
-    int Decimals;
-};
 
 // Row 1 of the grid is the zero row of the run; each sample appends a row. Rows of earlier runs
 // stay until the operator clears them. All calls are made on the window thread.
@@ -51,11 +46,14 @@ class MeasurementLog : public QWidget {
   private:
     void LayOut();
     void MSFlexGrid1_Scroll();
+    void MSFlexGrid1_Copied(int rows);
 
     LogModel* Model;
     LogGrid* MSFlexGrid1;
     LogChart* MSChart1;
-    QLabel* Label6;  // the number of the top visible row
+    QLabel* Label6;     // the number of the top visible row
+    QLabel* lblCOPIED;  // how much has been copied, for a while
+    QTimer tmrCOPIED;
 
     LogRun Run;
     std::function<bool()> Running = [] { return false; };

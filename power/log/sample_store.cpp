@@ -31,11 +31,19 @@ Sample SampleStore::At(std::size_t index) const {
             chunk.Step[place],  chunk.VoltDecimals[place], chunk.CurrDecimals[place]};
 }
 
-std::int32_t SampleStore::NumberAt(std::size_t index) const {
+const SampleStore::Stretch& SampleStore::StretchOf(std::size_t index) const {
     const auto next = std::upper_bound(
         Stretches.begin(), Stretches.end(), index,
         [](std::size_t wanted, const Stretch& stretch) { return wanted < stretch.First; });
-    const Stretch& own = *std::prev(next);
+    return *std::prev(next);
+}
+
+std::uint32_t SampleStore::RunAt(std::size_t index) const {
+    return static_cast<std::uint32_t>(&StretchOf(index) - Stretches.data());
+}
+
+std::int32_t SampleStore::NumberAt(std::size_t index) const {
+    const Stretch& own = StretchOf(index);
     return own.Number + static_cast<std::int32_t>(index - own.First);
 }
 

@@ -32,6 +32,8 @@ class SampleStore {
     // The sample at `index`, and its number; `index` is below Count().
     Sample At(std::size_t index) const;
     std::int32_t NumberAt(std::size_t index) const;
+    // The run that it is of: they count up from 0, each beginning where the numbers do not go on.
+    std::uint32_t RunAt(std::size_t index) const;
 
     // Memory that the store holds, in bytes.
     std::size_t Bytes() const;
@@ -58,6 +60,8 @@ class SampleStore {
         std::size_t First;
         std::int32_t Number;
     };
+
+    const Stretch& StretchOf(std::size_t index) const;
 
     std::vector<std::unique_ptr<Chunk>> Chunks;
     std::vector<Stretch> Stretches;

@@ -125,7 +125,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     window.statusBar()->addWidget(MakeLinkLine(controls), 1);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; the address is last.
-    QWidget::setTabOrder(controls.Log->findChild<LogGrid*>(), controls.lblORV_URL);
+    QWidget::setTabOrder(controls.Log->findChild<LogChart*>(), controls.lblORV_URL);
     QWidget::setTabOrder(controls.lblORV_URL, controls.cmdFOCUS);
     return controls;
 }

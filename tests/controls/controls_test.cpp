@@ -164,6 +164,22 @@ TEST(Contrasts, AreThoseOfKnownPairs) {
     EXPECT_EQ(ReadableOn("#747474"), QColor(Qt::white));
 }
 
+TEST(Selections, ReadWellWhateverTheDesktopSelectsWith) {
+    const auto expectReadable = [](const QPalette& palette) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            EXPECT_GE(Contrast(palette.color(group, QPalette::Highlight),
+                               palette.color(group, QPalette::HighlightedText)),
+                      4.5);
+    };
+    expectReadable(QApplication::palette());
+    for (const char* highlight : {"#308cc6", "#ffffff", "#000080"}) {
+        QPalette desktop{QColor("#2b2b2b")};
+        desktop.setColor(QPalette::Highlight, highlight);
+        QApplication::style()->polish(desktop);
+        expectReadable(desktop);
+    }
+}
+
 TEST(PaintedButtons, HaveExactlyTheirColourInEveryStateAndTellTheStatesApart) {
     const QPalette usual = QApplication::palette();
     for (const char* desktop : {"#efefef", "#2b2b2b"}) {

@@ -59,6 +59,9 @@ TEST_F(LogCopying, SelectedRowsAreTextForASpreadsheetByKeyAndMenu) {
     choose(0, "복사(&C)");
     EXPECT_TRUE(Copied().starts_with(titles + "0\t0\t07\t0\t0\n1\t"));
     EXPECT_TRUE(Copied().ends_with("5\t0.66\t05\t5.00\t0.500\n")) << Copied();
+    const auto& said = Control<QLabel>("lblCOPIED");
+    EXPECT_EQ(said.text(), "6행 복사됨");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return said.text().isEmpty(); }, 4000));
 }
 
 TEST_F(LogCopying, LongCopyShowsItsProgressAndLeavesTheLogAlive) {

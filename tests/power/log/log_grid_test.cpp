@@ -57,6 +57,22 @@ TEST_F(ShownLog, KeysAndMouseMoveAndExtendTheSelection) {
     EXPECT_EQ(std::pair(Grid.FirstSelected(), Grid.LastSelected()), std::pair(1, 3));
 }
 
+TEST_F(ShownLog, ARuleStandsAboveEachRunButTheOldest) {
+    Sample(1, 3);
+    for (int run = 0; run < 2; ++run) {
+        Log.Restart({});
+        Sample(1, 2);
+    }
+    const QImage picture = Grid.viewport()->grab().toImage();
+    for (int row = 1; row < Log.RowCount(); ++row) {
+        const QPoint corner = Grid.CellRect(row, 1).topLeft() + QPoint(3, 0);
+        for (const int line : {0, 1})
+            EXPECT_EQ(picture.pixelColor(corner + QPoint(0, line)) == Qt::black,
+                      row == 5 || row == 7)
+                << row << line;
+    }
+}
+
 TEST_F(ShownLog, WhatIsSeenOfTheGridIsWhatItWouldPaintAnew) {
     const auto expectFresh = [this](const char* after) {
         QCoreApplication::processEvents();

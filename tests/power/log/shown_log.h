@@ -43,8 +43,8 @@ class ShownLog : public testing::Test {
     }
     std::string Chart(int row) const {
         QStringList values;
-        for (const auto& value : Log.ChartRow(row))
-            values << (value ? QString::number(*value) : QString());
+        for (const auto& value : Log.ChartRow(row).Values)
+            values << (value ? QString::number(value->Value) : QString());
         return values.join(u'|').toStdString();
     }
 

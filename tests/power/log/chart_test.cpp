@@ -1,0 +1,178 @@
+#include "controls/colours.h"
+#include "power/log/chart_axes.h"
+#include "power/log/curve_colours.h"
+#include "tests/power/log/shown_log.h"
+
+#include <QAccessible>
+#include <QImage>
+
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+namespace zps::tests {
+namespace {
+
+ChartPoint PointOf(std::uint32_t run, double seconds, Reading volts = {12.5F, 3},
+                   Reading amps = {1.25F, 4}) {
+    return {{volts, amps}, 7, static_cast<std::uint32_t>(std::lround(seconds * 100)), run};
+}
+
+ChartTable TableOf(const std::vector<ChartPoint>& points) {
+    ChartTable table;
+    std::copy(points.begin(), points.end(), table.begin());
+    return table;
+}
+
+std::vector<ChartPoint> Steady(double from, double every, int count) {
+    std::vector<ChartPoint> points;
+    for (int k = 0; k < count; ++k) points.push_back(PointOf(1, from + every * k));
+    return points;
+}
+
+TEST(ChartAxes, ValueAxesEndRoundAndStandStillWhileAValueWavers) {
+    struct Case {
+        double Top, Highest, Room, Next;
+        const char* Second;
+    };
+    for (const auto& [top, highest, room, next, second] : {Case{0, 0, 1.15, 1, "0.25"},
+                                                           {1, 12.5, 1.15, 16, "4"},
+                                                           {1, 1.25, 1.6, 2, "0.5"},
+                                                           {6, 5.22, 1.15, 6, "1.5"},
+                                                           {8, 5.21, 1.15, 8, "2"},
+                                                           {8, 4.9, 1.15, 6, "1.5"},
+                                                           {6, 5.5, 1.15, 8, "2"},
+                                                           {16, 0, 1.15, 1, "0.25"},
+                                                           {1, 3e-4, 1.6, 6e-4, "0.00015"},
+                                                           {1, 600.4, 1.15, 800, "200"}}) {
+        EXPECT_NEAR(NextTop(top, highest, room), next, next * 1e-9) << top << ' ' << highest;
+        EXPECT_EQ(StepLabels(next)[1], second);
+    }
+    for (const auto& [heights, apart] : {std::pair{std::pair(0.0, 0.0), std::pair(0.15, 0.05)},
+                                         {{0.8, 0.78}, {0.84, 0.74}},
+                                         {{0.2, 0.9}, {0.2, 0.9}}}) {
+        const auto [upper, lower] = Apart(heights.first, heights.second, 0.1);
+        EXPECT_NEAR(upper, apart.first, 1e-9);
+        EXPECT_NEAR(lower, apart.second, 1e-9);
+    }
+}
+
+TEST(ChartAxes, TimesAreThoseOfTheRunsWithRoundStepsAndAStepToSpare) {
+    auto runs = Steady(27.9, 0.15, 2);
+    runs.insert(runs.end(), {PointOf(2, 0), PointOf(2, 0.17)});
+    struct Case {
+        std::vector<ChartPoint> Points;
+        double Low, High;
+        std::string Labels;
+    };
+    for (const auto& [points, low, high, labels] :
+         {Case{{}, 0, 4, "0.0 0.5 1.0 1.5 2.0 2.5 3.0 3.5 4.0 "},
+          {Steady(3.14, 0.165, 20), 3, 7, "3.0 3.5 4.0 4.5 5.0 5.5 6.0 6.5 7.0 "},
+          {Steady(0.3, 1, 10), 0, 12, "0 2 4 6 8 10 12 "},
+          {runs, 27.5, 31.5, "27.5 28.0 0.0 0.5 1.0 1.5 2.0 2.5 "}}) {
+        const TimeAxis axis = LayOutTimes(TableOf(points));
+        EXPECT_NEAR(axis.Low, low, 1e-9);
+        EXPECT_NEAR(axis.High, high, 1e-9);
+        std::string written;
+        for (const auto& tick : axis.Ticks) written += tick.Label + ' ';
+        EXPECT_EQ(written, labels);
+    }
+    const TimeAxis axis = LayOutTimes(TableOf(runs));
+    EXPECT_NEAR(axis.Ticks[2].Place, axis.Places[2], 1e-9);  // where the second run begins
+    EXPECT_NEAR(axis.Breaks.at(0), 28.3, 1e-9);
+    for (const auto& [place, row] : {std::pair{28.4, 2}, {28.2, 1}, {-9.0, 0}, {99.0, 3}})
+        EXPECT_EQ(NearestRow(axis, place), row);
+    EXPECT_EQ(NearestRow(LayOutTimes({}), 1), std::nullopt);
+    EXPECT_EQ(LabelEvery(30, 29), 1);
+    EXPECT_EQ(LabelEvery(30, 70), 4);
+}
+
+TEST(ChartMarking, TellsTheDifferenceOfTwoSamplesAndNoTimeBetweenRuns) {
+    ChartMarks marks;
+    const auto second = PointOf(1, 3.65, {12.512F, 3}, {1.2F, 3});
+    for (const auto& [point, difference] :
+         {std::pair{PointOf(1, 2), ""},
+          {second, "Δ +1.65초 · +0.012 V · -0.0500 A"},
+          {second, ""},
+          {second, ""},
+          {PointOf(2, 1, {12.512F, 2}), "Δ 0.000 V · +0.0500 A"}}) {
+        marks.Put(point);
+        EXPECT_EQ(marks.Difference().toStdString(), difference);
+    }
+}
+
+class ShownChart : public ShownLog {
+  protected:
+    std::string Spoken() {
+        return QAccessible::queryAccessibleInterface(&Chart)
+            ->text(QAccessible::Description)
+            .toStdString();
+    }
+    // Pixels near `colour` among the curves, left of what is written behind them.
+    int Painted(const QColor& colour) {
+        QApplication::processEvents();
+        const QImage picture = Chart.grab().toImage();
+        int count = 0;
+        for (int x = 80; x < picture.width() / 2; ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                const QColor here = picture.pixelColor(x, y);
+                count +=
+                    std::abs(here.red() - colour.red()) + std::abs(here.blue() - colour.blue()) <
+                    50;
+            }
+        }
+        return count;
+    }
+
+    LogChart& Chart = Control<LogChart>("MSChart1");
+};
+
+TEST_F(ShownChart, KeysAndPointerPickAndMarkSamples) {
+    EXPECT_EQ(Spoken(), "측정값 없음");
+    Sample(1, 3);
+    EXPECT_EQ(Spoken(), "전압 3 V, 전류 0.3 A, 최근 3회");
+    QTest::keyClick(&Grid, Qt::Key_Tab);
+    ASSERT_TRUE(Chart.hasFocus());
+    for (const auto& [key, spoken] :
+         {std::pair{Qt::Key_Left, "NO 3 · 0.33초 · 3.00 V · 0.300 A"},
+          {Qt::Key_Space, "NO 3 · 0.33초 · 3.00 V · 0.300 A, 표시 A"},
+          {Qt::Key_Home, "NO 1 · 0.00초 · 1.00 V · 0.100 A"},
+          {Qt::Key_Right, "NO 2 · 0.17초 · 2.00 V · 0.200 A"},
+          {Qt::Key_Space,
+           "NO 2 · 0.17초 · 2.00 V · 0.200 A, 표시 B, Δ -0.16초 · -1.00 V · -0.100 A"},
+          {Qt::Key_End, "NO 3 · 0.33초 · 3.00 V · 0.300 A, 표시 A"},
+          {Qt::Key_Right, "NO 3 · 0.33초 · 3.00 V · 0.300 A, 표시 A"}}) {
+        QTest::keyClick(&Chart, key);
+        EXPECT_EQ(Spoken(), spoken);
+    }
+    Sample(4, 30);
+    QApplication::processEvents();
+    EXPECT_TRUE(Spoken().starts_with("NO 11 ")) << Spoken();  // the oldest
+    QTest::mouseMove(&Chart, {Chart.width() - 50, 100});
+    EXPECT_TRUE(Spoken().starts_with("NO 30 ")) << Spoken();
+    EXPECT_EQ(Control<QLabel>("lblCHARTDIFF").text(), "Δ -0.16초 · -1.00 V · -0.100 A");
+    QTest::mouseClick(&Chart, Qt::LeftButton, {}, {Chart.width() - 50, 100});
+    EXPECT_EQ(Control<QLabel>("lblCHARTDIFF").text(), "");
+}
+
+TEST_F(ShownChart, BothCurvesAreSeenOnEveryGroundAlsoWhereBothAreZero) {
+    for (const auto& [ground, text] : {std::pair{Qt::white, Qt::black}, {Qt::black, Qt::white}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, ground);
+        palette.setColor(QPalette::Text, text);
+        Log.setPalette(palette);
+        const std::array colours{CurveColour(0, palette), CurveColour(1, palette)};
+        for (const QColor& colour : colours) EXPECT_GE(Contrast(colour, ground), 4.5);
+        for (const float value : {0.0F, 5.0F}) {
+            Log.Clear({}, {}, {});
+            for (int k = 0; k < ChartRows; ++k) {
+                Time += std::chrono::milliseconds(165);
+                Log.Append(0, {value, 3}, {value, 4});
+            }
+            for (const QColor& colour : colours) EXPECT_GT(Painted(colour), 40) << value;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace zps::tests
