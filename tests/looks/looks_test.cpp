@@ -1,21 +1,23 @@
-// How the windows look in other type faces and on other desktops. With LOOKS_FOLDER set it leaves a
-// picture of each window in each of them there.
-#include "about/about.h"
+// How the windows look in other type faces, sizes and on other desktops, in every state of a guided
+// session. With LOOKS_FOLDER set it leaves the pictures there.
 #include "controls/colours.h"
-#include "power/log/measurement_log.h"
-#include "test/test.h"
-#include "tests/support/panel.h"
+#include "controls/number_face.h"
+#include "tests/support/runtime_folder.h"
+#include "tour/session.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
+#include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
-#include <QPalette>
+#include <QLabel>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <unordered_map>
 
 namespace zps::tests {
 
@@ -24,16 +26,11 @@ namespace {
 struct Desktop {
     const char* Face;
     bool Dark;
+    QSize Window;  // in pixels of the screen
 };
 
 void PrintTo(const Desktop& desktop, std::ostream* stream) {
-    *stream << desktop.Face << (desktop.Dark ? " dark" : " light");
-}
-
-QPalette DarkPalette() {
-    QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
-    dark.setColor(QPalette::Base, QColor(35, 35, 35));
-    return dark;
+    *stream << desktop.Face << (desktop.Dark ? " dark " : " light ") << desktop.Window.width();
 }
 
 std::string NameOf(const QWidget& control, const QString& text) {
@@ -41,43 +38,69 @@ std::string NameOf(const QWidget& control, const QString& text) {
         .toStdString();
 }
 
-void ExpectReadable(const QWidget& control, const QString& text, QPalette::ColorRole back,
-                    QPalette::ColorRole front) {
-    const QPalette palette = control.palette();
-    constexpr double ReadableContrast = 3.9;  // dark text on pure red has the least
-    if (!control.isEnabled()) return;
-    EXPECT_GE(Contrast(palette.color(back), palette.color(front)), ReadableContrast)
-        << NameOf(control, text);
+// Of what is painted: between the ground, the colour of most pixels, and what stands out most.
+double ContrastOf(QWidget& control) {
+    const QImage picture = control.grab().toImage();
+    std::unordered_map<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) ++counts[picture.pixel(x, y)];
+    }
+    const auto most = [](const auto& one, const auto& other) { return one.second < other.second; };
+    const QColor ground = std::max_element(counts.begin(), counts.end(), most)->first;
+    double best = 1;
+    for (const auto& [colour, count] : counts) best = std::max(best, Contrast(ground, colour));
+    return best;
 }
 
-// Every text of the window is wholly there and can be read.
+void ExpectReadable(QWidget& control, const QString& text, QSize needed) {
+    EXPECT_GE(control.width(), needed.width()) << NameOf(control, text);
+    EXPECT_GE(control.height(), needed.height()) << NameOf(control, text);
+    EXPECT_GE(ContrastOf(control), 4.5) << NameOf(control, text);
+}
+
+// Every text of the window is wholly there and can be read, enabled or not.
 void ExpectGoodLooks(QWidget& window) {
-    for (const auto* label : window.findChildren<QLabel*>()) {
-        if (!label->isVisible() || label->text().isEmpty()) continue;
-        EXPECT_GE(label->width(), label->sizeHint().width()) << NameOf(*label, label->text());
-        EXPECT_GE(label->height(), label->sizeHint().height()) << NameOf(*label, label->text());
-        ExpectReadable(*label, label->text(), QPalette::Window, QPalette::WindowText);
+    const auto shows = [](const auto& control) {
+        return control.isVisible() && !control.text().isEmpty();
+    };
+    for (auto* label : window.findChildren<QLabel*>()) {
+        if (shows(*label)) ExpectReadable(*label, label->text(), label->sizeHint());
     }
-    for (const auto* button : window.findChildren<QAbstractButton*>()) {
-        if (!button->isVisible() || button->text().isEmpty()) continue;
+    for (auto* button : window.findChildren<QAbstractButton*>()) {
+        if (!shows(*button)) continue;
         const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
-        EXPECT_GT(button->width(), text.width() + 4) << NameOf(*button, button->text());
-        ExpectReadable(*button, button->text(), QPalette::Button, QPalette::ButtonText);
+        ExpectReadable(*button, button->text(), text + QSize(4, 0));
     }
-    for (const auto* field : window.findChildren<QLineEdit*>()) {
-        if (!field->isVisible()) continue;
+    for (auto* field : window.findChildren<QLineEdit*>()) {
+        if (!shows(*field)) continue;
         const QFontMetrics metrics(field->font());
-        EXPECT_GT(field->width(), metrics.horizontalAdvance(field->text()) + 4)
-            << NameOf(*field, field->text());
-        EXPECT_GE(field->height(), metrics.height()) << NameOf(*field, field->text());
-        ExpectReadable(*field, field->text(), QPalette::Base, QPalette::Text);
+        ExpectReadable(*field, field->text(),
+                       {metrics.horizontalAdvance(field->text()) + 4, metrics.height()});
     }
 }
 
-void ExpectPainted(QWidget& button, Colour colour) {
-    const QImage picture = button.grab().toImage();
+// What is watched and switched is seen without scrolling, in large digits.
+void ExpectInSight(QWidget& main) {
+    EXPECT_FALSE(main.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
+    for (const char* name : {"txtVOLT", "txtCURR", "txtSTEP", "lblMODE", "cmdOUTPUT", "cmdPREMOTE",
+                             "Rem_Loc", "StatusBar_RXDATA", "lblZPS_ENQ"}) {
+        const auto* shown = main.findChild<QWidget*>(QLatin1String(name));
+        EXPECT_EQ(shown->visibleRegion().boundingRect(), shown->rect()) << name;
+    }
+    for (const char* name : {"txtVOLT", "txtCURR"}) {
+        const auto* shown = main.findChild<QWidget*>(QLatin1String(name));
+        const QFontMetrics digits(shown->font());
+        EXPECT_GT(shown->width(), digits.horizontalAdvance("600.0000"));
+        EXPECT_GE(shown->font().pixelSize(), 44);
+    }
+}
+
+void ExpectPainted(QWidget& window, const char* name, Colour colour) {
+    auto* button = window.findChild<QAbstractButton*>(QLatin1String(name));
+    if (button == nullptr) return;
+    const QImage picture = button->grab().toImage();
     for (const QPoint place : {QPoint(5, 5), {picture.width() - 6, picture.height() / 2}})
-        EXPECT_EQ(picture.pixelColor(place), ToQColor(colour)) << NameOf(button, {});
+        EXPECT_EQ(picture.pixelColor(place), ToQColor(colour)) << name;
 }
 
 class Looks : public testing::TestWithParam<Desktop> {
@@ -86,113 +109,50 @@ class Looks : public testing::TestWithParam<Desktop> {
         QFont face = Font;
         face.setFamilies({QLatin1String(GetParam().Face)});
         QApplication::setFont(face);
-        if (GetParam().Dark) QApplication::setPalette(DarkPalette());
+        if (GetParam().Dark) QApplication::setPalette(tour::DarkDesktop());
     }
     ~Looks() override {
         QApplication::setFont(Font);
         QApplication::setPalette(Palette);
     }
 
-    // As it opens on a screen of 1366 x 768 and fills one of 3840 x 2160 pixels; the off-screen
-    // display is smaller. What is watched and switched is seen without scrolling, in large digits,
-    // and nothing is cut at the sides.
-    void LookAtScreens(Panel& panel, const QString& state) {
-        auto& main = panel.Main();
-        for (const QSize screen : {QSize(1298, 730), QSize(3840, 2160)}) {
-            SCOPED_TRACE(screen.width());
-            main.resize(screen / main.devicePixelRatio());
-            QApplication::processEvents();
-            EXPECT_FALSE(main.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
-            for (const char* name : {"txtVOLT", "txtCURR", "txtSTEP", "lblMODE", "cmdOUTPUT",
-                                     "cmdPREMOTE", "Rem_Loc", "StatusBar_RXDATA", "lblZPS_ENQ"}) {
-                const auto& shown = panel.Get<QWidget>(name);
-                EXPECT_EQ(shown.visibleRegion().boundingRect(), shown.rect()) << name;
-                EXPECT_GE(shown.width(), shown.minimumSizeHint().width()) << name;
-            }
-            for (const char* name : {"txtVOLT", "txtCURR"}) {
-                const QFontMetrics digits(panel.Get<QLineEdit>(name).font());
-                EXPECT_GT(panel.Get<QWidget>(name).width(), digits.horizontalAdvance("600.0000"));
-                EXPECT_GT(digits.height(), 2 * QFontMetrics(main.font()).height());
-            }
-            Look(main, state + QString::number(screen.width()));
-        }
-    }
-
-    void LookAtMessage() {
-        QTimer::singleShot(0, [this] {
-            Look(*QApplication::activeModalWidget(), "message");
-            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-        });
-        ToolkitMessageBoxes().Show(
-            nullptr, {MessageIcon::Question, QStringLiteral("측정 데이타 삭제"),
-                      QStringLiteral("현재 데이타를 모두 삭제합니다."), MessageButtons::YesNo});
-    }
-
-    void Look(QWidget& window, const QString& state) {
-        EXPECT_TRUE(WaitFor(
-            [&window] { return window.height() >= window.minimumSizeHint().height(); }, 1s));
+    void LookAt(QWidget& window, const QString& state) const {
+        SCOPED_TRACE(state.toStdString());
         ExpectGoodLooks(window);
+        ExpectPainted(window, "cmdZPS_ENQ", Colour::LightGreen);
+        if (state.contains("test")) ExpectPainted(window, "cmdDLE", Colour::LightCyan);
+        if (state.contains("running") || state.contains("steps")) ExpectInSight(window);
         const QString folder = qEnvironmentVariable("LOOKS_FOLDER");
         if (folder.isEmpty()) return;
-        const QString name = QStringLiteral("%1-%2-%3-%4.png")
-                                 .arg(state, QString(GetParam().Face).remove(' '),
-                                      GetParam().Dark ? "dark" : "light")
-                                 .arg(window.devicePixelRatio());
+        const QString name =
+            QStringLiteral("%1-%2.png")
+                .arg(QString::fromStdString(testing::PrintToString(GetParam())).replace(' ', '-'),
+                     state);
         EXPECT_TRUE(window.grab().save(QDir(folder).filePath(name)));
     }
 
     QFont Font;
     QPalette Palette;
+    RuntimeFolder Folder;
 };
 
 }  // namespace
 
-TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
+TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyState) {
     ASSERT_TRUE(QFontDatabase::hasFamily(QLatin1String(GetParam().Face)));
-    SimulatedPanel panel;
-    ASSERT_TRUE(panel.Identify());
-    Look(*panel.Run.Settings(), "settings");
-    ExpectPainted(panel.GetSetting<QPushButton>("cmdZPS_ENQ"), Colour::LightGreen);
-    panel.Run.Settings()->close();
-    ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
-    panel.Type("txPVOLT_0", "123.4");
-    panel.Leave();
-    ASSERT_TRUE(panel.Settle());
-    panel.Click("txPSTEP_3");
-    ASSERT_TRUE(panel.Settle());
-    panel.Click("txPSTEP_0");
-    ASSERT_TRUE(panel.Settle());
-    LookAtScreens(panel, "main");
-    panel.Click("cmdOUTPUT");
-    const auto* log = panel.Main().findChild<MeasurementLog*>();
-    ASSERT_TRUE(WaitFor([&] { return log->RowCount() >= 8; }));
-    LookAtScreens(panel, "running");
-    panel.Click("cmdOUTPUT");
-    ASSERT_TRUE(panel.Settle());
-    panel.Choose("mnuTEST");
-    auto& test = *panel.Run.Test();
-    const auto probe = [&](const char* button, const char* verdict) {
-        QTest::mouseClick(test.findChild<QPushButton*>(button), Qt::LeftButton);
-        const auto* result = test.findChild<QLabel*>("lblRESULT");
-        EXPECT_TRUE(WaitFor([&] { return result->text() == verdict; })) << verdict;
-    };
-    constexpr int OverCurrentTrip = 7;
-    panel.Line().Trip(1, OverCurrentTrip);
-    probe("cmdDLE", "GOOD  DLE");
-    Look(test, "test");
-    ExpectPainted(*test.findChild<QPushButton*>("cmdDLE"), Colour::LightCyan);
-    panel.Line().SetFaults({.Garble = 1});
-    probe("cmdENQ", "ERROR  ENQ");
-    Look(test, "test-error");
-    test.close();
-    LookAtMessage();
-    panel.Choose("mnuHELP");
-    Look(*panel.Main().findChild<frmAbout*>(), "about");
+    tour::Session session(
+        [this](QWidget& window, const QString& state) {
+            LookAt(window, state);
+            return true;
+        },
+        GetParam().Window / qApp->devicePixelRatio());
+    EXPECT_TRUE(session.Work());
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, Looks,
-                         testing::Values(Desktop{"NanumGothic", false},
-                                         Desktop{"NanumGothic", true}, Desktop{"UnDotum", false},
-                                         Desktop{"Baekmuk Gulim", true}));
+                         testing::Values(Desktop{"NanumGothic", false, {1298, 730}},
+                                         Desktop{"NanumGothic", true, {3840, 2160}},
+                                         Desktop{"UnDotum", true, {1298, 730}},
+                                         Desktop{"Baekmuk Gulim", false, {1900, 1000}}));
 
 }  // namespace zps::tests
