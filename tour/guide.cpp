@@ -1,41 +1,19 @@
 #include "tour/guide.h"
 
+#include <QApplication>
 #include <QLineEdit>
-#include <QPainter>
+#include <QMessageBox>
 #include <QPushButton>
-#include <QStyleOptionTitleBar>
 
 #include <chrono>
 #include <iostream>
+#include <utility>
 
 namespace zps::tour {
 
 using namespace std::chrono_literals;
 
-namespace {
-
-// An off-screen display puts no frame round a window, and messages are looked up by their titles.
-QPixmap WithTitleBar(QWidget& window) {
-    const QPixmap content = window.grab();
-    QStyleOptionTitleBar bar;
-    bar.initFrom(&window);
-    bar.text = window.windowTitle();
-    bar.icon = window.windowIcon();
-    bar.titleBarState = Qt::WindowActive;
-    bar.titleBarFlags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
-    bar.rect = {0, 0, content.width(), window.fontMetrics().height() * 2};
-    QPixmap framed(content.width(), bar.rect.height() + content.height());
-    framed.fill(window.palette().color(QPalette::Window));
-    QPainter painter(&framed);
-    window.style()->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);
-    painter.drawPixmap(0, bar.rect.height(), content);
-    return framed;
-}
-
-}  // namespace
-
-Guide::Guide(Program& program, const QString& pictures) : Panel(program), Pictures(pictures) {
-    Pictures.mkpath(QStringLiteral("."));
+Guide::Guide(Program& program, Look look) : Panel(program), Seen(std::move(look)) {
     BoxWatch.setInterval(50ms);
     QObject::connect(&BoxWatch, &QTimer::timeout, &BoxWatch, [this] { LookForBox(); });
 }
@@ -46,29 +24,33 @@ void Guide::Expect(const QString& what, const std::function<bool()>& seen) {
     std::cout << (good ? "seen    " : "MISSED  ") << what.toStdString() << std::endl;
 }
 
-void Guide::Picture(QWidget& window, const QString& name) {
+void Guide::LookAt(QWidget& window, const QString& state) {
     QApplication::processEvents();  // what has been seen is perhaps not laid out yet
-    const QString file = Pictures.filePath(name + QStringLiteral(".png"));
-    if (!WithTitleBar(window).save(file)) {
-        ++Missed;
-        std::cout << "MISSED  picture " << file.toStdString() << std::endl;
-    }
+    if (Seen(window, state)) return;
+    ++Missed;
+    std::cout << "MISSED  a good look at " << state.toStdString() << std::endl;
 }
 
 void Guide::Click(const char* button) {
     QTest::mouseClick(&Get<QPushButton>(button), Qt::LeftButton);
 }
 
-void Guide::Enter(const char* field, const QString& text) {
+void Guide::Type(const char* field, const QString& text) {
     auto& box = Get<QLineEdit>(field);
+    box.activateWindow();  // an off-screen display does not after a message box
+    if (!QTest::qWaitForWindowActive(&Panel.Main())) ++Missed;
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(&box, text);
-    QTest::keyClick(&box, Qt::Key_Tab);
 }
 
-void Guide::AnswerBox(const QString& name, Qt::Key key) {
-    BoxName = name;
+void Guide::Enter(const char* field, const QString& text) {
+    Type(field, text);
+    QTest::keyClick(&Get<QLineEdit>(field), Qt::Key_Tab);
+}
+
+void Guide::AnswerBox(const QString& state, Qt::Key key) {
+    BoxState = state;
     BoxKey = key;
     LastBoxText.clear();
     BoxWatch.start();
@@ -79,7 +61,7 @@ void Guide::LookForBox() {
     if (box == nullptr) return;
     BoxWatch.stop();
     LastBoxText = box->text();
-    Picture(*box, BoxName);
+    LookAt(*box, BoxState);
     QTest::keyClick(box, BoxKey);
 }
 

@@ -1,14 +1,9 @@
 // The hands and eyes of the guided session: real key presses and clicks on the panel's own windows,
-// a line on standard output for each thing seen, and pictures.
+// a line on standard output for each thing seen, and a look at each window.
 #pragma once
 
 #include "app/program.h"
-#include "power/log/measurement_log.h"
-#include "simulator/line.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 
@@ -18,15 +13,17 @@ namespace zps::tour {
 
 class Guide {
   public:
-    // Pictures go into `pictures`, which is made if absent.
-    Guide(Program& program, const QString& pictures);
+    // Looks at a window in a state of the session. What it returns false for fails the session.
+    using Look = std::function<bool(QWidget& window, const QString& state)>;
+
+    Guide(Program& program, Look look);
 
     // Runs events until `seen`, for some seconds at most, and tells what came of it. What was not
     // seen fails the session.
     void Expect(const QString& what, const std::function<bool()>& seen);
     bool AllSeen() const { return Missed == 0; }
 
-    void Picture(QWidget& window, const QString& name);
+    void LookAt(QWidget& window, const QString& state);
 
     // A control of the main window by its name.
     template <class Control>
@@ -36,21 +33,22 @@ class Guide {
         return *control;
     }
     void Click(const char* button);
-    // Types into a field and leaves it with the Tab key.
+    // Types into a field; leaves it with the Tab key.
+    void Type(const char* field, const QString& text);
     void Enter(const char* field, const QString& text);
 
-    // The next message box is pictured under `name` and answered with `key`. Its text is BoxText()
+    // The next message box is looked at as `state` and answered with `key`. Its text is BoxText()
     // then.
-    void AnswerBox(const QString& name, Qt::Key key);
+    void AnswerBox(const QString& state, Qt::Key key);
     QString BoxText() const { return LastBoxText; }
 
   private:
     void LookForBox();
 
     Program& Panel;
-    QDir Pictures;
+    Look Seen;
     QTimer BoxWatch;
-    QString BoxName;
+    QString BoxState;
     Qt::Key BoxKey = Qt::Key_Return;
     QString LastBoxText;
     int Missed = 0;

@@ -1,20 +1,23 @@
-// How the windows look in other type faces and on other desktops. With LOOKS_FOLDER set it leaves a
-// picture of each window in each of them there.
-#include "about/about.h"
+// How the windows look in other type faces, sizes and on other desktops, in every state of a guided
+// session. With LOOKS_FOLDER set it leaves the pictures there.
 #include "controls/colours.h"
-#include "power/log/measurement_log.h"
-#include "test/test.h"
-#include "tests/support/panel.h"
+#include "controls/number_face.h"
+#include "tests/support/runtime_folder.h"
+#include "tour/session.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
+#include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
-#include <QPalette>
+#include <QLabel>
+#include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <unordered_map>
 
 namespace zps::tests {
 
@@ -23,46 +26,81 @@ namespace {
 struct Desktop {
     const char* Face;
     bool Dark;
+    QSize Window;  // in pixels of the screen
 };
 
 void PrintTo(const Desktop& desktop, std::ostream* stream) {
-    *stream << desktop.Face << (desktop.Dark ? " dark" : " light");
+    *stream << desktop.Face << (desktop.Dark ? " dark " : " light ") << desktop.Window.width();
 }
 
-QPalette DarkPalette() {
-    QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
-    dark.setColor(QPalette::Base, QColor(35, 35, 35));
-    return dark;
+std::string NameOf(const QWidget& control, const QString& text) {
+    return (control.window()->objectName() + "/" + control.objectName() + " '" + text + "'")
+        .toStdString();
 }
 
-// All of the window's texts in controls of this kind are wholly there and can be read.
-template <class Control>
-void ExpectGoodLooks(QWidget& window, QPalette::ColorRole back, QPalette::ColorRole front,
-                     const std::function<QSize(const Control&)>& least) {
-    constexpr double ReadableContrast = 3.9;  // dark text on pure red has the least
-    for (const auto* control : window.findChildren<Control*>()) {
-        if (!control->isVisible() || control->text().isEmpty()) continue;
-        SCOPED_TRACE((window.objectName() + "/" + control->objectName() + " " + control->text())
-                         .toStdString());
-        EXPECT_EQ(control->size().expandedTo(least(*control)), control->size());
-        const QPalette palette = control->palette();
-        const double contrast = Contrast(palette.color(back), palette.color(front));
-        EXPECT_TRUE(contrast >= ReadableContrast || !control->isEnabled()) << contrast;
+// Of what is painted: between the ground, the colour of most pixels, and what stands out most.
+double ContrastOf(QWidget& control) {
+    const QImage picture = control.grab().toImage();
+    std::unordered_map<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) ++counts[picture.pixel(x, y)];
+    }
+    const auto most = [](const auto& one, const auto& other) { return one.second < other.second; };
+    const QColor ground = std::max_element(counts.begin(), counts.end(), most)->first;
+    double best = 1;
+    for (const auto& [colour, count] : counts) best = std::max(best, Contrast(ground, colour));
+    return best;
+}
+
+void ExpectReadable(QWidget& control, const QString& text, QSize needed) {
+    EXPECT_GE(control.width(), needed.width()) << NameOf(control, text);
+    EXPECT_GE(control.height(), needed.height()) << NameOf(control, text);
+    EXPECT_GE(ContrastOf(control), 4.5) << NameOf(control, text);
+}
+
+// Every text of the window is wholly there and can be read, enabled or not.
+void ExpectGoodLooks(QWidget& window) {
+    const auto shows = [](const auto& control) {
+        return control.isVisible() && !control.text().isEmpty();
+    };
+    for (auto* label : window.findChildren<QLabel*>()) {
+        if (shows(*label)) ExpectReadable(*label, label->text(), label->sizeHint());
+    }
+    for (auto* button : window.findChildren<QAbstractButton*>()) {
+        if (!shows(*button)) continue;
+        const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+        ExpectReadable(*button, button->text(), text + QSize(4, 0));
+    }
+    for (auto* field : window.findChildren<QLineEdit*>()) {
+        if (!shows(*field)) continue;
+        const QFontMetrics metrics(field->font());
+        ExpectReadable(*field, field->text(),
+                       {metrics.horizontalAdvance(field->text()) + 4, metrics.height()});
     }
 }
 
-void ExpectGoodLooks(QWidget& window) {
-    const auto inFrame = [](const auto& control) {
-        return control.fontMetrics().size(Qt::TextShowMnemonic, control.text()) + QSize(5, 0);
-    };
-    ExpectGoodLooks<QLabel>(window, QPalette::Window, QPalette::WindowText,
-                            [](const QLabel& label) { return label.sizeHint(); });
-    ExpectGoodLooks<QAbstractButton>(window, QPalette::Button, QPalette::ButtonText, inFrame);
-    ExpectGoodLooks<QLineEdit>(window, QPalette::Base, QPalette::Text, inFrame);
+// What is watched and switched is seen without scrolling, in large digits.
+void ExpectInSight(QWidget& main) {
+    EXPECT_FALSE(main.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
+    for (const char* name : {"txtVOLT", "txtCURR", "txtSTEP", "lblMODE", "cmdOUTPUT", "cmdPREMOTE",
+                             "Rem_Loc", "StatusBar_RXDATA", "lblZPS_ENQ"}) {
+        const auto* shown = main.findChild<QWidget*>(QLatin1String(name));
+        EXPECT_EQ(shown->visibleRegion().boundingRect(), shown->rect()) << name;
+    }
+    for (const char* name : {"txtVOLT", "txtCURR"}) {
+        const auto* shown = main.findChild<QWidget*>(QLatin1String(name));
+        const QFontMetrics digits(shown->font());
+        EXPECT_GT(shown->width(), digits.horizontalAdvance("600.0000"));
+        EXPECT_GE(shown->font().pixelSize(), 44);
+    }
 }
 
-QColor PaintOf(QWidget& button) {
-    return button.grab().toImage().pixelColor(5, 5);
+void ExpectPainted(QWidget& window, const char* name, Colour colour) {
+    auto* button = window.findChild<QAbstractButton*>(QLatin1String(name));
+    if (button == nullptr) return;
+    const QImage picture = button->grab().toImage();
+    for (const QPoint place : {QPoint(5, 5), {picture.width() - 6, picture.height() / 2}})
+        EXPECT_EQ(picture.pixelColor(place), ToQColor(colour)) << name;
 }
 
 class Looks : public testing::TestWithParam<Desktop> {
@@ -71,101 +109,50 @@ class Looks : public testing::TestWithParam<Desktop> {
         QFont face = Font;
         face.setFamilies({QLatin1String(GetParam().Face)});
         QApplication::setFont(face);
-        if (GetParam().Dark) QApplication::setPalette(DarkPalette());
+        if (GetParam().Dark) QApplication::setPalette(tour::DarkDesktop());
     }
     ~Looks() override {
         QApplication::setFont(Font);
         QApplication::setPalette(Palette);
     }
 
-    // As it opens on a screen of 1366 x 768 and fills one of 3840 x 2160 pixels; the off-screen
-    // display is smaller. What is watched and switched is seen without scrolling, in large digits,
-    // and nothing is cut at the sides.
-    void LookAtScreens(Panel& panel, const QString& state) {
-        auto& main = panel.Main();
-        for (const QSize screen : {QSize(1298, 730), QSize(3840, 2160)}) {
-            SCOPED_TRACE(screen.width());
-            main.resize(screen / main.devicePixelRatio());
-            QApplication::processEvents();
-            EXPECT_FALSE(main.findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
-            for (const char* name : {"txtVOLT", "txtCURR", "txtSTEP", "lblMODE", "cmdOUTPUT",
-                                     "cmdPREMOTE", "Rem_Loc", "StatusBar_RXDATA", "lblZPS_ENQ"}) {
-                const auto& shown = panel.Get<QWidget>(name);
-                EXPECT_EQ(shown.visibleRegion().boundingRect(), shown.rect()) << name;
-                EXPECT_GE(shown.width(), shown.minimumSizeHint().width()) << name;
-            }
-            for (const char* name : {"txtVOLT", "txtCURR"}) {
-                const QFontMetrics digits(panel.Get<QLineEdit>(name).font());
-                EXPECT_GT(panel.Get<QWidget>(name).width(), digits.horizontalAdvance("600.0000"));
-                EXPECT_GT(digits.height(), 2 * QFontMetrics(main.font()).height());
-            }
-            Look(main, state + QString::number(screen.width()));
-        }
-    }
-
-    void Look(QWidget& window, const QString& state) {
-        EXPECT_TRUE(WaitFor(
-            [&window] { return window.height() >= window.minimumSizeHint().height(); }, 1s));
+    void LookAt(QWidget& window, const QString& state) const {
+        SCOPED_TRACE(state.toStdString());
         ExpectGoodLooks(window);
+        ExpectPainted(window, "cmdZPS_ENQ", Colour::LightGreen);
+        if (state.contains("test")) ExpectPainted(window, "cmdDLE", Colour::LightCyan);
+        if (state.contains("running") || state.contains("steps")) ExpectInSight(window);
         const QString folder = qEnvironmentVariable("LOOKS_FOLDER");
         if (folder.isEmpty()) return;
-        const QString name = QStringLiteral("%1-%2-%3-%4.png")
-                                 .arg(state, QString(GetParam().Face).remove(' '),
-                                      GetParam().Dark ? "dark" : "light")
-                                 .arg(window.devicePixelRatio());
+        const QString name =
+            QStringLiteral("%1-%2.png")
+                .arg(QString::fromStdString(testing::PrintToString(GetParam())).replace(' ', '-'),
+                     state);
         EXPECT_TRUE(window.grab().save(QDir(folder).filePath(name)));
     }
 
     QFont Font;
     QPalette Palette;
+    RuntimeFolder Folder;
 };
 
 }  // namespace
 
-TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
+TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyState) {
     ASSERT_TRUE(QFontDatabase::hasFamily(QLatin1String(GetParam().Face)));
-    SimulatedPanel panel;
-    ASSERT_TRUE(panel.Identify());
-    Look(*panel.Run.Settings(), "settings");
-    EXPECT_EQ(PaintOf(panel.GetSetting<QPushButton>("cmdZPS_ENQ")), ToQColor(Colour::LightGreen));
-    panel.Run.Settings()->close();
-    ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
-    panel.Enter("txPVOLT_0", "123.4");
-    for (const char* step : {"txPSTEP_3", "txPSTEP_0"}) {
-        ASSERT_TRUE(panel.Settle());
-        panel.Click(step);
-    }
-    ASSERT_TRUE(panel.Settle());
-    LookAtScreens(panel, "main");
-    panel.Click("cmdOUTPUT");
-    const auto* log = panel.Main().findChild<MeasurementLog*>();
-    ASSERT_TRUE(WaitFor([&] { return log->RowCount() >= 8; }));
-    LookAtScreens(panel, "running");
-    panel.Click("cmdOUTPUT");
-    ASSERT_TRUE(panel.Settle());
-    panel.Choose("mnuTEST");
-    auto& test = *panel.Run.Test();
-    const auto probe = [&](const char* button, const char* verdict) {
-        QTest::mouseClick(test.findChild<QPushButton*>(button), Qt::LeftButton);
-        const auto* result = test.findChild<QLabel*>("lblRESULT");
-        EXPECT_TRUE(WaitFor([&] { return result->text() == verdict; })) << verdict;
-    };
-    constexpr int OverCurrentTrip = 7;
-    panel.Line().Trip(1, OverCurrentTrip);
-    probe("cmdDLE", "GOOD  DLE");
-    Look(test, "test");
-    EXPECT_EQ(PaintOf(*test.findChild<QPushButton*>("cmdDLE")), ToQColor(Colour::LightCyan));
-    panel.Line().SetFaults({.Garble = 1});
-    probe("cmdENQ", "ERROR  ENQ");
-    Look(test, "test-error");
-    test.close();
-    panel.Choose("mnuHELP");
-    Look(*panel.Main().findChild<frmAbout*>(), "about");
+    tour::Session session(
+        [this](QWidget& window, const QString& state) {
+            LookAt(window, state);
+            return true;
+        },
+        GetParam().Window / qApp->devicePixelRatio());
+    EXPECT_TRUE(session.Work());
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, Looks,
-                         testing::Values(Desktop{"NanumGothic", false},
-                                         Desktop{"NanumGothic", true}, Desktop{"UnDotum", false},
-                                         Desktop{"Baekmuk Gulim", true}));
+                         testing::Values(Desktop{"NanumGothic", false, {1298, 730}},
+                                         Desktop{"NanumGothic", true, {3840, 2160}},
+                                         Desktop{"UnDotum", true, {1298, 730}},
+                                         Desktop{"Baekmuk Gulim", false, {1900, 1000}}));
 
 }  // namespace zps::tests

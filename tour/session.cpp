@@ -1,0 +1,292 @@
+#include "tour/session.h"
+
+#include "power/log/measurement_log.h"
+#include "test/test.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <chrono>
+#include <iostream>
+#include <utility>
+
+namespace zps::tour {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int Address = 1;
+constexpr int OtherAddress = 7;
+constexpr int OtherVolts = 20;
+constexpr int OtherAmps = 5;
+constexpr int SetOverVoltage = 5;  // the code of a trip
+const QString GoodData = QStringLiteral("통신ok = DATA수신!!!");
+
+std::vector<simulator::SupplyOptions> Supplies() {
+    return {{}, {.Address = OtherAddress, .Volts = OtherVolts, .Amps = OtherAmps}};
+}
+
+void Click(QWidget& window, const char* button) {
+    QTest::mouseClick(window.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+}
+
+}  // namespace
+
+QPalette DarkDesktop() {
+    QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    return dark;
+}
+
+Session::Session(Guide::Look look, QSize size)
+    : Wire(Supplies()),
+      Link(1, Wire.DeviceName()),
+      Panel(Machine.All()),
+      Hands(Panel, std::move(look)),
+      Size(size) {
+    std::cout << "a simulated supply of 150 V and 10 A answers on " << Wire.DeviceName()
+              << std::endl;
+}
+
+bool Session::Work() {
+    Connect();
+    ProgramSteps();
+    RunOutput();
+    LoseTheLine();
+    Trip();
+    RunSequence();
+    TestLink();
+    ShowAbout();
+    ChooseAnotherAddress();
+    FailTheCheck();
+    ComeBack();
+    End();
+    return Hands.AllSeen();
+}
+
+QString Session::Text(const QWidget& window, const char* label) {
+    return window.findChild<QLabel*>(QLatin1String(label))->text();
+}
+
+QString Session::Text(const char* label) {
+    return Text(Panel.Main(), label);
+}
+
+SET_MANUAL& Session::OpenSettings() {
+    Hands.Get<QAction>("mnuSET_MANU").trigger();
+    return *Panel.Settings();
+}
+
+void Session::CloseSettings() {
+    QTest::keyClick(Panel.Settings(), Qt::Key_Escape);
+}
+
+void Session::Connect() {
+    Panel.StartUp();
+    if (Size.isValid()) Panel.Main().resize(Size);
+    SET_MANUAL& settings = *Panel.Settings();
+    Hands.Expect("the settings window stands above the disabled main window", [&] {
+        return settings.isVisible() && settings.isEnabled() && !Panel.Main().isEnabled();
+    });
+    Hands.LookAt(settings, "01-settings-checking");
+    Hands.Expect("the link is good (ACK)",
+                 [&] { return Text(settings, "lblZPS_ENQ") == "통신ok = ACK수신!!!"; });
+    Hands.Expect("the ratings are read (DATA)",
+                 [&] { return Text(settings, "lblZPS_DLE") == GoodData; });
+    Hands.LookAt(Panel.Main(), "02-main-disabled");
+    Hands.LookAt(settings, "03-settings");
+    CloseSettings();
+    Hands.Expect("the panel is open for a ZPS-1500, 150V/10A", [&] {
+        return Panel.Main().isEnabled() && Text("lblZPS_MODEL") == "ZPS-1500" &&
+               Text("lblSPEC_VA") == "150V/10A" &&
+               Hands.Get<QWidget>("frmPOWERDISPLAY").isVisible();
+    });
+    Hands.Expect("step 00 has gone to the supply", [&] { return Text("Rem_Loc") == "REMOTE"; });
+    Hands.LookAt(Panel.Main(), "04-main");
+}
+
+void Session::ProgramSteps() {
+    Hands.Enter("txPVOLT_0", "12.5");
+    Hands.Expect("12.5 V is stored in step 00",
+                 [&] { return Wire.StateOf(Address).Steps[0].VoltRaw == 1250; });
+    Hands.Click("txPSTEP_1");
+    Hands.Expect("step 01 is uploaded and selected",
+                 [&] { return Wire.StateOf(Address).SelectedStep == 1; });
+    Hands.Type("txPVOLT_1", "24");
+    Hands.LookAt(Panel.Main(), "05-row-locked");
+    Hands.Enter("txPVOLT_1", "24");
+    Hands.Expect("24 V is stored in step 01",
+                 [&] { return Wire.StateOf(Address).Steps[1].VoltRaw == 2400; });
+    Hands.AnswerBox("06-range-error", Qt::Key_Return);
+    Hands.Enter("txPVOLT_1", "151");
+    Hands.Expect("151 V is refused",
+                 [&] { return Hands.BoxText().contains("설정값 범위=0~150V"); });
+    QTest::keyClick(&Hands.Get<QLineEdit>("txPVOLT_1"), Qt::Key_Escape);
+    Hands.Click("txPSTEP_0");
+    Hands.Expect("step 00 is selected again",
+                 [&] { return Wire.StateOf(Address).SelectedStep == 0; });
+    Hands.LookAt(Panel.Main(), "07-steps");
+}
+
+void Session::RunOutput() {
+    const auto& volts = Hands.Get<QLineEdit>("txtVOLT");
+    Hands.Click("cmdPREMOTE");
+    Hands.Expect("the remote button puts the supply under remote control",
+                 [&] { return Text("lblPREMOTE") == "RS232"; });
+    Hands.Click("cmdOUTPUT");
+    Hands.Expect("the output is on", [&] { return Wire.StateOf(Address).Output; });
+    Hands.Expect("12.5 V are read back", [&] { return volts.text() == "12.500"; });
+    const auto& log = *Panel.Main().findChild<MeasurementLog*>();
+    Hands.Expect("twenty samples are in the log", [&] { return log.RowCount() >= 22; });
+    Hands.Click("txPSTEP_1");
+    Hands.Expect("the step changes under load: 24 V", [&] { return volts.text() == "24.00"; });
+    const int samples = log.RowCount();
+    Hands.Expect("samples of the new step follow", [&] { return log.RowCount() >= samples + 8; });
+    Hands.LookAt(Panel.Main(), "08-running");
+}
+
+void Session::LoseTheLine() {
+    Wire.SetFaults({.Silent = true});
+    QElapsedTimer silence;
+    silence.start();
+    Hands.Expect("the supply has been silent for three seconds",
+                 [&] { return silence.elapsed() > 3000; });
+    Hands.LookAt(Panel.Main(), "09-silent");
+    Wire.SetFaults({});
+    const auto& log = *Panel.Main().findChild<MeasurementLog*>();
+    const int samples = log.RowCount();
+    Hands.Expect("samples go on by themselves", [&] { return log.RowCount() >= samples + 3; });
+}
+
+void Session::Trip() {
+    Hands.AnswerBox("10-over-voltage", Qt::Key_Return);
+    Wire.Trip(Address, SetOverVoltage);
+    Hands.Expect("an over-voltage trip is reported",
+                 [&] { return Hands.BoxText() == "SET OVER VOLTAGE!!!"; });
+    Hands.Expect("the panel shows the output off", [&] { return Text("Output_ONOFF") == "OFF"; });
+    Hands.LookAt(Panel.Main(), "11-tripped");
+    Hands.Click("cmdOUTPUT");
+    Hands.Expect("the output is on again", [&] { return Wire.StateOf(Address).Output; });
+    Hands.Click("cmdOUTPUT");
+    Hands.Expect("the output is off", [&] {
+        return !Wire.StateOf(Address).Output && Hands.Get<QWidget>("txPTIME_1").isEnabled();
+    });
+}
+
+void Session::RunSequence() {
+    Hands.Enter("txPTIME_1", "1");
+    Hands.Expect("step 01 lasts a second",
+                 [&] { return Wire.StateOf(Address).Steps[1].StepTime == 1s; });
+    Hands.Click("txPSTEP_0");
+    Hands.Expect("step 00 is selected", [&] { return Wire.StateOf(Address).SelectedStep == 0; });
+    Hands.Enter("txPTIME_0", "1");
+    Hands.Expect("step 00 lasts a second",
+                 [&] { return Wire.StateOf(Address).Steps[0].StepTime == 1s; });
+    Hands.Enter("txtPAUTOSTEP", "0001");
+    Hands.Enter("txtPAUTOCOUNT", "2");
+    Hands.Click("cmdAUTO");
+    Hands.Expect("automatic run is on", [&] { return Text("Auto_ONOFF") == "ON"; });
+    Hands.AnswerBox("13-end-of-run", Qt::Key_Return);
+    Hands.Click("cmdOUTPUT");
+    Hands.Expect("the run is at step 01", [&] { return Text("txtSTEP") == "01"; });
+    Hands.LookAt(Panel.Main(), "12-automatic-run");
+    Hands.Expect("the end of the run is reported",
+                 [&] { return Hands.BoxText() == "Auto Test Ending!!!"; });
+    Hands.LookAt(Panel.Main(), "14-after-the-run");
+}
+
+void Session::TestLink() {
+    Hands.Get<QAction>("mnuTEST").trigger();
+    TEST& test = *Panel.Test();
+    Hands.LookAt(test, "15-test-before");
+    Click(test, "cmdENQ");
+    Hands.Expect("the test window hears an acknowledgement",
+                 [&] { return Text(test, "lblRESULT") == "GOOD  ENQ"; });
+    Click(test, "cmdDLE");
+    Hands.Expect("the test window reads the rated voltage, 1500 tenths of a volt", [&] {
+        return Text(test, "lblRESULT") == "GOOD  DLE" && Text(test, "lblVOLTAGE") == "1500";
+    });
+    Hands.LookAt(test, "16-test");
+    Wire.SetFaults({.Garble = 1});
+    Click(test, "cmdENQ");
+    Hands.Expect("a damaged reply is an error",
+                 [&] { return Text(test, "lblRESULT").startsWith("ERROR"); });
+    Hands.LookAt(test, "17-test-error");
+    Wire.SetFaults({});
+    QTest::keyClick(&test, Qt::Key_Escape);
+    Hands.Expect("the main window has the port again",
+                 [&] { return Panel.Main().isEnabled() && Panel.Test() == nullptr; });
+}
+
+void Session::ShowAbout() {
+    Hands.Get<QAction>("mnuHELP").trigger();
+    auto* about = Panel.Main().findChild<QDialog*>("frmAbout");
+    Hands.Expect("the program tells its version", [about] {
+        return about != nullptr && about->isVisible() &&
+               Text(*about, "lblVersion").contains(QApplication::applicationVersion());
+    });
+    if (about == nullptr) return;
+    Hands.LookAt(*about, "18-about");
+    about->close();
+}
+
+void Session::ChooseAddress(int address) {
+    auto& list = *Panel.Settings()->findChild<QComboBox*>("cmbADDR");
+    list.showPopup();
+    list.view()->setCurrentIndex(list.model()->index(address - 1, 0));
+    QTest::keyClick(list.view(), Qt::Key_Return);
+}
+
+// It answers, and the window is closed before its ratings have come.
+void Session::ChooseAnotherAddress() {
+    SET_MANUAL& settings = OpenSettings();
+    ChooseAddress(OtherAddress);
+    Hands.Expect("another address answers",
+                 [&] { return Text(settings, "lblZPS_ENQ") == "통신ok = ACK수신!!!"; });
+    CloseSettings();
+    Hands.Expect("nothing is told of a supply of unknown ratings",
+                 [&] { return Hands.Get<QLineEdit>("txtVOLT").text() == "----"; });
+    Hands.LookAt(Panel.Main(), "19-ratings-unknown");
+}
+
+void Session::FailTheCheck() {
+    SET_MANUAL& settings = OpenSettings();
+    Wire.SetFaults({.Silent = true});
+    ChooseAddress(OtherAddress + 1);
+    Hands.Expect("an address where nobody is does not answer",
+                 [&] { return Text(settings, "lblZPS_ENQ") == "통신에라 = 응답무!!!"; });
+    Hands.LookAt(settings, "20-settings-failed");
+    CloseSettings();
+    Hands.Expect("the panel is closed", [&] {
+        return Panel.Main().isEnabled() && !Hands.Get<QWidget>("frmPOWERDISPLAY").isVisible();
+    });
+    Hands.LookAt(Panel.Main(), "21-failed-check");
+    Wire.SetFaults({});
+}
+
+void Session::ComeBack() {
+    SET_MANUAL& settings = OpenSettings();
+    ChooseAddress(Address);
+    Hands.Expect("the first address answers again",
+                 [&] { return Text(settings, "lblZPS_DLE") == GoodData; });
+    CloseSettings();
+    Hands.Expect("the panel is open again", [&] {
+        return Panel.Main().isEnabled() && Hands.Get<QWidget>("frmPOWERDISPLAY").isVisible();
+    });
+}
+
+void Session::End() {
+    Hands.AnswerBox("22-end", Qt::Key_Y);
+    Panel.Main().close();
+    Hands.Expect("the program ends and leaves the supply in local",
+                 [&] { return !Panel.Main().isVisible() && !Wire.StateOf(Address).Remote; });
+}
+
+}  // namespace zps::tour
