@@ -8,6 +8,7 @@
 #include "tests/support/panel.h"
 
 #include <QMessageBox>
+#include <QStyle>
 
 #include <gtest/gtest.h>
 
