@@ -46,6 +46,7 @@ struct POWER::Inside {
     Gate Door;
 
     Output Out;
+    LinkQuality Quality;
     Polling Polls;
     HeldSteps Held;
     ReadOuts Shown;
@@ -78,7 +79,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Sender(source, *comPOWER),
       Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
-      Polls(source, Sender, Time, [this] { return Out.On(); }),
+      Quality(Time, [this] { return Out.On(); }),
+      Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
       Held(source, *comPOWER, Sender, Time),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
@@ -94,11 +96,11 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
-      OutputButton(
-          Parts, Ways,
-          {Door, Fields, Out, Start, Polls, Shown, Lock, Rows, Held, Log, around.Loop, Time}),
+      OutputButton(Parts, Ways,
+                   {Door, Fields, Out, Start, Polls, Quality, Shown, Lock, Rows, Held, Log,
+                    around.Loop, Time}),
       Sequence(Parts, Fields),
-      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log}) {
+      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Quality, Functions, Shown, Log}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
@@ -142,6 +144,7 @@ void POWER::Inside::ShowOutput() {
     ShowAsked(Controls, OutputFunction(), Out.ShownOn());
     OvpUnderLoad = false;
     Polls.Stop();
+    if (Out.On()) Quality.OutputWentOn();
     if (!Out.On()) Functions.PollsEnded();
     Lock.ReleaseEditLock();
     Refresh();

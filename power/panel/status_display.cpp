@@ -1,7 +1,8 @@
 #include "power/panel/status_display.h"
 
-#include "source/numbers.h"
 #include "source/reply.h"
+
+#include <utility>
 
 namespace zps {
 
@@ -69,9 +70,13 @@ void ShowControl(PowerControls& c, Control control) {
     Light(c, function, remote);
 }
 
-void RaiseCounter(QLabel& counter) {
-    const double count = LeadingNumber(counter.text().toStdString()) + 1;
-    counter.setText(QString::fromStdString(FormatFixed(count, 0)));
+void ShowCounts(PowerControls& c, const LinkQuality& quality) {
+    using Fault = LinkQuality::Fault;
+    for (const auto& [counter, fault] : {std::pair{c.lblZPS_ERR, Fault::Nothing},
+                                         {c.lblZPS_ERR1, Fault::WrongLength},
+                                         {c.lblZPS_ENQ, Fault::WrongHeader}}) {
+        if (const auto count = quality.Count(fault)) counter->setText(QString::number(*count));
+    }
 }
 
 }  // namespace zps

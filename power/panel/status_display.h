@@ -1,6 +1,7 @@
 // What the captions and lamps say about the supply.
 #pragma once
 
+#include "power/link/link_quality.h"
 #include "power/panel/functions.h"
 
 #include <cstdint>
@@ -23,7 +24,7 @@ void ShowDifference(PowerControls& controls, const Function& function, bool diff
 enum class Control : std::uint8_t { Local, Remote, Serial };
 void ShowControl(PowerControls& controls, Control control);
 
-// Raises a counter that is kept in the label's caption; a caption that is no number counts as 0.
-void RaiseCounter(QLabel& counter);
+// The counts of bad data replies. What has never been counted keeps its caption.
+void ShowCounts(PowerControls& controls, const LinkQuality& quality);
 
 }  // namespace zps

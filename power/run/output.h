@@ -1,7 +1,6 @@
 // Whether the output is on: what is believed, what is shown, and what has switched it off.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <utility>
 
@@ -20,8 +19,6 @@ class Output {
         int LastFault = 0;  // the code of the last fault
     };
     const Objections& Objected() const { return Objection; }
-    // Polls without any reply in the present output period.
-    std::int32_t NoReplyCount() const { return NoReplies; }
 
     // The operator switches it on.
     void WentOn();
@@ -33,7 +30,6 @@ class Output {
     void Refused() { ++Objection.Refusals; }
     // A step start takes it for off without a word.
     void ForgetForStepStart() { OutputOn = false; }
-    void CountNoReply() { ++NoReplies; }
 
     // Called after each change of what is shown.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
@@ -44,7 +40,6 @@ class Output {
     bool OutputOn = false;
     bool Shown = false;
     Objections Objection;
-    std::int32_t NoReplies = 0;
     std::function<void()> Told = [] {};
 };
 

@@ -1,5 +1,6 @@
 #include "power/run/output_switch.h"
 
+#include "power/panel/status_display.h"
 #include "source/numbers.h"
 
 #include <chrono>
@@ -57,9 +58,8 @@ void OutputSwitch::tmrOFF_Timer() {
 void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     tmrOFF->SetEnabled(false);
     const PowerControls& c = Parts.Controls;
-    for (QLabel* counter : {c.lblZPS_ENQ, c.lblZPS_ERR, c.lblZPS_ERR1}) {
-        counter->setText(QStringLiteral("0"));
-    }
+    Around.Quality.Restart();
+    ShowCounts(Parts.Controls, Around.Quality);
     Around.Lock.ReleaseEditLock();
     const QString objection = WaitForReplyInProgress(deadline);
     if (!objection.isEmpty()) {

@@ -24,6 +24,7 @@ class ReplyHandler {
         Output& Out;
         StepStart& Start;
         Polling& Polls;
+        LinkQuality& Quality;
         FunctionSwitches& Functions;
         ReadOuts& Shown;
         MeasurementLog& Log;
@@ -40,7 +41,6 @@ class ReplyHandler {
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
     void TakeReadBack(const ReadBack& values);
-    void CountBadData(const Bytes& reply);
     void RearmTimers();
     void FaultReset();
 

@@ -11,9 +11,7 @@ TEST(OutputState, TellsEachWayOnAndOffButTheOneOfAStepStartAndCountsObjections) 
     Output output;
     std::string told;
     output.OnChange([&] { told += output.On() && output.ShownOn() ? "on " : "off "; });
-    output.CountNoReply();
     output.WentOn();
-    EXPECT_EQ(output.NoReplyCount(), 0);  // of this output period
     output.ForgetForStepStart();
     EXPECT_TRUE(!output.On() && output.ShownOn());
     output.WentOff();
