@@ -9,8 +9,12 @@ namespace zps {
 // the text that is shown, so that they don't jump. A wider box asks for the height that they need.
 class BigReadOut : public ReadOut {
   public:
+    struct Range {
+        int Least;  // px, of the digits
+        int Most;
+    };
     BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
-               const QString& widest);
+               const QString& widest, Range pixels);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -19,12 +23,13 @@ class BigReadOut : public ReadOut {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    // What the box must measure for digits `factor` times as large as the desktop's text.
-    QSize BoxFor(double factor) const;
+    // What the box must measure for digits of so many pixels.
+    QSize BoxFor(int pixels) const;
 
+    const Range Pixels;
     QFont Base;
-    QSizeF Text;         // the widest text at the size of the desktop's
-    double WidthFactor;  // how many times larger the width allows it to be
+    QSizeF Text;  // the widest text, in pixels for each pixel of the digits
+    int ByWidth;  // how large the width allows the digits to be, px
 };
 
 }  // namespace zps

@@ -6,6 +6,7 @@
 #include "power/panel/display_layout.h"
 #include "power/panel/header_layout.h"
 #include "power/panel/link_layout.h"
+#include "power/panel/output_region.h"
 #include "power/panel/step_list_layout.h"
 #include "power/panel/switches_layout.h"
 
@@ -74,17 +75,24 @@ QWidget* MakeSteps(PowerControls& controls) {
 }
 
 // Switches and read-outs stay side by side and in sight; in a narrow window the steps go below.
+OutputRegion* MakeOutputRegion(PowerControls& controls) {
+    auto* inside = new QWidget;
+    auto* row = new QHBoxLayout(inside);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(MakeSwitches(controls), 16);
+    row->addWidget(MakeReadOuts(controls), 38);
+    auto* elapsed = MakeLabel(QStringLiteral("lblELAPSED"), {}, QStringLiteral("운전 경과 시간"));
+    controls.Plate.lblELAPSED = elapsed;
+    controls.Plate.fraOUTPUT = new OutputRegion(*elapsed, *inside);
+    return controls.Plate.fraOUTPUT;
+}
+
 QFrame* MakePowerDisplay(PowerControls& controls) {
     auto* frame = new FlowingRow(QBoxLayout::BottomToTop);
     frame->setObjectName(QStringLiteral("frmPOWERDISPLAY"));
     frame->setAccessibleName(QStringLiteral("전원 장치 제어"));
-    frame->Add(*MakeSteps(controls), 3);
-    auto* watched = new QWidget;
-    auto* row = new QHBoxLayout(watched);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(MakeSwitches(controls));
-    row->addWidget(MakeReadOuts(controls), 1);
-    frame->Add(*watched, 3);
+    frame->Add(*MakeSteps(controls), 46);
+    frame->Add(*MakeOutputRegion(controls), 54);
     controls.frmPOWERDISPLAY = frame;
     return frame;
 }

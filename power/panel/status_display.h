@@ -17,8 +17,7 @@ void ShowFunctions(PowerControls& controls, std::uint8_t status);
 // A switch as it was asked for: label and lamp.
 void ShowAsked(PowerControls& controls, const Function& function, bool on);
 // Marks the label of a switch where the supply reports otherwise than was asked for.
-void ShowDifference(PowerControls& controls, const Function& function, bool differs,
-                    bool reportedOn);
+void ShowDifference(PowerControls& controls, const Function& function, bool askedOn, bool differs);
 
 // Who controls the supply: button, labels and lamp together.
 enum class Control : std::uint8_t { Local, Remote, Serial };

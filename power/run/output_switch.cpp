@@ -1,5 +1,6 @@
 #include "power/run/output_switch.h"
 
+#include "power/panel/plate_look.h"
 #include "power/panel/status_display.h"
 #include "source/numbers.h"
 
@@ -28,7 +29,7 @@ void OutputSwitch::cmdOUTPUT_Click() {
     const bool switchOn = !Around.Out.On() && !Around.Out.ShownOn();
     if (switchOn && !Around.Fields.Commit()) return;
     Around.Polls.Stop();
-    Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
+    ShowMode(Parts.Controls, false);
     if (switchOn)
         SwitchOn(deadline);
     else

@@ -11,6 +11,7 @@
 #include "power/run/step_start.h"
 #include "serial/port.h"
 
+#include <functional>
 #include <optional>
 
 namespace zps {
@@ -28,6 +29,7 @@ class ReplyHandler {
         FunctionSwitches& Functions;
         ReadOuts& Shown;
         MeasurementLog& Log;
+        std::function<void(int step)> StepReported;
     };
     ReplyHandler(PowerParts& parts, const Surround& around) : Parts(parts), Around(around) {}
 
