@@ -3,6 +3,7 @@
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
+#include <QPainter>
 #include <QResizeEvent>
 
 #include <algorithm>
@@ -10,18 +11,31 @@
 namespace zps {
 
 namespace {
-const QSize Border(10, 0);  // px
-}
+const QSize Border(16, 0);  // px; a part of it stands before the unit
+constexpr int LeastUnit = 18;
+}  // namespace
 
-BigReadOut::BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
+BigReadOut::BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
                        const QString& widest, Range pixels)
-    : ReadOut(name, text, accessibleName), Pixels(pixels), Base(font()), ByWidth(pixels.Least) {
+    : ReadOut(name, {}, accessibleName),
+      Unit(unit),
+      Pixels(pixels),
+      Base(font()),
+      ByWidth(pixels.Least) {
+    setFrame(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     SetNumberFace(Base);
     Embolden(Base);
     Base.setPixelSize(Pixels.Most);
     const QFontMetricsF metrics(Base);
-    Text = QSizeF(metrics.horizontalAdvance(widest), metrics.height()) / Pixels.Most;
+    const double ofUnit = QFontMetricsF(UnitFont(Pixels.Most)).horizontalAdvance(QLatin1Char('W'));
+    Text = QSizeF(metrics.horizontalAdvance(widest) + ofUnit, metrics.height()) / Pixels.Most;
+}
+
+QFont BigReadOut::UnitFont(int pixels) const {
+    QFont small = Base;
+    small.setPixelSize(std::max(LeastUnit, pixels * 2 / 5));
+    return small;
 }
 
 QSize BigReadOut::BoxFor(int pixels) const {
@@ -51,6 +65,21 @@ void BigReadOut::resizeEvent(QResizeEvent* event) {
     QFont digits = Base;
     digits.setPixelSize(std::min(byWidth, within(room.height() / Text.height())));
     setFont(digits);
+    setTextMargins(0, 0, UnitWidth(digits.pixelSize()), 0);
+}
+
+int BigReadOut::UnitWidth(int pixels) const {
+    return QFontMetrics(UnitFont(pixels)).horizontalAdvance(QLatin1Char('W')) + Border.width() / 2;
+}
+
+void BigReadOut::paintEvent(QPaintEvent* event) {
+    ReadOut::paintEvent(event);
+    QPainter painter(this);
+    painter.setFont(UnitFont(font().pixelSize()));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QFontMetrics digits = fontMetrics();
+    const int baseLine = (height() - digits.height() + 1) / 2 + digits.ascent();
+    painter.drawText(width() - painter.fontMetrics().horizontalAdvance(Unit) - 2, baseLine, Unit);
 }
 
 }  // namespace zps

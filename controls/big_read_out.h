@@ -13,19 +13,25 @@ class BigReadOut : public ReadOut {
         int Least;  // px, of the digits
         int Most;
     };
-    BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
+    // `unit` stands behind the value, smaller and on the same base line.
+    BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
                const QString& widest, Range pixels);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
     // What the box must measure for digits of so many pixels.
     QSize BoxFor(int pixels) const;
 
+    QFont UnitFont(int pixels) const;
+    int UnitWidth(int pixels) const;
+
+    const QString Unit;
     const Range Pixels;
     QFont Base;
     QSizeF Text;  // the widest text, in pixels for each pixel of the digits

@@ -29,8 +29,8 @@ void Pill::Fill(const QColor& ground) {
     setPalette(colours);
 }
 
-QSize Pill::sizeHint() const {
-    return fontMetrics().size(Qt::TextSingleLine, text()) + Border;
+QSize Pill::SizeFor(const QString& text) const {
+    return fontMetrics().size(Qt::TextSingleLine, text) + Border;
 }
 
 void Pill::paintEvent(QPaintEvent* event) {

@@ -14,7 +14,8 @@ class Pill : public QLabel {
     void Fill(const QColor& ground);
     QColor Ground() const { return Filled; }
 
-    QSize sizeHint() const override;
+    QSize SizeFor(const QString& text) const;
+    QSize sizeHint() const override { return SizeFor(text()); }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:

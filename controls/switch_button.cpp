@@ -13,7 +13,7 @@ namespace zps {
 
 namespace {
 
-constexpr int Gap = 7;         // px, around the key
+constexpr int Gap = 6;         // px, around the key
 constexpr double Most = 2.4;   // times the usual height
 constexpr double Quiet = 0.4;  // of the ground in what is not to stand out
 

@@ -22,6 +22,8 @@ namespace zps {
 
 namespace {
 
+constexpr int Gap = 6;  // px, between the regions and around them
+
 QAction* MakeAction(QMenu& menu, const QString& name, const QString& text) {
     auto* action = menu.addAction(text);
     action->setObjectName(name);
@@ -79,11 +81,15 @@ OutputRegion* MakeOutputRegion(PowerControls& controls) {
     auto* inside = new QWidget;
     auto* row = new QHBoxLayout(inside);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Gap);
     row->addWidget(MakeSwitches(controls), 16);
     row->addWidget(MakeReadOuts(controls), 38);
-    auto* elapsed = MakeLabel(QStringLiteral("lblELAPSED"), {}, QStringLiteral("운전 경과 시간"));
-    controls.Plate.lblELAPSED = elapsed;
-    controls.Plate.fraOUTPUT = new OutputRegion(*elapsed, *inside);
+    PlateControls& plate = controls.Plate;
+    plate.lblAUTORUN =
+        MakeLabel(QStringLiteral("lblAUTORUN"), {}, QStringLiteral("자동 운전 진행"));
+    plate.lblELAPSED =
+        MakeLabel(QStringLiteral("lblELAPSED"), {}, QStringLiteral("운전 경과 시간"));
+    plate.fraOUTPUT = new OutputRegion({plate.lblAUTORUN, plate.lblELAPSED}, *inside);
     return controls.Plate.fraOUTPUT;
 }
 
@@ -96,6 +102,12 @@ QFrame* MakePowerDisplay(PowerControls& controls) {
     controls.frmPOWERDISPLAY = frame;
     return frame;
 }
+
+// What stands between the menus and the link line; with these a window of 1600 x 900 pixels.
+class Centre : public QWidget {
+  public:
+    QSize sizeHint() const override { return QWidget::sizeHint().expandedTo({1600, 850}); }
+};
 
 QFrame* MakeData(PowerControls& controls) {
     auto* frame = new QFrame;
@@ -116,8 +128,10 @@ QFrame* MakeData(PowerControls& controls) {
 PowerControls MakePowerControls(QMainWindow& window) {
     PowerControls controls;
     MakeMenus(controls, *window.menuBar());
-    auto* centre = new QWidget;
+    auto* centre = new Centre;
     auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(Gap, 0, Gap, 0);
+    column->setSpacing(Gap);
     column->addWidget(MakeIdentity(controls));
     column->addWidget(MakePowerDisplay(controls));
     column->addWidget(MakeData(controls), 1);

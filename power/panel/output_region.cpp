@@ -22,15 +22,17 @@ QString Caption(bool on) {
 
 }  // namespace
 
-OutputRegion::OutputRegion(QLabel& besides, QWidget& content)
+OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content)
     : Strip(new QWidget),
       lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(false), QStringLiteral("출력"))) {
     setObjectName(QStringLiteral("fraOUTPUT"));
     SetPixels(*lblRUNNING, StripText, true);
+    for (QLabel* label : besides) SetPixels(*label, StripText, false);
     auto* strip = new QHBoxLayout(Strip);
     strip->setContentsMargins(8, 1, 8, 1);
+    strip->setSpacing(16);
     strip->addWidget(lblRUNNING, 1);
-    strip->addWidget(&besides);
+    for (QLabel* label : besides) strip->addWidget(label);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(FrameOn, FrameOn, FrameOn, FrameOn);
     column->setSpacing(0);

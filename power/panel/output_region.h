@@ -4,14 +4,16 @@
 #include <QFrame>
 #include <QLabel>
 
+#include <vector>
+
 namespace zps {
 
 // A strip at its top says whether the output is on. On, strip and frame are dark red, to be seen
 // from across a room. Nothing in it moves when that changes.
 class OutputRegion : public QFrame {
   public:
-    // `besides` stands at the right end of the strip, `content` below it. The region owns both.
-    OutputRegion(QLabel& besides, QWidget& content);
+    // `besides` stand at the right end of the strip, `content` below it. The region owns them all.
+    OutputRegion(const std::vector<QLabel*>& besides, QWidget& content);
 
     void ShowOn(bool on);
 

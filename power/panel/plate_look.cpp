@@ -50,7 +50,8 @@ PlateFrame::PlateFrame() {
     setObjectName(QStringLiteral("fraPLATE"));
     QPalette colours = palette();
     for (const auto role : {QPalette::Window, QPalette::Base}) colours.setColor(role, Ground);
-    for (const auto role : {QPalette::WindowText, QPalette::Text}) colours.setColor(role, Ink);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::PlaceholderText})
+        colours.setColor(role, Ink);
     setPalette(colours);
 }
 

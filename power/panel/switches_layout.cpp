@@ -32,7 +32,7 @@ Pill* MakeState(const Function& function) {
                            QString::fromUtf8(remote ? function.CaptionOff : "OFF"),
                            QString::fromUtf8(function.Accessible) + QStringLiteral(" 상태"));
     Enlarge(*state, 1);
-    state->setMinimumWidth(WidthFor(*state, QStringLiteral("REMOTE")));
+    state->setMinimumWidth(state->SizeFor(QStringLiteral("REMOTE")).width());
     return state;
 }
 
@@ -58,10 +58,8 @@ QWidget* MakeLine() {
 QLayout* WithCaption(Pill& state, QLabel& caption) {
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
-    column->addStretch(1);
     column->addWidget(&state);
     column->addWidget(&caption);
-    column->addStretch(1);
     return column;
 }
 
@@ -72,6 +70,7 @@ QWidget* MakeSwitches(PowerControls& controls) {
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(3);
+    grid->setHorizontalSpacing(4);
     grid->setColumnStretch(0, 1);
     controls.lblPREMOTE =
         MakeLabel(QStringLiteral("lblPREMOTE"), QStringLiteral("LOC"), QStringLiteral("제어 경로"));
@@ -83,7 +82,7 @@ QWidget* MakeSwitches(PowerControls& controls) {
         grid->addWidget(controls.*function.Light = MakeLamp(function), place, 1);
         Pill& state = *(controls.*function.Label = MakeState(function));
         if (&function == &RemoteFunction()) {
-            grid->addLayout(WithCaption(state, *controls.lblPREMOTE), place, 2);
+            grid->addLayout(WithCaption(state, *controls.lblPREMOTE), place, 2, Qt::AlignVCenter);
         } else {
             grid->addWidget(&state, place, 2);
         }

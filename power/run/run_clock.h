@@ -4,6 +4,7 @@
 #include "source/timekeeper.h"
 
 #include <chrono>
+#include <optional>
 
 namespace zps {
 
@@ -19,15 +20,17 @@ class RunClock {
         End = Time.Now();
         Running = on;
     }
-    std::chrono::milliseconds Elapsed() const {
+    // Empty before the first run.
+    std::optional<std::chrono::milliseconds> Elapsed() const {
+        if (!Start) return std::nullopt;
         const auto until = Running ? Time.Now() : End;
-        return std::chrono::duration_cast<std::chrono::milliseconds>(until - Start);
+        return std::chrono::duration_cast<std::chrono::milliseconds>(until - *Start);
     }
 
   private:
     const Timekeeper& Time;
     bool Running = false;
-    serial::Clock::time_point Start;
+    std::optional<serial::Clock::time_point> Start;
     serial::Clock::time_point End;
 };
 

@@ -21,13 +21,15 @@ void ShowText(QLabel& label, const QString& text) {
     if (label.text() != text) label.setText(text);
 }
 
-QString ElapsedText(std::chrono::milliseconds elapsed) {
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(elapsed).count();
+QString ElapsedText(std::optional<std::chrono::milliseconds> elapsed, bool running) {
+    if (!elapsed) return {};
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(*elapsed).count();
     const auto two = [](auto value) {
         return QString::number(value).rightJustified(2, QLatin1Char('0'));
     };
-    return QStringLiteral("경과 %1:%2:%3")
-        .arg(two(seconds / 3600), two(seconds / 60 % 60), two(seconds % 60));
+    return QStringLiteral("%1 %2:%3:%4")
+        .arg(running ? QStringLiteral("경과") : QStringLiteral("지난 운전"), two(seconds / 3600),
+             two(seconds / 60 % 60), two(seconds % 60));
 }
 
 QString WattText(std::optional<double> watts) {
@@ -88,7 +90,7 @@ void RunDisplay::Refresh() {
                                   .Age = Around.ReadingAge()}));
     const QString watts = WattText(known ? Around.Shown.Watts() : std::nullopt);
     if (Controls.Plate.txtWATT->text() != watts) Controls.Plate.txtWATT->ShowValue(watts);
-    ShowText(*Controls.Plate.lblELAPSED, ElapsedText(Clock.Elapsed()));
+    ShowText(*Controls.Plate.lblELAPSED, ElapsedText(Clock.Elapsed(), Around.Out.ShownOn()));
     ShowSetValues();
     ShowAutoRun();
 }
