@@ -3,61 +3,83 @@
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
+#include <QPainter>
 #include <QResizeEvent>
 
 #include <algorithm>
-#include <cmath>
 
 namespace zps {
 
 namespace {
-
-constexpr double Least = 2.2;  // times the desktop's text
-constexpr double Usual = 4;
-constexpr double Most = 9;
-const QSize Border(20, 8);  // px, frame and margins
-
+const QSize Border(16, 0);  // px; a part of it stands before the unit
+constexpr int LeastUnit = 18;
 }  // namespace
 
-BigReadOut::BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
-                       const QString& widest)
-    : ReadOut(name, text, accessibleName), Base(font()), WidthFactor(Usual) {
+BigReadOut::BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
+                       const QString& widest, Range pixels)
+    : ReadOut(name, {}, accessibleName),
+      Unit(unit),
+      Pixels(pixels),
+      Base(font()),
+      ByWidth(pixels.Least) {
+    setFrame(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     SetNumberFace(Base);
     Embolden(Base);
-    QFont largest = Base;
-    largest.setPointSizeF(Base.pointSizeF() * Most);
-    const QFontMetricsF metrics(largest);
-    Text = QSizeF(metrics.horizontalAdvance(widest), metrics.height()) / Most;
+    Base.setPixelSize(Pixels.Most);
+    const QFontMetricsF metrics(Base);
+    const double ofUnit = QFontMetricsF(UnitFont(Pixels.Most)).horizontalAdvance(QLatin1Char('W'));
+    Text = QSizeF(metrics.horizontalAdvance(widest) + ofUnit, metrics.height()) / Pixels.Most;
 }
 
-QSize BigReadOut::BoxFor(double factor) const {
-    return (Text * factor).toSize() + Border;
+QFont BigReadOut::UnitFont(int pixels) const {
+    QFont small = Base;
+    small.setPixelSize(std::max(LeastUnit, pixels * 2 / 5));
+    return small;
+}
+
+QSize BigReadOut::BoxFor(int pixels) const {
+    const QSizeF text = Text * pixels;
+    return QSize(qCeil(text.width()), qCeil(text.height())) + Border;
 }
 
 QSize BigReadOut::sizeHint() const {
-    return {BoxFor(Usual).width(), BoxFor(WidthFactor).height()};
+    return {BoxFor(Pixels.Least).width(), BoxFor(ByWidth).height()};
 }
 
 QSize BigReadOut::minimumSizeHint() const {
-    return BoxFor(Least);
+    return BoxFor(Pixels.Least);
 }
 
 void BigReadOut::resizeEvent(QResizeEvent* event) {
     ReadOut::resizeEvent(event);
     const QSizeF room = size() - Border;
-    const auto within = [](double factor) {
-        return std::floor(std::clamp(factor, Least, Most) * 10) / 10;
+    const auto within = [this](double pixels) {
+        return std::clamp(static_cast<int>(pixels), Pixels.Least, Pixels.Most);
     };
-    const double byWidth = within(room.width() / Text.width());
-    if (byWidth != WidthFactor) {
-        WidthFactor = byWidth;
+    const int byWidth = within(room.width() / Text.width());
+    if (byWidth != ByWidth) {
+        ByWidth = byWidth;
         updateGeometry();
     }
     QFont digits = Base;
-    digits.setPointSizeF(Base.pointSizeF() *
-                         std::min(byWidth, within(room.height() / Text.height())));
+    digits.setPixelSize(std::min(byWidth, within(room.height() / Text.height())));
     setFont(digits);
+    setTextMargins(0, 0, UnitWidth(digits.pixelSize()), 0);
+}
+
+int BigReadOut::UnitWidth(int pixels) const {
+    return QFontMetrics(UnitFont(pixels)).horizontalAdvance(QLatin1Char('W')) + Border.width() / 2;
+}
+
+void BigReadOut::paintEvent(QPaintEvent* event) {
+    ReadOut::paintEvent(event);
+    QPainter painter(this);
+    painter.setFont(UnitFont(font().pixelSize()));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QFontMetrics digits = fontMetrics();
+    const int baseLine = (height() - digits.height() + 1) / 2 + digits.ascent();
+    painter.drawText(width() - painter.fontMetrics().horizontalAdvance(Unit) - 2, baseLine, Unit);
 }
 
 }  // namespace zps

@@ -9,22 +9,33 @@ namespace zps {
 // the text that is shown, so that they don't jump. A wider box asks for the height that they need.
 class BigReadOut : public ReadOut {
   public:
-    BigReadOut(const QString& name, const QString& text, const QString& accessibleName,
-               const QString& widest);
+    struct Range {
+        int Least;  // px, of the digits
+        int Most;
+    };
+    // `unit` stands behind the value, smaller and on the same base line.
+    BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
+               const QString& widest, Range pixels);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    // What the box must measure for digits `factor` times as large as the desktop's text.
-    QSize BoxFor(double factor) const;
+    // What the box must measure for digits of so many pixels.
+    QSize BoxFor(int pixels) const;
 
+    QFont UnitFont(int pixels) const;
+    int UnitWidth(int pixels) const;
+
+    const QString Unit;
+    const Range Pixels;
     QFont Base;
-    QSizeF Text;         // the widest text at the size of the desktop's
-    double WidthFactor;  // how many times larger the width allows it to be
+    QSizeF Text;  // the widest text, in pixels for each pixel of the digits
+    int ByWidth;  // how large the width allows the digits to be, px
 };
 
 }  // namespace zps

@@ -18,15 +18,7 @@ double Luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
-// The text of a disabled control: a little towards its background, and still to be read.
-QColor Dimmed(const QColor& text, const QColor& background) {
-    constexpr double share = 0.25;
-    const auto mixed = [](int of, int with) {
-        return static_cast<int>(of * (1 - share) + with * share);
-    };
-    return {mixed(text.red(), background.red()), mixed(text.green(), background.green()),
-            mixed(text.blue(), background.blue())};
-}
+constexpr double DisabledShare = 0.25;  // of the background in a disabled text
 
 }  // namespace
 
@@ -50,6 +42,14 @@ QColor ReadableOn(const QColor& background) {
     return whiteReadsBetter ? Qt::white : Qt::black;
 }
 
+QColor Between(const QColor& one, const QColor& other, double share) {
+    const auto mixed = [share](int of, int with) {
+        return static_cast<int>(of * (1 - share) + with * share);
+    };
+    return {mixed(one.red(), other.red()), mixed(one.green(), other.green()),
+            mixed(one.blue(), other.blue())};
+}
+
 void PaintBackground(QWidget& control, const QColor& background) {
     const QColor text = ReadableOn(background);
     QPalette palette = control.palette();
@@ -58,7 +58,7 @@ void PaintBackground(QWidget& control, const QColor& background) {
     }
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
-        palette.setColor(QPalette::Disabled, role, Dimmed(text, background));
+        palette.setColor(QPalette::Disabled, role, Between(text, background, DisabledShare));
     }
     if (palette == control.palette()) return;
     control.setPalette(palette);

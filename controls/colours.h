@@ -34,6 +34,9 @@ double Contrast(const QColor& one, const QColor& other);
 // Black or white, whichever reads better on `background`.
 QColor ReadableOn(const QColor& background);
 
+// `one` with this share (0 to 1) of `other` in it.
+QColor Between(const QColor& one, const QColor& other, double share);
+
 // Gives `control` this background with a readable text, enabled or not.
 void PaintBackground(QWidget& control, const QColor& background);
 void PaintBackground(QWidget& control, Colour colour);

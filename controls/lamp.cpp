@@ -5,6 +5,12 @@
 
 namespace zps {
 
+namespace {
+// px, across
+constexpr int Socket = 36;
+constexpr int Glass = 28;
+}  // namespace
+
 Lamp::Lamp(Colour idle, QWidget* parent) : QWidget(parent), Idle(idle), Shown(idle) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     Describe();
@@ -22,23 +28,51 @@ void Lamp::Describe() {
 }
 
 QSize Lamp::sizeHint() const {
-    const int side = fontMetrics().height() * 3 / 2;
-    return {side, side};
+    return {Socket, Socket};
 }
 
 void Lamp::paintEvent(QPaintEvent* /*event*/) {
-    const QColor colour = ToQColor(Shown);
-    const int side = qMin(width(), height()) - 2;
-    const QRectF disc((width() - side) / 2.0, (height() - side) / 2.0, side, side);
-    QRadialGradient glow(disc.center() - QPointF(side / 6.0, side / 6.0), side * 0.8);
-    glow.setColorAt(0, colour.lighter(125));
-    glow.setColorAt(0.5, colour);
-    glow.setColorAt(1, colour.darker(130));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Mid).darker(140), 1.2));
-    painter.setBrush(glow);
-    painter.drawEllipse(disc);
+    painter.setPen(Qt::NoPen);
+    const QPointF middle = QRectF(rect()).center();
+    const double socket = qMin(width(), height()) / 2.0;
+    const bool lit = Shown != Idle;
+    const bool darkDesktop = ReadableOn(palette().color(QPalette::Window)) == Qt::white;
+    if (lit || darkDesktop) {
+        painter.setBrush(Qt::black);
+        painter.drawEllipse(middle, socket, socket);
+    }
+    const double radius = socket * Glass / Socket;
+    lit ? PaintLit(painter, middle, radius) : PaintIdle(painter, middle, radius * 2 / 3);
+}
+
+void Lamp::PaintLit(QPainter& painter, const QPointF& middle, double radius) const {
+    const QColor colour = ToQColor(Shown);
+    const double reach = radius * Socket / Glass;
+    QRadialGradient halo(middle, reach);
+    QColor edge = colour;
+    edge.setAlphaF(0.75F);
+    halo.setColorAt(radius / reach, edge);
+    edge.setAlphaF(0.1F);
+    halo.setColorAt(1, edge);
+    painter.setBrush(halo);
+    painter.drawEllipse(middle, reach, reach);
+    painter.setBrush(colour);
+    painter.drawEllipse(middle, radius, radius);
+    const QPointF spot = middle - QPointF(radius, radius) * 0.35;
+    QRadialGradient gleam(spot, radius * 0.45);
+    gleam.setColorAt(0.3, Qt::white);
+    gleam.setColorAt(1, QColor(255, 255, 255, 0));
+    painter.setBrush(gleam);
+    painter.drawEllipse(spot, radius * 0.45, radius * 0.45);
+}
+
+void Lamp::PaintIdle(QPainter& painter, const QPointF& middle, double radius) const {
+    constexpr double ring = 2;  // px
+    painter.setPen(QPen(QColor(0x30, 0x34, 0x38), ring));
+    painter.setBrush(ToQColor(Shown));
+    painter.drawEllipse(middle, radius - ring / 2, radius - ring / 2);
 }
 
 }  // namespace zps

@@ -1,4 +1,6 @@
-// A round lamp in one of the fixed colours. Assistive tools hear whether it is lit.
+// A round lamp in one of the fixed colours. Lit it is large, with a white spot and a halo, in a
+// black socket; idle it is flat and small: without its colours too the two are told apart.
+// Assistive tools hear whether it is lit.
 #pragma once
 
 #include "controls/colours.h"
@@ -22,6 +24,8 @@ class Lamp : public QWidget {
 
   private:
     void Describe();
+    void PaintLit(QPainter& painter, const QPointF& middle, double radius) const;
+    void PaintIdle(QPainter& painter, const QPointF& middle, double radius) const;
 
     const Colour Idle;
     Colour Shown;

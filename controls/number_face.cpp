@@ -45,4 +45,10 @@ void SetNumberFace(QFont& font) {
     font.setFamilies(QStringList{family});
 }
 
+void SetNumberFace(QWidget& widget) {
+    QFont font = widget.font();
+    SetNumberFace(font);
+    widget.setFont(font);
+}
+
 }  // namespace zps

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QWidget>
 
 namespace zps {
 
@@ -9,5 +10,6 @@ namespace zps {
 // base line, so that it can't be taken for a comma. Leaves the family alone if the machine has
 // none.
 void SetNumberFace(QFont& font);
+void SetNumberFace(QWidget& widget);
 
 }  // namespace zps

@@ -41,6 +41,13 @@ void Enlarge(QWidget& widget, double factor) {
     widget.setFont(font);
 }
 
+void SetPixels(QWidget& widget, int pixels, bool bold) {
+    QFont font = widget.font();
+    font.setPixelSize(pixels);
+    if (bold) Embolden(font);
+    widget.setFont(font);
+}
+
 void LetGrow(QWidget& widget) {
     const int usual = widget.sizeHint().expandedTo(widget.minimumSize()).height();
     widget.setMinimumHeight(usual);

@@ -19,6 +19,9 @@ void Embolden(QFont& font);
 // `widget`'s font, larger by `factor` and bold.
 void Enlarge(QWidget& widget, double factor);
 
+// `widget`'s font, this many pixels large.
+void SetPixels(QWidget& widget, int pixels, bool bold);
+
 // Lets `widget` become half as high again as it usually is, where there is room.
 void LetGrow(QWidget& widget);
 

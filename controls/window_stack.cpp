@@ -27,7 +27,7 @@ void FitToScreen(QWidget& window) {
             wanted = view->widget()->sizeHint() + QSize(0, bars);
         }
     }
-    window.resize(wanted.boundedTo(window.screen()->availableSize() * 0.95));
+    window.resize(wanted.boundedTo(window.screen()->availableSize() * 0.9));
 }
 
 void Centre(QWidget& window) {

@@ -10,6 +10,7 @@
 #include "power/run/output_switch.h"
 #include "power/run/remote_switch.h"
 #include "power/run/reply_handler.h"
+#include "power/run/run_display.h"
 #include "power/steps/step_entry.h"
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
@@ -39,6 +40,7 @@ struct POWER::Inside {
     FreeingMessageBoxes Boxes;
     Handlers Events;
     WindowTime Time;
+    WindowTime SteadyTime{Events, TickMode::AtOnce};  // also while a box is up
     PowerControls Controls;
     std::unique_ptr<serial::Port> comPOWER;
     Transmitter Sender;
@@ -46,6 +48,7 @@ struct POWER::Inside {
     Gate Door;
 
     Output Out;
+    LinkQuality Quality;
     Polling Polls;
     HeldSteps Held;
     ReadOuts Shown;
@@ -66,6 +69,7 @@ struct POWER::Inside {
     RemoteSwitch Remote;
     OutputSwitch OutputButton;
     AutoSequence Sequence;
+    RunDisplay Display;
     ReplyHandler Replies;
 };
 
@@ -78,7 +82,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Sender(source, *comPOWER),
       Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
-      Polls(source, Sender, Time, [this] { return Out.On(); }),
+      Quality(Time, [this] { return Out.On(); }),
+      Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
       Held(source, *comPOWER, Sender, Time),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
@@ -94,15 +99,20 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
-      OutputButton(
-          Parts, Ways,
-          {Door, Fields, Out, Start, Polls, Shown, Lock, Rows, Held, Log, around.Loop, Time}),
+      OutputButton(Parts, Ways,
+                   {Door, Fields, Out, Start, Polls, Quality, Shown, Lock, Rows, Held, Log,
+                    around.Loop, Time}),
       Sequence(Parts, Fields),
-      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log}) {
+      Display(
+          Controls, SteadyTime,
+          {source, Out, Shown, Rows, Functions, Sequence, [this] { return Quality.ReadingAge(); }}),
+      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Quality, Functions, Shown, Log,
+                      [this](int step) { Display.StepReported(step); }}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
     Out.OnChange([this] { ShowOutput(); });
+    Shown.OnShown([this] { Display.NumbersShown(); });
     Lock.OnChange([this] { Refresh(); });
     Rows.OnSelect([this] { Refresh(); });
     Held.OnChange([this] {
@@ -135,12 +145,15 @@ PanelState POWER::Inside::State() const {
 
 void POWER::Inside::Refresh() {
     Enable(Controls, UsableIn(State()));
+    Display.Refresh();
 }
 
 void POWER::Inside::ShowOutput() {
     ShowAsked(Controls, OutputFunction(), Out.On());
     OvpUnderLoad = false;
     Polls.Stop();
+    if (Out.On()) Quality.OutputWentOn();
+    Display.OutputChanged();
     if (!Out.On()) Functions.PollsEnded();
     Lock.ReleaseEditLock();
     Refresh();
@@ -273,6 +286,7 @@ void POWER::FunctionsReset() {
     if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
     Self->Out.WentOff();
     Self->Functions.Reset();
+    Self->Sequence.Forget();
 }
 
 void POWER::comPOWER_Event() {

@@ -12,10 +12,11 @@ constexpr auto PollInterval = 165ms;
 constexpr auto LongestSilence = 1s;
 }  // namespace
 
-Polling::Polling(SOURCE& source, Transmitter& line, Timekeeper& time,
+Polling::Polling(SOURCE& source, Transmitter& line, Timekeeper& time, LinkQuality& quality,
                  std::function<bool()> outputOn)
     : Source(source),
       Sender(line),
+      Quality(quality),
       OutputOn(std::move(outputOn)),
       tmrDLE(time.MakeTicker("tmrDLE", PollInterval)),
       tmrWATCH(time.MakeTicker("tmrWATCH", LongestSilence)) {
@@ -44,6 +45,7 @@ void Polling::ReplyHandled() {
 
 void Polling::Poll() {
     Sender.Send(ControlFrame(Source.PowerAddr, code::Dle), ExpectData);
+    Quality.Asked();
 }
 
 void Polling::tmrWATCH_Timer() {

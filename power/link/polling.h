@@ -1,6 +1,7 @@
 // The polls of the supply, and the watch that they never die.
 #pragma once
 
+#include "power/link/link_quality.h"
 #include "source/source.h"
 #include "source/timekeeper.h"
 #include "source/transmitter.h"
@@ -16,7 +17,8 @@ namespace zps {
 class Polling {
   public:
     // `outputOn` tells whether the output is believed on. All of them outlive this.
-    Polling(SOURCE& source, Transmitter& line, Timekeeper& time, std::function<bool()> outputOn);
+    Polling(SOURCE& source, Transmitter& line, Timekeeper& time, LinkQuality& quality,
+            std::function<bool()> outputOn);
 
     // The command that switches the output on is out.
     void Start();
@@ -34,6 +36,7 @@ class Polling {
 
     SOURCE& Source;
     Transmitter& Sender;
+    LinkQuality& Quality;
     std::function<bool()> OutputOn;
     std::unique_ptr<Ticker> tmrDLE;    // the steady poll
     std::unique_ptr<Ticker> tmrWATCH;  // a second since the last reply

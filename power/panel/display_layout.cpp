@@ -1,58 +1,87 @@
 #include "power/panel/display_layout.h"
 
 #include "controls/big_read_out.h"
+#include "controls/number_face.h"
 #include "controls/widgets.h"
+#include "power/panel/plate_look.h"
 
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
+#include <QVBoxLayout>
 
 namespace zps {
 
 namespace {
 
-ReadOut* AddReadOut(QGridLayout& grid, int row, const QString& title, const QString& unit,
-                    const QString& name, const QString& text, const QString& accessible) {
-    auto* value = new BigReadOut(name, text, accessible, QStringLiteral("600.0000"));
-    auto* unitLabel = MakeLabel({}, unit);
-    Enlarge(*unitLabel, 1.8);
-    grid.addWidget(MakeLabel({}, title), row, 0);
-    grid.addWidget(value, row, 1);
-    grid.addWidget(unitLabel, row, 2);
-    grid.setRowStretch(row, 1);
+constexpr int SmallText = 14;  // px
+constexpr int StepText = 20;
+
+// What is set for the number above.
+QLabel* AddSetValue(QBoxLayout& column, const QString& name, const QString& accessible) {
+    auto* label = MakeLabel(name, {}, accessible);
+    SetPixels(*label, SmallText, false);
+    SetNumberFace(*label);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    column.addWidget(label);
+    return label;
+}
+
+ReadOut* AddReadOut(QBoxLayout& column, const QString& name, const QString& text,
+                    const QString& accessible, const QString& unit) {
+    auto* value = new BigReadOut(name, unit, accessible, QStringLiteral("600.000"),
+                                 {.Least = 44, .Most = 280});
+    value->ShowValue(text);
+    column.addWidget(value, 2);
     return value;
 }
 
-QLabel* AddState(QHBoxLayout& row, const QString& title, const QString& name, const QString& text,
-                 const QString& accessible) {
-    auto* value = MakeLabel(name, text, accessible);
-    Enlarge(*value, 1.8);
-    value->setMinimumWidth(WidthFor(*value, QStringLiteral("00")));
-    row.addWidget(MakeLabel({}, title));
-    row.addWidget(value);
-    return value;
+// What the numbers are, and which of them the supply keeps constant.
+void AddStates(QBoxLayout& column, PowerControls& controls) {
+    auto* row = new QHBoxLayout;
+    controls.Plate.lblREADING = new Pill(QStringLiteral("lblREADING"), {}, {});
+    SetPixels(*controls.Plate.lblREADING, SmallText, true);
+    controls.lblMODE = new Pill(QStringLiteral("lblMODE"), {}, QStringLiteral("동작 모드"));
+    SetPixels(*controls.lblMODE, SmallText, true);
+    ShowMode(controls, false);
+    row->addWidget(controls.Plate.lblREADING);
+    row->addStretch(1);
+    row->addWidget(MakeLabel({}, QStringLiteral("MODE")));
+    row->addWidget(controls.lblMODE);
+    column.addLayout(row);
+}
+
+void AddStepAndPower(QBoxLayout& column, PowerControls& controls) {
+    auto* row = new QHBoxLayout;
+    controls.txtSTEP =
+        MakeLabel(QStringLiteral("txtSTEP"), QStringLiteral("00"), QStringLiteral("단계 번호"));
+    SetPixels(*controls.txtSTEP, StepText, true);
+    SetNumberFace(*controls.txtSTEP);
+    controls.Plate.txtWATT =
+        new BigReadOut(QStringLiteral("txtWATT"), QStringLiteral("W"), QStringLiteral("전력 W"),
+                       QStringLiteral("0000.0"), {.Least = 22, .Most = 120});
+    row->addWidget(MakeLabel({}, QStringLiteral("STEP")));
+    row->addWidget(controls.txtSTEP);
+    row->addWidget(controls.Plate.txtWATT, 1);
+    column.addLayout(row, 1);
 }
 
 }  // namespace
 
 QWidget* MakeReadOuts(PowerControls& controls) {
-    auto* box = new QGroupBox(QStringLiteral("표시"));
-    auto* grid = new QGridLayout(box);
-    controls.txtVOLT =
-        AddReadOut(*grid, 0, QStringLiteral("VOLTAGE"), QStringLiteral("V"),
-                   QStringLiteral("txtVOLT"), QStringLiteral("0.00"), QStringLiteral("전압 V"));
-    controls.txtCURR =
-        AddReadOut(*grid, 1, QStringLiteral("CURRENT"), QStringLiteral("A"),
-                   QStringLiteral("txtCURR"), QStringLiteral("0.000"), QStringLiteral("전류 A"));
-    auto* states = new QHBoxLayout;
-    controls.txtSTEP = AddState(*states, QStringLiteral("STEP"), QStringLiteral("txtSTEP"),
-                                QStringLiteral("00"), QStringLiteral("단계 번호"));
-    states->addSpacing(24);
-    controls.lblMODE = AddState(*states, QStringLiteral("MODE"), QStringLiteral("lblMODE"),
-                                QStringLiteral("CV"), QStringLiteral("동작 모드"));
-    states->addStretch(1);
-    grid->addLayout(states, 2, 0, 1, 3);
-    return box;
+    auto* frame = new PlateFrame;
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(10, 6, 8, 6);
+    column->setSpacing(1);
+    AddStates(*column, controls);
+    controls.txtVOLT = AddReadOut(*column, QStringLiteral("txtVOLT"), QStringLiteral("0.00"),
+                                  QStringLiteral("전압 V"), QStringLiteral("V"));
+    controls.Plate.lblSETVOLT =
+        AddSetValue(*column, QStringLiteral("lblSETVOLT"), QStringLiteral("전압 설정"));
+    controls.txtCURR = AddReadOut(*column, QStringLiteral("txtCURR"), QStringLiteral("0.000"),
+                                  QStringLiteral("전류 A"), QStringLiteral("A"));
+    controls.Plate.lblSETCURR =
+        AddSetValue(*column, QStringLiteral("lblSETCURR"), QStringLiteral("전류 설정"));
+    AddStepAndPower(*column, controls);
+    return frame;
 }
 
 }  // namespace zps

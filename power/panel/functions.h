@@ -14,7 +14,7 @@ struct Function {
     QPushButton* PowerControls::*Button;
     const char* ButtonName;
     const char* Accessible;
-    QLabel* PowerControls::*Label;  // "ON" or "OFF", or who controls
+    Pill* PowerControls::*Label;  // "ON" or "OFF", or who controls
     const char* LabelName;
     Lamp* PowerControls::*Light;
     const char* LightName;

@@ -6,6 +6,7 @@
 #include "power/panel/display_layout.h"
 #include "power/panel/header_layout.h"
 #include "power/panel/link_layout.h"
+#include "power/panel/output_region.h"
 #include "power/panel/step_list_layout.h"
 #include "power/panel/switches_layout.h"
 
@@ -20,6 +21,8 @@
 namespace zps {
 
 namespace {
+
+constexpr int Gap = 6;  // px, between the regions and around them
 
 QAction* MakeAction(QMenu& menu, const QString& name, const QString& text) {
     auto* action = menu.addAction(text);
@@ -74,20 +77,37 @@ QWidget* MakeSteps(PowerControls& controls) {
 }
 
 // Switches and read-outs stay side by side and in sight; in a narrow window the steps go below.
+OutputRegion* MakeOutputRegion(PowerControls& controls) {
+    auto* inside = new QWidget;
+    auto* row = new QHBoxLayout(inside);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Gap);
+    row->addWidget(MakeSwitches(controls), 16);
+    row->addWidget(MakeReadOuts(controls), 38);
+    PlateControls& plate = controls.Plate;
+    plate.lblAUTORUN =
+        MakeLabel(QStringLiteral("lblAUTORUN"), {}, QStringLiteral("자동 운전 진행"));
+    plate.lblELAPSED =
+        MakeLabel(QStringLiteral("lblELAPSED"), {}, QStringLiteral("운전 경과 시간"));
+    plate.fraOUTPUT = new OutputRegion({plate.lblAUTORUN, plate.lblELAPSED}, *inside);
+    return controls.Plate.fraOUTPUT;
+}
+
 QFrame* MakePowerDisplay(PowerControls& controls) {
     auto* frame = new FlowingRow(QBoxLayout::BottomToTop);
     frame->setObjectName(QStringLiteral("frmPOWERDISPLAY"));
     frame->setAccessibleName(QStringLiteral("전원 장치 제어"));
-    frame->Add(*MakeSteps(controls), 3);
-    auto* watched = new QWidget;
-    auto* row = new QHBoxLayout(watched);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(MakeSwitches(controls));
-    row->addWidget(MakeReadOuts(controls), 1);
-    frame->Add(*watched, 3);
+    frame->Add(*MakeSteps(controls), 46);
+    frame->Add(*MakeOutputRegion(controls), 54);
     controls.frmPOWERDISPLAY = frame;
     return frame;
 }
+
+// What stands between the menus and the link line; with these a window of 1600 x 900 pixels.
+class Centre : public QWidget {
+  public:
+    QSize sizeHint() const override { return QWidget::sizeHint().expandedTo({1600, 850}); }
+};
 
 QFrame* MakeData(PowerControls& controls) {
     auto* frame = new QFrame;
@@ -108,8 +128,10 @@ QFrame* MakeData(PowerControls& controls) {
 PowerControls MakePowerControls(QMainWindow& window) {
     PowerControls controls;
     MakeMenus(controls, *window.menuBar());
-    auto* centre = new QWidget;
+    auto* centre = new Centre;
     auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(Gap, 0, Gap, 0);
+    column->setSpacing(Gap);
     column->addWidget(MakeIdentity(controls));
     column->addWidget(MakePowerDisplay(controls));
     column->addWidget(MakeData(controls), 1);

@@ -5,7 +5,9 @@
 #include "controls/entry_field.h"
 #include "controls/lamp.h"
 #include "controls/number_panels.h"
+#include "controls/pill.h"
 #include "controls/read_out.h"
+#include "power/panel/plate_controls.h"
 #include "power/panel/step_list_frame.h"
 #include "power/panel/step_scroll_bar.h"
 #include "source/step_table.h"
@@ -39,7 +41,8 @@ struct PowerControls {
     ReadOut* txtVOLT = nullptr;
     ReadOut* txtCURR = nullptr;
     QLabel* txtSTEP = nullptr;
-    QLabel* lblMODE = nullptr;
+    Pill* lblMODE = nullptr;
+    PlateControls Plate;
 
     // Switches, their labels and lamps
     QPushButton* cmdOUTPUT = nullptr;
@@ -47,11 +50,11 @@ struct PowerControls {
     QPushButton* cmdPVsense = nullptr;
     QPushButton* cmdOCP = nullptr;
     QPushButton* cmdPREMOTE = nullptr;
-    QLabel* Output_ONOFF = nullptr;
-    QLabel* Auto_ONOFF = nullptr;
-    QLabel* Vsense_ONOFF = nullptr;
-    QLabel* OCP_ONOFF = nullptr;
-    QLabel* Rem_Loc = nullptr;
+    Pill* Output_ONOFF = nullptr;
+    Pill* Auto_ONOFF = nullptr;
+    Pill* Vsense_ONOFF = nullptr;
+    Pill* OCP_ONOFF = nullptr;
+    Pill* Rem_Loc = nullptr;
     QLabel* lblPREMOTE = nullptr;
     Lamp* OutputLED = nullptr;
     Lamp* AutoLED = nullptr;

@@ -8,29 +8,35 @@ ReadOuts::ReadOuts(PowerControls& controls, const SOURCE& source)
 }
 
 void ReadOuts::ShowStep(int step) {
-    Show(Source.StepVolt(step), Source.StepCurr(step));
-}
-
-void ReadOuts::ShowValue(StepValue value, const std::string& text) {
-    if (value == StepValue::Volt) Show(text, Texts[1]);
-    if (value == StepValue::Curr) Show(Texts[0], text);
-}
-
-void ReadOuts::ShowReading(float volts, float amps) {
-    Show(Source.FormatVoltFine(volts), Source.FormatCurrFine(amps));
-}
-
-void ReadOuts::Show(const std::string& volts, const std::string& amps) {
-    Texts = {volts, amps};
+    Volt = {Source.StepVolt(step)};
+    Curr = {Source.StepCurr(step)};
     Refresh();
 }
 
+void ReadOuts::ShowValue(StepValue value, const std::string& text) {
+    if (value == StepValue::Volt) Volt = {text};
+    if (value == StepValue::Curr) Curr = {text};
+    Refresh();
+}
+
+void ReadOuts::ShowReading(float volts, float amps) {
+    Volt = {Source.FormatVoltFine(volts), NumberFrom::Reading, volts};
+    Curr = {Source.FormatCurrFine(amps), NumberFrom::Reading, amps};
+    Refresh();
+}
+
+std::optional<double> ReadOuts::Watts() const {
+    const bool read = Volt.From == NumberFrom::Reading && Curr.From == NumberFrom::Reading;
+    return read ? std::optional(Volt.Value * Curr.Value) : std::nullopt;
+}
+
 void ReadOuts::Refresh() {
-    const auto shown = [this](const std::string& text) {
-        return Source.RatingsKnown() ? QString::fromStdString(text) : QStringLiteral("----");
+    const auto shown = [this](const Number& number) {
+        return Source.RatingsKnown() ? QString::fromStdString(number.Text) : QStringLiteral("----");
     };
-    Controls.txtVOLT->ShowValue(shown(Texts[0]));
-    Controls.txtCURR->ShowValue(shown(Texts[1]));
+    Controls.txtVOLT->ShowValue(shown(Volt));
+    Controls.txtCURR->ShowValue(shown(Curr));
+    Told();
 }
 
 }  // namespace zps

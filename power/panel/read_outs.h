@@ -2,15 +2,18 @@
 #pragma once
 
 #include "power/panel/power_controls.h"
+#include "power/panel/reading_badge.h"
 #include "source/source.h"
 
-#include <array>
+#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace zps {
 
-// Shows set values and read-back. Where the supply's ratings are not known nobody can vouch for a
-// number, and "----" stands in its place.
+// Shows set values and read-back, and knows which of them it shows. Where the supply's ratings are
+// not known nobody can vouch for a number, and "----" stands in its place.
 class ReadOuts {
   public:
     ReadOuts(PowerControls& controls, const SOURCE& source);
@@ -23,12 +26,25 @@ class ReadOuts {
     // The ratings have become known or unknown.
     void Refresh();
 
+    NumberFrom VoltFrom() const { return Volt.From; }
+    NumberFrom CurrFrom() const { return Curr.From; }
+    // Of the reading that is shown; empty where a set value is.
+    std::optional<double> Watts() const;
+    // Called whenever they have been shown anew.
+    void OnShown(std::function<void()> told) { Told = std::move(told); }
+
   private:
-    void Show(const std::string& volts, const std::string& amps);
+    struct Number {
+        std::string Text;
+        NumberFrom From = NumberFrom::StepTable;
+        double Value = 0;  // of a reading
+    };
 
     PowerControls& Controls;
     const SOURCE& Source;
-    std::array<std::string, 2> Texts{"0.00", "0.000"};  // voltage, current
+    Number Volt{"0.00"};
+    Number Curr{"0.000"};
+    std::function<void()> Told = [] {};
 };
 
 }  // namespace zps

@@ -1,7 +1,9 @@
 #include "power/panel/status_display.h"
 
-#include "source/numbers.h"
+#include "power/panel/plate_look.h"
 #include "source/reply.h"
+
+#include <utility>
 
 namespace zps {
 
@@ -13,6 +15,11 @@ QString OnOff(bool on) {
 
 void Light(PowerControls& c, const Function& function, bool on) {
     (c.*function.Light)->Light(on ? function.Active : function.Idle);
+}
+
+QColor StateColour(const Function& function, bool on) {
+    if (!on) return {};
+    return &function == &OutputFunction() ? ToQColor(Colour::DarkRed) : QColor(0x1E, 0x6B, 0x3C);
 }
 
 Control ControlOf(std::uint8_t bits) {
@@ -34,27 +41,28 @@ void ShowFunctions(PowerControls& c, std::uint8_t bits) {
 
 void ShowStatus(PowerControls& c, std::uint8_t bits) {
     const bool limited = (bits & status::ConstantCurrent) != 0;
-    c.lblMODE->setText(limited ? QStringLiteral("CC") : QStringLiteral("CV"));
+    ShowMode(c, limited);
     ShowFunctions(c, bits);
     ShowControl(c, ControlOf(bits));
 }
 
+// Filled where it is on, an outline where it is off.
 void ShowAsked(PowerControls& c, const Function& function, bool on) {
-    (c.*function.Label)->setText(OnOff(on));
+    Pill& label = *(c.*function.Label);
+    label.setText(OnOff(on));
+    label.Fill(StateColour(function, on));
     Light(c, function, on);
 }
 
-void ShowDifference(PowerControls& c, const Function& function, bool differs, bool reportedOn) {
-    QLabel& label = *(c.*function.Label);
+void ShowDifference(PowerControls& c, const Function& function, bool askedOn, bool differs) {
+    Pill& label = *(c.*function.Label);
     const QString words =
-        differs ? QStringLiteral("전원 장치는 %1 상태라고 알립니다").arg(OnOff(reportedOn))
+        differs ? QStringLiteral("전원 장치는 %1 상태라고 알립니다").arg(OnOff(!askedOn))
                 : QString();
     if (label.toolTip() == words) return;
     label.setToolTip(words);
     label.setAccessibleDescription(words);
-    label.setAutoFillBackground(false);
-    label.setPalette({});
-    if (differs) PaintBackground(label, Colour::Yellow);
+    label.Fill(differs ? ToQColor(Colour::Yellow) : StateColour(function, askedOn));
 }
 
 void ShowControl(PowerControls& c, Control control) {
@@ -63,15 +71,20 @@ void ShowControl(PowerControls& c, Control control) {
     const QString state = QString::fromUtf8(remote ? function.CaptionOn : function.CaptionOff);
     c.cmdPREMOTE->setText(state);
     c.Rem_Loc->setText(state);
+    c.Rem_Loc->Fill(StateColour(function, remote));
     c.lblPREMOTE->setText(control == Control::Serial   ? QStringLiteral("RS232")
                           : control == Control::Remote ? QStringLiteral("REMOTE")
                                                        : QStringLiteral("LOC"));
     Light(c, function, remote);
 }
 
-void RaiseCounter(QLabel& counter) {
-    const double count = LeadingNumber(counter.text().toStdString()) + 1;
-    counter.setText(QString::fromStdString(FormatFixed(count, 0)));
+void ShowCounts(PowerControls& c, const LinkQuality& quality) {
+    using Fault = LinkQuality::Fault;
+    for (const auto& [counter, fault] : {std::pair{c.lblZPS_ERR, Fault::Nothing},
+                                         {c.lblZPS_ERR1, Fault::WrongLength},
+                                         {c.lblZPS_ENQ, Fault::WrongHeader}}) {
+        if (const auto count = quality.Count(fault)) counter->setText(QString::number(*count));
+    }
 }
 
 }  // namespace zps

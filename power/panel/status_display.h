@@ -1,6 +1,7 @@
 // What the captions and lamps say about the supply.
 #pragma once
 
+#include "power/link/link_quality.h"
 #include "power/panel/functions.h"
 
 #include <cstdint>
@@ -16,14 +17,13 @@ void ShowFunctions(PowerControls& controls, std::uint8_t status);
 // A switch as it was asked for: label and lamp.
 void ShowAsked(PowerControls& controls, const Function& function, bool on);
 // Marks the label of a switch where the supply reports otherwise than was asked for.
-void ShowDifference(PowerControls& controls, const Function& function, bool differs,
-                    bool reportedOn);
+void ShowDifference(PowerControls& controls, const Function& function, bool askedOn, bool differs);
 
 // Who controls the supply: button, labels and lamp together.
 enum class Control : std::uint8_t { Local, Remote, Serial };
 void ShowControl(PowerControls& controls, Control control);
 
-// Raises a counter that is kept in the label's caption; a caption that is no number counts as 0.
-void RaiseCounter(QLabel& counter);
+// The counts of bad data replies. What has never been counted keeps its caption.
+void ShowCounts(PowerControls& controls, const LinkQuality& quality);
 
 }  // namespace zps

@@ -1,48 +1,94 @@
 #include "power/panel/switches_layout.h"
 
 #include "controls/shortcuts.h"
+#include "controls/switch_button.h"
 #include "controls/widgets.h"
 #include "power/panel/functions.h"
 
 #include <QGridLayout>
-#include <QGroupBox>
+#include <QVBoxLayout>
 
 namespace zps {
 
+namespace {
+
+// px
+constexpr int OutputHeight = 56;
+constexpr int OtherHeight = 34;
+
+QPushButton* MakeSwitch(const Function& function, bool output) {
+    const QString key = QKeySequence(function.Key).toString(QKeySequence::NativeText);
+    auto* button = new SwitchButton(
+        QString::fromUtf8(function.ButtonName), QString::fromUtf8(function.CaptionOff),
+        QString::fromUtf8(function.Accessible), key, output ? OutputHeight : OtherHeight);
+    button->setMinimumWidth(button->WidthFor({function.CaptionOff, function.CaptionOn}));
+    GiveKey(*button, function.Key, QString::fromUtf8(function.ToolTip));
+    return button;
+}
+
+Pill* MakeState(const Function& function) {
+    const bool remote = &function == &RemoteFunction();
+    auto* state = new Pill(QString::fromUtf8(function.LabelName),
+                           QString::fromUtf8(remote ? function.CaptionOff : "OFF"),
+                           QString::fromUtf8(function.Accessible) + QStringLiteral(" 상태"));
+    Enlarge(*state, 1);
+    state->setMinimumWidth(state->SizeFor(QStringLiteral("REMOTE")).width());
+    return state;
+}
+
+Lamp* MakeLamp(const Function& function) {
+    auto* light = new Lamp(function.Idle);
+    light->setObjectName(QString::fromUtf8(function.LightName));
+    light->setAccessibleName(QString::fromUtf8(function.Accessible) + QStringLiteral(" 표시등"));
+    return light;
+}
+
+QWidget* MakeLine() {
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    QPalette faint = line->palette();
+    faint.setColor(QPalette::WindowText,
+                   Between(faint.color(QPalette::WindowText), faint.color(QPalette::Window), 0.7));
+    line->setPalette(faint);
+    line->setFixedHeight(13);
+    return line;
+}
+
+// What the state means on the line, under it.
+QLayout* WithCaption(Pill& state, QLabel& caption) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->addWidget(&state);
+    column->addWidget(&caption);
+    return column;
+}
+
+}  // namespace
+
 QWidget* MakeSwitches(PowerControls& controls) {
-    auto* box = new QGroupBox(QStringLiteral("스위치"));
+    auto* box = new QWidget;
     auto* grid = new QGridLayout(box);
-    int place = 0;
-    for (const Function& function : Functions()) {
-        const QString accessible = QString::fromUtf8(function.Accessible);
-        const QString state =
-            QString::fromUtf8(&function == &RemoteFunction() ? function.CaptionOff : "OFF");
-        auto* button = MakeButton(QString::fromUtf8(function.ButtonName),
-                                  QString::fromUtf8(function.CaptionOff), accessible);
-        button->setMinimumHeight(button->fontMetrics().height() * 2);
-        LetGrow(*button);
-        GiveKey(*button, function.Key, QString::fromUtf8(function.ToolTip));
-        auto* label = MakeLabel(QString::fromUtf8(function.LabelName), state,
-                                accessible + QStringLiteral(" 상태"));
-        label->setAlignment(Qt::AlignCenter);
-        Enlarge(*label, 1.1);
-        label->setMinimumWidth(WidthFor(*label, QStringLiteral("REMOTE")));
-        auto* light = new Lamp(function.Idle);
-        light->setObjectName(QString::fromUtf8(function.LightName));
-        light->setAccessibleName(accessible + QStringLiteral(" 표시등"));
-        controls.*function.Button = button;
-        controls.*function.Label = label;
-        controls.*function.Light = light;
-        grid->addWidget(button, place, 0);
-        grid->addWidget(light, place, 1);
-        grid->addWidget(label, place, 2);
-        ++place;
-    }
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setVerticalSpacing(3);
+    grid->setHorizontalSpacing(4);
+    grid->setColumnStretch(0, 1);
     controls.lblPREMOTE =
         MakeLabel(QStringLiteral("lblPREMOTE"), QStringLiteral("LOC"), QStringLiteral("제어 경로"));
     controls.lblPREMOTE->setAlignment(Qt::AlignCenter);
-    grid->addWidget(controls.lblPREMOTE, place, 2);
-    grid->setRowStretch(place + 1, 1);
+    for (const Function& function : Functions()) {
+        const bool output = &function == &OutputFunction();
+        const int place = grid->rowCount();
+        grid->addWidget(controls.*function.Button = MakeSwitch(function, output), place, 0);
+        grid->addWidget(controls.*function.Light = MakeLamp(function), place, 1);
+        Pill& state = *(controls.*function.Label = MakeState(function));
+        if (&function == &RemoteFunction()) {
+            grid->addLayout(WithCaption(state, *controls.lblPREMOTE), place, 2, Qt::AlignVCenter);
+        } else {
+            grid->addWidget(&state, place, 2);
+        }
+        grid->setRowStretch(place, output ? OutputHeight : OtherHeight);
+        if (output) grid->addWidget(MakeLine(), place + 1, 0, 1, 3);
+    }
     return box;
 }
 

@@ -21,7 +21,7 @@ void FunctionSwitches::Toggle(std::size_t place) {
     const bool on = !Flags.at(place).On;
     Flags.at(place) = {.On = on};
     ShowAsked(Parts.Controls, function, on);
-    ShowDifference(Parts.Controls, function, false, false);
+    ShowDifference(Parts.Controls, function, on, false);
     Changed();
     Parts.Sender.SendCommand(function.Letter, on ? 1 : 0);
 }
@@ -39,7 +39,7 @@ void FunctionSwitches::Reset() {
 void FunctionSwitches::PollsEnded() {
     for (std::size_t place = 0; place < PlainFunctionCount; ++place) {
         const Flag& flag = Flags.at(place);
-        ShowDifference(Parts.Controls, PlainFunction(place), flag.DifferentReports > 0, !flag.On);
+        ShowDifference(Parts.Controls, PlainFunction(place), flag.On, flag.DifferentReports > 0);
     }
 }
 
@@ -56,7 +56,7 @@ void FunctionSwitches::Reported(std::uint8_t bits, bool polled) {
             ShowAsked(Parts.Controls, function, true);
         }
         flag.DifferentReports = flag.On == reported ? 0 : flag.DifferentReports + 1;
-        ShowDifference(Parts.Controls, function, flag.DifferentReports > passing, reported);
+        ShowDifference(Parts.Controls, function, flag.On, flag.DifferentReports > passing);
     }
 }
 

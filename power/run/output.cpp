@@ -3,7 +3,6 @@
 namespace zps {
 
 void Output::WentOn() {
-    NoReplies = 0;
     Become(true);
 }
 

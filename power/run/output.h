@@ -1,7 +1,6 @@
 // Whether the output is on, as far as the panel knows, and what has spoken against it.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <utility>
 
@@ -18,8 +17,6 @@ class Output {
         int LastFault = 0;  // the code of the last fault
     };
     const Objections& Objected() const { return Objection; }
-    // Polls without any reply in the present output period.
-    std::int32_t NoReplyCount() const { return NoReplies; }
 
     // The operator switches it on.
     void WentOn();
@@ -29,7 +26,6 @@ class Output {
     void Tripped(int faultCode);
     // The supply has refused a frame.
     void Refused() { ++Objection.Refusals; }
-    void CountNoReply() { ++NoReplies; }
 
     // Called after each switching.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
@@ -39,7 +35,6 @@ class Output {
 
     bool OutputOn = false;
     Objections Objection;
-    std::int32_t NoReplies = 0;
     std::function<void()> Told = [] {};
 };
 

@@ -1,5 +1,7 @@
 #include "power/run/output_switch.h"
 
+#include "power/panel/plate_look.h"
+#include "power/panel/status_display.h"
 #include "source/numbers.h"
 
 #include <chrono>
@@ -27,7 +29,7 @@ void OutputSwitch::cmdOUTPUT_Click() {
     const bool switchOn = !Around.Out.On();
     if (switchOn && !Around.Fields.Commit()) return;
     Around.Polls.Stop();
-    Parts.Controls.lblMODE->setText(QStringLiteral("CV"));
+    ShowMode(Parts.Controls, false);
     if (switchOn)
         SwitchOn(deadline);
     else
@@ -57,9 +59,8 @@ void OutputSwitch::tmrOFF_Timer() {
 void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     tmrOFF->SetEnabled(false);
     const PowerControls& c = Parts.Controls;
-    for (QLabel* counter : {c.lblZPS_ENQ, c.lblZPS_ERR, c.lblZPS_ERR1}) {
-        counter->setText(QStringLiteral("0"));
-    }
+    Around.Quality.Restart();
+    ShowCounts(Parts.Controls, Around.Quality);
     Around.Lock.ReleaseEditLock();
     const QString objection = WaitForReplyInProgress(deadline);
     if (!objection.isEmpty()) {

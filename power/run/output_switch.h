@@ -29,6 +29,7 @@ class OutputSwitch {
         Output& Out;
         StepStart& Start;
         Polling& Polls;
+        LinkQuality& Quality;
         ReadOuts& Shown;
         EditLock& Lock;
         StepList& Rows;

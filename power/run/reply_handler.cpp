@@ -50,10 +50,13 @@ void ReplyHandler::comPOWER_OnComm() {
         JudgeReply(reply, Parts.Source.ReplyFlag, Parts.Source.PowerAddr, CheckByte::Whole);
     Parts.Source.RxResult = result;
     Around.Held.Answered(result);
+    if (wantsData) {
+        Around.Quality.Answered(result, reply.size());
+        ShowCounts(Parts.Controls, Around.Quality);
+    }
     if (result == Reply::Nak) Around.Out.Refused();
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
-    if (wantsData && result != Reply::Data) CountBadData(reply);
     Parts.Controls.StatusBar_RXDATA->ShowBytes(reply);
     RearmTimers();
     if (message) Parts.Boxes.Show(&Parts.Window, *message);
@@ -68,6 +71,7 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
     Around.Functions.Reported(values.Status, Around.Out.On());
     if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
+    Around.StepReported(values.Step);
     if (Around.Out.On() && Parts.Source.RatingsKnown()) TakeReadBack(values);
     return message;
 }
@@ -105,16 +109,6 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
     Around.Shown.ShowReading(volts, amps);
     Around.Log.Append(values.Step, {volts, source.VoltDecimalsFine()},
                       {amps, source.CurrDecimalsFine()});
-}
-
-void ReplyHandler::CountBadData(const Bytes& reply) {
-    if (reply.empty()) {
-        Around.Out.CountNoReply();
-        RaiseCounter(*Parts.Controls.lblZPS_ERR);
-    } else {
-        RaiseCounter(reply.size() == DataLength ? *Parts.Controls.lblZPS_ENQ
-                                                : *Parts.Controls.lblZPS_ERR1);
-    }
 }
 
 void ReplyHandler::RearmTimers() {

@@ -11,6 +11,7 @@
 #include "power/run/step_start.h"
 #include "serial/port.h"
 
+#include <functional>
 #include <optional>
 
 namespace zps {
@@ -24,9 +25,11 @@ class ReplyHandler {
         Output& Out;
         StepStart& Start;
         Polling& Polls;
+        LinkQuality& Quality;
         FunctionSwitches& Functions;
         ReadOuts& Shown;
         MeasurementLog& Log;
+        std::function<void(int step)> StepReported;
     };
     ReplyHandler(PowerParts& parts, const Surround& around) : Parts(parts), Around(around) {}
 
@@ -40,7 +43,6 @@ class ReplyHandler {
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
     void TakeReadBack(const ReadBack& values);
-    void CountBadData(const Bytes& reply);
     void RearmTimers();
     void FaultReset();
 

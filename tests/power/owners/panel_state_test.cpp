@@ -79,9 +79,7 @@ TEST(OutputState, TellsEachSwitchingAndCountsObjections) {
     Output output;
     std::string told;
     output.OnChange([&] { told += output.On() ? "on " : "off "; });
-    output.CountNoReply();
     output.WentOn();
-    EXPECT_EQ(output.NoReplyCount(), 0);  // of this output period
     output.WentOff();
     output.Refused();
     output.Tripped(5);

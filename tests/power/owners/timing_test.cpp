@@ -30,7 +30,8 @@ struct PollingASupply : testing::Test, ScriptedLink {
     bool On = true;
     bool Answers = true;
     std::vector<std::chrono::milliseconds> Times;
-    Polling Polls{Source, Sender, Time, [this] { return On; }};
+    LinkQuality Quality{Time, [this] { return On; }};
+    Polling Polls{Source, Sender, Time, Quality, [this] { return On; }};
 };
 
 TEST_F(PollingASupply, IsSteadyAndStopsUntilAReplyOrForASecond) {

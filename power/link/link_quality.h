@@ -1,0 +1,68 @@
+// How well the supply answers the polls of the main window, and how old its last reading is.
+#pragma once
+
+#include "source/reply.h"
+#include "source/timekeeper.h"
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace zps {
+
+// Counts from the last Restart on. Window thread only.
+class LinkQuality {
+  public:
+    using milliseconds = std::chrono::milliseconds;
+    // What can be wrong with the answer to a poll.
+    enum class Fault : std::uint8_t { Nothing, WrongLength, WrongHeader };
+    // The polls, the good data replies to them, and how long these took; the times are empty
+    // before the first.
+    struct Exchanges {
+        int Asked = 0;
+        int Answered = 0;
+        std::optional<milliseconds> Last;
+        std::optional<milliseconds> Median;  // of the last 256
+    };
+
+    // `outputOn` tells whether the output is believed on. Both outlive this.
+    LinkQuality(const Timekeeper& time, std::function<bool()> outputOn);
+
+    // The operator is about to switch the output on: all counts are 0.
+    void Restart();
+    // An output period begins.
+    void OutputWentOn();
+    // A poll is out.
+    void Asked();
+    // A receive event that found `length` bytes where a data reply was expected.
+    void Answered(Reply result, std::size_t length);
+
+    // Empty until the first Restart or the first such fault.
+    std::optional<int> Count(Fault fault) const;
+    Exchanges Polled() const;
+    // Time since the last good data reply of the present output period, or since the output went on
+    // if none has come yet. Empty while the output is off and so nothing is polled.
+    std::optional<milliseconds> ReadingAge() const;
+
+  private:
+    static constexpr std::size_t Remembered = 256;
+
+    milliseconds Since(serial::Clock::time_point moment) const;
+    void NoteResponse();
+    std::optional<milliseconds> Median() const;
+
+    const Timekeeper& Time;
+    std::function<bool()> OutputOn;
+    std::array<std::optional<int>, 3> Faults;  // by Fault
+    int AskedCount = 0;
+    std::array<milliseconds, Remembered>
+        Responses{};  // a ring; the next goes to Taken % Remembered
+    std::size_t Taken = 0;
+    std::optional<serial::Clock::time_point> AskedAt;  // until its answer
+    serial::Clock::time_point FreshAt;  // the last good reply, or the beginning of the period
+};
+
+}  // namespace zps

@@ -1,0 +1,23 @@
+// The look of the plate that the large numbers stand on: the same dark one on every desktop.
+#pragma once
+
+#include "power/panel/power_controls.h"
+#include "power/panel/reading_badge.h"
+
+namespace zps {
+
+// The plate itself; what is put into it has its colours.
+class PlateFrame : public QFrame {
+  public:
+    PlateFrame();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+// The colours of the numbers and of the badge over them.
+void ShowBadge(PowerControls& controls, const ReadingBadge& badge);
+// "CV" or, limited by the current, "CC".
+void ShowMode(PowerControls& controls, bool limited);
+
+}  // namespace zps

@@ -1,0 +1,63 @@
+// Shows on the plate what is known of the run: what the numbers are, how long the output has been
+// on, what is set for them, and how far an automatic run has come.
+#pragma once
+
+#include "power/panel/read_outs.h"
+#include "power/run/auto_progress.h"
+#include "power/run/auto_sequence.h"
+#include "power/run/function_switches.h"
+#include "power/run/output.h"
+#include "power/run/run_clock.h"
+#include "power/steps/step_list.h"
+#include "source/timekeeper.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zps {
+
+class RunDisplay {
+  public:
+    // Who is asked.
+    struct Surround {
+        const SOURCE& Source;
+        const Output& Out;
+        const ReadOuts& Shown;
+        const StepList& Rows;
+        const FunctionSwitches& Functions;
+        const AutoSequence& Sequence;
+        std::function<std::optional<std::chrono::milliseconds>()> ReadingAge;
+    };
+    // `time` ticks also while a message box is up: an old number is marked then too.
+    RunDisplay(PowerControls& controls, Timekeeper& time, Surround around);
+
+    // The output is shown on or off now.
+    void OutputChanged();
+    // The supply has reported that it is at `step`.
+    void StepReported(int step);
+    // The numbers have been shown anew.
+    void NumbersShown();
+    // Anything else has changed; cheap where nothing has.
+    void Refresh();
+
+  private:
+    std::vector<AutoProgress::Stage> Stages() const;
+    int StepAt() const;
+    void ShowSetValues();
+    void ShowAutoRun();
+    QString EstimatedEnd();
+
+    PowerControls& Controls;
+    Timekeeper& Time;
+    Surround Around;
+    RunClock Clock;
+    AutoProgress Progress;
+    int Reported = 0;
+    std::optional<AutoProgress::Time> EndShown;
+    QString EndText;
+    std::unique_ptr<Ticker> tmrPLATE;  // while the output is shown on
+};
+
+}  // namespace zps
