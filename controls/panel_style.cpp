@@ -1,5 +1,7 @@
 #include "controls/panel_style.h"
 
+#include "controls/message_icons.h"
+
 #include <QPainter>
 #include <QStyleOption>
 #include <QWidget>
@@ -27,6 +29,22 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         if (element == PE_FrameFocusRect) return;  // would tint the colour; its own frame tells
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                               const QWidget* widget) const {
+    switch (which) {
+        case SP_MessageBoxInformation:
+            return DrawMessageIcon(MessageIcon::Information);
+        case SP_MessageBoxQuestion:
+            return DrawMessageIcon(MessageIcon::Question);
+        case SP_MessageBoxWarning:
+            return DrawMessageIcon(MessageIcon::Warning);
+        case SP_MessageBoxCritical:
+            return DrawMessageIcon(MessageIcon::Critical);
+        default:
+            return QProxyStyle::standardIcon(which, option, widget);
+    }
 }
 
 void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {

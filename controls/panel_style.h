@@ -14,6 +14,9 @@ class PanelStyle : public QProxyStyle {
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
 
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override;
+
   private:
     static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);
     static void DrawPaintedButton(const QStyleOption& option, QPainter& painter);

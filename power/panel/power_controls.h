@@ -6,6 +6,8 @@
 #include "controls/lamp.h"
 #include "controls/number_panels.h"
 #include "controls/read_out.h"
+#include "power/panel/link_pill.h"
+#include "power/panel/no_link_card.h"
 #include "power/panel/step_list_frame.h"
 #include "power/panel/step_scroll_bar.h"
 #include "source/step_table.h"
@@ -35,7 +37,9 @@ struct PowerControls {
     // Model and read-outs
     QLabel* lblZPS_MODEL = nullptr;
     QLabel* lblSPEC_VA = nullptr;
-    QLabel* lblNOTICE = nullptr;  // why something did not happen
+    QLabel* lblLINK = nullptr;    // port and address
+    LinkPill* lblPOLL = nullptr;  // how long ago the supply answered
+    QLabel* lblNOTICE = nullptr;  // the last event
     ReadOut* txtVOLT = nullptr;
     ReadOut* txtCURR = nullptr;
     QLabel* txtSTEP = nullptr;
@@ -79,6 +83,7 @@ struct PowerControls {
     // Frames that are there only with an identified supply
     QFrame* frmPOWERDISPLAY = nullptr;
     QFrame* fraDATA = nullptr;
+    NoLinkCard* fraNOLINK = nullptr;  // in their place
 
     // Link
     NumberPanels* StatusBar_RXDATA = nullptr;
