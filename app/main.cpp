@@ -13,7 +13,7 @@ int main(int /*argc*/, char** argv) {
     try {
         program.StartUp();
     } catch (const zps::serial::PortError& error) {
-        machine.Boxes.Show(nullptr, zps::MessageOf(error));
+        machine.Boxes.Show(nullptr, zps::StartMessageOf(error));
         return 1;
     }
     return QApplication::exec();

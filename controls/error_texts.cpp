@@ -67,6 +67,16 @@ QString ReasonText(const std::error_code& reason) {
     return QStringLiteral("시스템이 이 포트를 열지 못합니다(오류 번호 %1).").arg(reason.value());
 }
 
+Message StartMessageOf(const serial::PortError& error) {
+    Message message = MessageOf(error);
+    message.Title = QStringLiteral("ZPS-RS232 - %1").arg(message.Title);
+    message.Text +=
+        QStringLiteral("\n\n프로그램을 끝냅니다. RS-232 어댑터를 꽂고 다시 시작하십시오.");
+    message.Meaning = QStringLiteral(
+        "전원 장치 없이 써 보려면 zps-simulator를 먼저 실행한 뒤 다시 시작하십시오.");
+    return message;
+}
+
 Message MessageOf(const serial::PortError& error) {
     return {MessageIcon::Critical, QStringLiteral("통신 포트 오류"),
             QStringLiteral("COM%1 포트를 사용할 수 없습니다.\n%2")

@@ -10,7 +10,7 @@ class QWidget;
 
 namespace zps {
 
-enum class MessageIcon : std::uint8_t { None, Information, Question, Critical };
+enum class MessageIcon : std::uint8_t { None, Information, Question, Warning, Critical };
 enum class MessageButtons : std::uint8_t { Ok, YesNo };
 enum class Answer : std::uint8_t { Ok, Yes, No };
 
@@ -19,6 +19,8 @@ struct Message {
     QString Title;
     QString Text;
     MessageButtons Buttons = MessageButtons::Ok;
+    Answer Default = Answer::Yes;  // of a question: what Enter means
+    QString Meaning{};             // one more line, smaller, where Text alone says too little
 };
 
 class MessageBoxes {

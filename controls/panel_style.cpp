@@ -1,6 +1,7 @@
 #include "controls/panel_style.h"
 
 #include "controls/colours.h"
+#include "controls/message_icons.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -46,6 +47,22 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* more) const {
     return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                               const QWidget* widget) const {
+    switch (which) {
+        case SP_MessageBoxInformation:
+            return DrawMessageIcon(MessageIcon::Information);
+        case SP_MessageBoxQuestion:
+            return DrawMessageIcon(MessageIcon::Question);
+        case SP_MessageBoxWarning:
+            return DrawMessageIcon(MessageIcon::Warning);
+        case SP_MessageBoxCritical:
+            return DrawMessageIcon(MessageIcon::Critical);
+        default:
+            return QProxyStyle::standardIcon(which, option, widget);
+    }
 }
 
 void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {

@@ -21,6 +21,9 @@ class PanelStyle : public QProxyStyle {
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
                   const QWidget* widget = nullptr, QStyleHintReturn* more = nullptr) const override;
 
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override;
+
   private:
     static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);
     static void DrawPaintedButton(const QStyleOption& option, QPainter& painter);

@@ -1,9 +1,12 @@
 #include "power/power.h"
 
+#include "controls/error_texts.h"
 #include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
+#include "power/link/link_watch.h"
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
+#include "power/panel/header_layout.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_sequence.h"
@@ -14,6 +17,7 @@
 #include "power/steps/step_entry.h"
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
+#include "source/numbers.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -33,6 +37,8 @@ struct POWER::Inside {
     // The output has been switched, by whomever.
     void ShowOutput();
     void ShowScrolled();
+    void ShowConnection();
+    void TellLink();
     bool SendTopStep();
     // Nothing is sent by itself any more.
     void EndExchanges();
@@ -40,7 +46,7 @@ struct POWER::Inside {
     FreeingMessageBoxes Boxes;
     Handlers Events;
     WindowTime Time;
-    WindowTime SteadyTime{Events, TickMode::AtOnce};  // also while a box is up
+    WindowTime TimeAtOnce;  // also while a box is up, for what is only shown
     PowerControls Controls;
     std::unique_ptr<serial::Port> comPOWER;
     Transmitter Sender;
@@ -48,12 +54,15 @@ struct POWER::Inside {
     Gate Door;
 
     Output Out;
+    LastEvent Happened;
     LinkQuality Quality;
+    LinkWatch Link;
     Polling Polls;
     HeldSteps Held;
     ReadOuts Shown;
     EditLock Lock;
     FrameWatch Place;
+    QString PortTrouble;        // why the port could not be opened
     QString Ratings;            // of the supply whose ratings were read last
     bool OvpUnderLoad = false;  // the list has been scrolled since the output went on
 
@@ -77,12 +86,14 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     : Boxes(around.Boxes),
       Events(Boxes, &window),
       Time(Events),
+      TimeAtOnce(Events, TickMode::AtOnce),
       Controls(MakePowerControls(window)),
       comPOWER(around.Ports.MakePort()),
       Sender(source, *comPOWER),
       Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
       Quality(Time, [this] { return Out.On(); }),
+      Link(Quality, TimeAtOnce),
       Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
       Held(source, *comPOWER, Sender, Time),
       Shown(Controls, source),
@@ -100,14 +111,15 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
       OutputButton(Parts, Ways,
-                   {Door, Fields, Out, Start, Polls, Quality, Shown, Lock, Rows, Held, Log,
-                    around.Loop, Time}),
+                   {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
+                    Log, around.Loop, Time}),
       Sequence(Parts, Fields),
       Display(
-          Controls, SteadyTime,
+          Controls, TimeAtOnce,
           {source, Out, Shown, Rows, Functions, Sequence, [this] { return Quality.ReadingAge(); }}),
-      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Quality, Functions, Shown, Log,
-                      [this](int step) { Display.StepReported(step); }}) {
+      Replies(Parts,
+              {*comPOWER, Held, Out, Happened, Start, Polls, Quality, Functions, Shown, Log,
+               [this](int step) { Display.StepReported(step); }}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
@@ -118,6 +130,24 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     Held.OnChange([this] {
         Rows.Repaint();
         Refresh();
+    });
+    TellLink();
+}
+
+void POWER::Inside::TellLink() {
+    Happened.OnChange([this] { ShowEvent(Controls, Happened.Get()); });
+    Held.OnRefusal([this](int step) {
+        Happened.Note(EventKind::Refused,
+                      QStringLiteral("전원 장치가 단계 %1의 값을 받지 않았습니다.")
+                          .arg(QString::fromStdString(FormatStep(step))));
+    });
+    Link.OnChange([this] { Controls.lblPOLL->Show(Link.Seen()); });
+    Link.OnLost([this] {
+        Happened.Note(EventKind::LinkLost, QStringLiteral("전원 장치의 응답이 끊겼습니다."));
+    });
+    Link.OnBack([this](std::chrono::seconds away) {
+        Happened.Note(EventKind::LinkBack,
+                      QStringLiteral("응답이 %1초 만에 돌아왔습니다.").arg(away.count()));
     });
 }
 
@@ -152,7 +182,11 @@ void POWER::Inside::ShowOutput() {
     ShowAsked(Controls, OutputFunction(), Out.On());
     OvpUnderLoad = false;
     Polls.Stop();
-    if (Out.On()) Quality.OutputWentOn();
+    if (Out.On()) {
+        Happened.Forget();
+        Quality.OutputWentOn();
+    }
+    Link.Look();
     Display.OutputChanged();
     if (!Out.On()) Functions.PollsEnded();
     Lock.ReleaseEditLock();
@@ -163,6 +197,12 @@ void POWER::Inside::ShowScrolled() {
     OvpUnderLoad = Out.On();
     Lock.ReleaseEditLock();
     Refresh();
+}
+
+void POWER::Inside::ShowConnection() {
+    Controls.lblLINK->setText(
+        QStringLiteral("COM%1 · 주소 %2").arg(Parts.Source.CommPort).arg(Parts.Source.PowerAddr));
+    Controls.lblLINK->setToolTip(QString::fromStdString(comPOWER->Device()));
 }
 
 bool POWER::Inside::SendTopStep() {
@@ -199,6 +239,7 @@ void POWER::Form_Load() {
     source.SetStartScales();
     source.PowerAddr = source.SetAddr;
     ShowModel();
+    Self->ShowConnection();
     source.ReplyFlag = ExpectAck;
     Self->Controls.frmPOWERDISPLAY->setVisible(true);
     Self->Rows.Highlight(0);
@@ -236,8 +277,10 @@ std::optional<serial::PortError> POWER::TakeBack() {
         Self->comPOWER->SetCommPort(Self->Parts.Source.CommPort);
         Self->comPOWER->SetPortOpen(true);
         Self->Parts.Source.PortOpenedOn(Self->comPOWER->Device());
+        Self->PortTrouble.clear();
         ConnectionChanged();
     } catch (const serial::PortError& error) {
+        Self->PortTrouble = MessageOf(error).Text;
         return error;
     }
     return std::nullopt;
@@ -246,6 +289,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
 void POWER::ConnectionChanged() {
     const bool hidden = !Self->Parts.Source.RatingsKnown() && !Self->Ratings.isEmpty();
     Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
+    Self->ShowConnection();
     Self->Shown.Refresh();
 }
 
@@ -258,6 +302,8 @@ void POWER::ShowPanels(bool identified) {
         frame->setEnabled(identified);
         frame->setVisible(identified);
     }
+    Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+    Self->Controls.fraNOLINK->setVisible(!identified);
     if (identified)
         Self->Start.Begin();
     else
@@ -305,9 +351,10 @@ void POWER::lblORV_URL_DblClick(platform::WebBrowser& browser) {
 }
 
 void POWER::mnuData_Clear_Click() {
-    const Answer answer = Self->Boxes.Show(
-        this, {MessageIcon::Question, QStringLiteral("측정 데이타 삭제"),
-               QStringLiteral("현재 데이타를 모두 삭제합니다."), MessageButtons::YesNo});
+    const Answer answer =
+        Self->Boxes.Show(this, {MessageIcon::Question, QStringLiteral("측정 데이타 삭제"),
+                                QStringLiteral("현재 데이타를 모두 삭제합니다."),
+                                MessageButtons::YesNo, Answer::No});
     if (answer != Answer::Yes) return;
     const PowerControls& c = Self->Controls;
     Self->Log.Clear(c.txtSTEP->text(), c.txtVOLT->text(), c.txtCURR->text());
@@ -315,16 +362,18 @@ void POWER::mnuData_Clear_Click() {
 
 namespace {
 
-Message EndQuestion(MessageIcon icon) {
+Message EndQuestion(MessageIcon icon, bool outputOn) {
     return {icon, QStringLiteral("프로그램 종료"), QStringLiteral("프로그램을 종료합니다."),
-            MessageButtons::YesNo};
+            MessageButtons::YesNo, outputOn ? Answer::No : Answer::Yes};
 }
 
 }  // namespace
 
 void POWER::mnuPROGRAM_END_Click() {
     Self->Polls.Stop();
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information)) != Answer::Yes) return;
+    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information, Self->Out.On())) !=
+        Answer::Yes)
+        return;
     const int address = Self->Parts.Source.PowerAddr;
     if (Self->comPOWER->PortOpen()) {
         Self->Parts.Source.LayFrame(ProbeFrame(address, code::Dc1, address));
@@ -337,7 +386,8 @@ void POWER::mnuPROGRAM_END_Click() {
 }
 
 bool POWER::MayUnload() {
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question)) != Answer::Yes) return false;
+    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out.On())) != Answer::Yes)
+        return false;
     Self->EndExchanges();
     if (Self->comPOWER->PortOpen()) {
         Self->Sender.Send(ControlFrame(Self->Parts.Source.PowerAddr, code::Dc1), ExpectAck);

@@ -54,6 +54,8 @@ class HeldSteps {
 
     // Called whenever a mark or a refusal has changed.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
+    // Called when values of `step` have been refused or not acknowledged.
+    void OnRefusal(std::function<void(int step)> told) { ToldRefusal = std::move(told); }
 
   private:
     struct Sent {
@@ -82,6 +84,7 @@ class HeldSteps {
     std::array<StepValues, StepCount> Refusals{};
     std::bitset<StepCount> MaybeAt = std::bitset<StepCount>().set();  // the supply's selected step
     std::function<void()> Told = [] {};
+    std::function<void(int)> ToldRefusal = [](int) {};
 };
 
 }  // namespace zps

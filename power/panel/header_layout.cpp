@@ -1,36 +1,93 @@
 #include "power/panel/header_layout.h"
 
+#include "controls/colours.h"
+#include "controls/flowing_row.h"
 #include "controls/widgets.h"
 
 #include <QHBoxLayout>
 
 namespace zps {
 
-QWidget* MakeIdentity(PowerControls& controls) {
-    auto* box = new QWidget;
-    auto* row = new QHBoxLayout(box);
+namespace {
+
+QHBoxLayout* MakeRow(QWidget& box) {
+    auto* row = new QHBoxLayout(&box);
     row->setContentsMargins(0, 0, 0, 0);
+    return row;
+}
+
+QWidget* MakeSupply(PowerControls& controls) {
+    auto* box = new QWidget;
+    auto* row = MakeRow(*box);
     controls.lblZPS_MODEL =
         MakeLabel(QStringLiteral("lblZPS_MODEL"), {}, QStringLiteral("모델 이름"));
     controls.lblSPEC_VA =
         MakeLabel(QStringLiteral("lblSPEC_VA"), {}, QStringLiteral("최대 전압과 전류"));
-    Enlarge(*controls.lblZPS_MODEL, 1.6);
-    Enlarge(*controls.lblSPEC_VA, 1.6);
+    controls.lblLINK = MakeLabel(QStringLiteral("lblLINK"), {}, QStringLiteral("포트와 주소"));
+    Enlarge(*controls.lblZPS_MODEL, 1.5);
+    Enlarge(*controls.lblSPEC_VA, 1.5);
     row->addWidget(controls.lblZPS_MODEL);
-    row->addSpacing(24);
+    row->addSpacing(16);
     row->addWidget(controls.lblSPEC_VA);
-    controls.lblNOTICE = MakeLabel(QStringLiteral("lblNOTICE"), {}, QStringLiteral("알림"));
-    controls.lblNOTICE->setAlignment(Qt::AlignCenter);
-    controls.lblNOTICE->setWordWrap(true);
-    Enlarge(*controls.lblNOTICE, 1.1);
-    // However long its text is, it moves nothing.
-    controls.lblNOTICE->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    row->addWidget(controls.lblNOTICE, 1);
+    row->addSpacing(16);
+    row->addWidget(controls.lblLINK);
+    row->addStretch(1);
+    return box;
+}
+
+QLabel* MakeEventLine() {
+    constexpr int lines = 2;
+    auto* line = MakeLabel(QStringLiteral("lblNOTICE"), {}, QStringLiteral("마지막 사건"));
+    line->setWordWrap(true);
+    line->setMargin(3);
+    Enlarge(*line, 1.0);
+    // However long its text is, it moves nothing beside it, and up to two lines nothing below.
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    line->setMinimumHeight(lines * QFontMetrics(line->font()).height() + 2 * line->margin());
+    return line;
+}
+
+QWidget* MakeState(PowerControls& controls) {
+    auto* box = new QWidget;
+    auto* row = MakeRow(*box);
+    controls.lblPOLL = new LinkPill(QStringLiteral("lblPOLL"), QStringLiteral("통신 상태"));
+    controls.lblNOTICE = MakeEventLine();
     controls.lblORV_URL =
         new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
                        QStringLiteral("제조사 웹 주소"));
+    QFont small = controls.lblORV_URL->font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    controls.lblORV_URL->setFont(small);
+    row->addWidget(controls.lblPOLL);
+    row->addSpacing(8);
+    row->addWidget(controls.lblNOTICE, 1);
+    row->addSpacing(8);
     row->addWidget(controls.lblORV_URL);
     return box;
+}
+
+// Ends and recoveries are news; everything else wants somebody to look.
+bool IsAlarm(EventKind kind) {
+    return kind != EventKind::EndOfRun && kind != EventKind::LinkBack;
+}
+
+}  // namespace
+
+QWidget* MakeIdentity(PowerControls& controls) {
+    auto* header = new FlowingRow(QBoxLayout::TopToBottom);
+    header->Add(*MakeSupply(controls), 0);
+    header->Add(*MakeState(controls), 1);
+    return header;
+}
+
+void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) {
+    const QColor amber(0xFF, 0xE0, 0x8A);
+    QLabel& line = *controls.lblNOTICE;
+    line.setText(event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text
+                       : QString());
+    line.setAutoFillBackground(false);
+    line.setPalette({});
+    if (event && IsAlarm(event->Kind)) PaintBackground(line, amber);
 }
 
 }  // namespace zps

@@ -1,10 +1,16 @@
-// The head of the main window: what the supply is and what happened last.
+// The head of the main window: what the supply is, how it is reached, and what happened last.
 #pragma once
 
+#include "power/link/last_event.h"
 #include "power/panel/power_controls.h"
+
+#include <optional>
 
 namespace zps {
 
 QWidget* MakeIdentity(PowerControls& controls);
+
+// The line of the last event, with its time.
+void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event);
 
 }  // namespace zps

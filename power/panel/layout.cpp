@@ -123,6 +123,13 @@ QFrame* MakeData(PowerControls& controls) {
     return frame;
 }
 
+QWidget* MakeCard(PowerControls& controls) {
+    controls.fraNOLINK = new NoLinkCard(QStringLiteral("fraNOLINK"));
+    QObject::connect(controls.fraNOLINK->cmdSET_MANU, &QPushButton::clicked, controls.mnuSET_MANU,
+                     &QAction::trigger);
+    return controls.fraNOLINK;
+}
+
 }  // namespace
 
 PowerControls MakePowerControls(QMainWindow& window) {
@@ -135,6 +142,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     column->addWidget(MakeIdentity(controls));
     column->addWidget(MakePowerDisplay(controls));
     column->addWidget(MakeData(controls), 1);
+    column->addWidget(MakeCard(controls), 1);
     // On a small or finely scaled screen the window may be smaller than what stands in it.
     auto* view = new QScrollArea(&window);
     view->setWidget(centre);

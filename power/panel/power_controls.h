@@ -7,6 +7,8 @@
 #include "controls/number_panels.h"
 #include "controls/pill.h"
 #include "controls/read_out.h"
+#include "power/panel/link_pill.h"
+#include "power/panel/no_link_card.h"
 #include "power/panel/plate_controls.h"
 #include "power/panel/step_list_frame.h"
 #include "power/panel/step_scroll_bar.h"
@@ -37,7 +39,9 @@ struct PowerControls {
     // Model and read-outs
     QLabel* lblZPS_MODEL = nullptr;
     QLabel* lblSPEC_VA = nullptr;
-    QLabel* lblNOTICE = nullptr;  // why something did not happen
+    QLabel* lblLINK = nullptr;    // port and address
+    LinkPill* lblPOLL = nullptr;  // how long ago the supply answered
+    QLabel* lblNOTICE = nullptr;  // the last event
     ReadOut* txtVOLT = nullptr;
     ReadOut* txtCURR = nullptr;
     QLabel* txtSTEP = nullptr;
@@ -82,6 +86,7 @@ struct PowerControls {
     // Frames that are there only with an identified supply
     QFrame* frmPOWERDISPLAY = nullptr;
     QFrame* fraDATA = nullptr;
+    NoLinkCard* fraNOLINK = nullptr;  // in their place
 
     // Link
     NumberPanels* StatusBar_RXDATA = nullptr;

@@ -51,7 +51,8 @@ void OutputSwitch::tmrOFF_Timer() {
     const bool unanswered = Parts.Source.RxBusy;  // a later frame has waited for its own answer
     const bool refused = Around.Out.Objected().Refusals != RefusalsBeforeOff;
     if (Around.Out.On() || (!unanswered && !refused)) return;
-    Parts.Controls.lblNOTICE->setText(
+    Around.Happened.Note(
+        refused ? EventKind::Refused : EventKind::NotDone,
         refused ? QStringLiteral("전원 장치가 출력 끄기를 거부했습니다. 본체에서 확인하십시오.")
                 : QStringLiteral("출력 끄기에 응답이 없습니다. 본체에서 확인하십시오."));
 }
@@ -64,17 +65,18 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     Around.Lock.ReleaseEditLock();
     const QString objection = WaitForReplyInProgress(deadline);
     if (!objection.isEmpty()) {
-        c.lblNOTICE->setText(objection);
+        Around.Happened.Note(EventKind::NotDone, objection);
         return;
     }
     Parts.Sender.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
+    Around.Out.WentOn();
     if (Around.Held.Refused(step).any()) {
-        c.lblNOTICE->setText(
+        Around.Happened.Note(
+            EventKind::NotDone,
             QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있는 채로 출력을 켰습니다.")
                 .arg(QString::fromStdString(FormatStep(step))));
     }
-    Around.Out.WentOn();
     Around.Log.Restart(c.txtSTEP->text());
     try {
         Send(true);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/link/held_steps.h"
+#include "power/link/last_event.h"
 #include "power/link/polling.h"
 #include "power/log/measurement_log.h"
 #include "power/panel/gate.h"
@@ -20,13 +21,14 @@
 namespace zps {
 
 // Switches off at once, whatever stands in an entry field. Switches on within a second of the click
-// or not at all; where it did not, a line in the window says why.
+// or not at all; where it did not, the line of the last event says why.
 class OutputSwitch {
   public:
     struct Surround {
         Gate& Door;
         Entries& Fields;
         Output& Out;
+        LastEvent& Happened;
         StepStart& Start;
         Polling& Polls;
         LinkQuality& Quality;

@@ -1,30 +1,14 @@
 #include "power/run/reply_handler.h"
 
 #include "power/panel/status_display.h"
+#include "power/run/event_texts.h"
 #include "source/numbers.h"
-
-#include <array>
 
 namespace zps {
 
 namespace {
 
-constexpr std::uint8_t EndOfAutoRun = 16;
-constexpr std::uint8_t OutputCurrentFault = 7;  // the one fault that the panel resets by itself
 constexpr int RetriesOver = 3;
-
-struct FaultText {
-    std::uint8_t Code;
-    const char* Text;
-};
-constexpr std::array FaultTexts{
-    FaultText{1, "OUT OFF ERROR VOLTAGE!!!"},
-    FaultText{3, "MAX. OVER VOLTAGE!!!"},
-    FaultText{4, "MAX. OVER CURRENT!!!"},
-    FaultText{5, "SET OVER VOLTAGE!!!"},
-    FaultText{6, "SET OVER CURRENT!!!"},
-    FaultText{OutputCurrentFault, "OUT OFF ERROR CURRENT!!!"},
-};
 
 // The mark that a frame is out is taken off on every way out of the receive event.
 class BusyUntilEnd {
@@ -49,12 +33,12 @@ void ReplyHandler::comPOWER_OnComm() {
     const Reply result =
         JudgeReply(reply, Parts.Source.ReplyFlag, Parts.Source.PowerAddr, CheckByte::Whole);
     Parts.Source.RxResult = result;
+    if (result == Reply::Nak) Refused();
     Around.Held.Answered(result);
     if (wantsData) {
         Around.Quality.Answered(result, reply.size());
         ShowCounts(Parts.Controls, Around.Quality);
     }
-    if (result == Reply::Nak) Around.Out.Refused();
     std::optional<Message> message;
     if (result == Reply::Data) message = DecodeDataReply(reply);
     Parts.Controls.StatusBar_RXDATA->ShowBytes(reply);
@@ -78,25 +62,29 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
 
 std::optional<Message> ReplyHandler::Fault(std::uint8_t code) {
     Around.Out.Tripped(code);
+    Around.Happened.Note(EventKind::Trip, FaultEvent(code));
     FaultResetPending = code == OutputCurrentFault;
-    for (const auto& fault : FaultTexts) {
-        if (fault.Code == code) {
-            return Message{MessageIcon::None, QStringLiteral("POWER ERROR"),
-                           QString::fromUtf8(fault.Text)};
-        }
-    }
-    Parts.Controls.lblNOTICE->setText(
-        QStringLiteral("전원 장치가 오류를 알렸습니다(코드 %1).").arg(code));
-    return std::nullopt;
+    return FaultMessage(code);
 }
 
 Message ReplyHandler::EndOfOutput(std::uint8_t code) {
     Around.Out.WentOff();
     if (code == EndOfAutoRun) {
-        return {MessageIcon::None, QStringLiteral("POWER END"),
+        Around.Happened.Note(EventKind::EndOfRun,
+                             QStringLiteral("자동 운전이 끝나 출력이 꺼졌습니다."));
+        return {MessageIcon::Information, QStringLiteral("POWER END"),
                 QStringLiteral("Auto Test Ending!!!")};
     }
-    return {MessageIcon::None, QStringLiteral("POWER OFF"), QStringLiteral("output off상태!!")};
+    Around.Happened.Note(EventKind::OutputOff, QStringLiteral("전원 장치가 출력을 껐습니다."));
+    return {MessageIcon::Information, QStringLiteral("POWER OFF"),
+            QStringLiteral("output off상태!!")};
+}
+
+void ReplyHandler::Refused() {
+    Around.Out.Refused();
+    Around.Happened.Note(
+        EventKind::Refused,
+        QStringLiteral("전원 장치가 거부했습니다: %1").arg(RequestText(Parts.Source.TxFrame)));
 }
 
 void ReplyHandler::TakeReadBack(const ReadBack& values) {

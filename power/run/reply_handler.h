@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/link/held_steps.h"
+#include "power/link/last_event.h"
 #include "power/link/polling.h"
 #include "power/log/measurement_log.h"
 #include "power/panel/power_parts.h"
@@ -23,6 +24,7 @@ class ReplyHandler {
         serial::Port& Port;
         HeldSteps& Held;
         Output& Out;
+        LastEvent& Happened;
         StepStart& Start;
         Polling& Polls;
         LinkQuality& Quality;
@@ -42,6 +44,7 @@ class ReplyHandler {
     std::optional<Message> DecodeDataReply(const Bytes& reply);
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
+    void Refused();
     void TakeReadBack(const ReadBack& values);
     void RearmTimers();
     void FaultReset();

@@ -7,7 +7,6 @@ namespace zps {
 void Commands::Run(const std::function<void()>& command, OpenEntry entry) {
     if (!Door.Open()) return;
     Parts.Events.Run([&] {
-        Parts.Controls.lblNOTICE->clear();  // it was about what was done before
         if (entry == OpenEntry::LeaveOpen || Fields.Commit()) command();
     });
 }

@@ -1,0 +1,46 @@
+#include "power/link/link_watch.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zps {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto LookInterval = 150ms;
+constexpr auto Step = 200ms;
+constexpr auto LateFrom = 700ms;
+constexpr auto GoneFrom = 3s;
+
+}  // namespace
+
+LinkWatch::LinkWatch(const LinkQuality& quality, Timekeeper& time)
+    : Quality(quality), tmrLINK(time.MakeTicker("tmrLINK", LookInterval)) {
+    tmrLINK->OnTick([this] { Look(); });
+}
+
+void LinkWatch::Look() {
+    const View now = ViewNow();
+    tmrLINK->SetEnabled(now.State != Pulse::NotPolled);
+    if (now == Shown) return;
+    const View before = std::exchange(Shown, now);
+    Told();
+    if (now.State == before.State) return;
+    if (now.State == Pulse::Gone) ToldLost();
+    const bool polled = now.State != Pulse::NotPolled;
+    if (before.State == Pulse::Gone && polled)
+        ToldBack(std::chrono::duration_cast<std::chrono::seconds>(before.Age));
+}
+
+LinkWatch::View LinkWatch::ViewNow() const {
+    const auto age = Quality.ReadingAge();
+    if (!age) return {};
+    if (*age >= GoneFrom) return {Pulse::Gone, *age - *age % 1s};
+    if (Quality.Polled().Answered == 0) return {Pulse::Awaited};
+    const auto steps = std::max<std::int64_t>((*age + Step - 1ms) / Step, 1);
+    return {*age < LateFrom ? Pulse::Answers : Pulse::Late, steps * Step};
+}
+
+}  // namespace zps

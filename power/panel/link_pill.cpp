@@ -1,0 +1,94 @@
+#include "power/panel/link_pill.h"
+
+#include "controls/colours.h"
+
+#include <QPainter>
+
+#include <chrono>
+
+namespace zps {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+QString TextOf(const LinkWatch::View& view) {
+    switch (view.State) {
+        case Pulse::NotPolled:
+            return QStringLiteral("조회 안 함");
+        case Pulse::Awaited:
+            return QStringLiteral("첫 응답 대기");
+        case Pulse::Answers:
+        case Pulse::Late:
+            return QStringLiteral("응답 %1초 전")
+                .arg(static_cast<double>(view.Age.count()) / 1000, 0, 'f', 1);
+        case Pulse::Gone:
+            break;
+    }
+    return view.Age < 1min ? QStringLiteral("응답 없음 %1초").arg(view.Age / 1s)
+                           : QStringLiteral("응답 없음 %1분").arg(view.Age / 1min);
+}
+
+// Invalid where the colour is the desktop's.
+QColor PlateOf(Pulse state) {
+    if (state == Pulse::Late) return {0xFF, 0xC9, 0x40};
+    if (state == Pulse::Gone) return {0xC6, 0x28, 0x28};
+    return {};
+}
+
+}  // namespace
+
+LinkPill::LinkPill(const QString& name, const QString& accessibleName) {
+    setObjectName(name);
+    setAccessibleName(accessibleName);
+    setTextFormat(Qt::PlainText);
+    const QFontMetrics metrics(font());
+    const int high = metrics.height() + 8;
+    setContentsMargins(high, 0, high / 2, 0);
+    setFixedSize(metrics.horizontalAdvance(QStringLiteral("응답 없음 000초")) + high * 3 / 2 + 2,
+                 high);
+    setText(TextOf({}));
+}
+
+void LinkPill::Show(const LinkWatch::View& view) {
+    setText(TextOf(view));
+    if (view.State == State) return;
+    State = view.State;
+    QPalette colours;
+    if (const QColor plate = PlateOf(State); plate.isValid()) {
+        colours.setColor(QPalette::Window, plate);
+        colours.setColor(QPalette::WindowText, ReadableOn(plate));
+    }
+    setPalette(colours);
+    update();
+}
+
+void LinkPill::paintEvent(QPaintEvent* event) {
+    const QColor text = palette().color(foregroundRole());
+    QColor plate = PlateOf(State);
+    if (!plate.isValid()) {
+        plate = text;
+        plate.setAlphaF(0.08F);
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(plate);
+    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
+    const double radius = height() / 5.0;
+    const QPointF centre(height() * 0.58, height() / 2.0);
+    if (State == Pulse::Answers || State == Pulse::Late) {
+        painter.setBrush(State == Pulse::Late ? text : QColor(0x1E, 0x9E, 0x3E));
+        painter.drawEllipse(centre, radius, radius);
+    } else {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(text, radius / 2.5));
+        painter.drawEllipse(centre, radius, radius);
+        const QPointF slope(radius * 1.3, -radius * 1.3);
+        if (State == Pulse::Gone) painter.drawLine(centre - slope, centre + slope);
+    }
+    painter.end();
+    QLabel::paintEvent(event);
+}
+
+}  // namespace zps

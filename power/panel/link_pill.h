@@ -1,0 +1,25 @@
+// The sign of the link: how long ago the supply answered last.
+#pragma once
+
+#include "power/link/link_watch.h"
+
+#include <QLabel>
+
+namespace zps {
+
+// Keeps its size whatever it says, so that no change of it lays out the window. The states are told
+// by words, colour and shape.
+class LinkPill : public QLabel {
+  public:
+    LinkPill(const QString& name, const QString& accessibleName);
+
+    void Show(const LinkWatch::View& view);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Pulse State = Pulse::NotPolled;
+};
+
+}  // namespace zps

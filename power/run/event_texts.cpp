@@ -1,0 +1,85 @@
+#include "power/run/event_texts.h"
+
+#include "source/numbers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zps {
+
+namespace {
+
+struct FaultText {
+    std::uint8_t Code;
+    const char* Text;
+    const char* Meaning;
+};
+constexpr std::array FaultTexts{
+    FaultText{1, "OUT OFF ERROR VOLTAGE!!!", "출력을 껐는데도 출력 단자에 전압이 있습니다."},
+    FaultText{3, "MAX. OVER VOLTAGE!!!", "출력 전압이 전원 장치의 최대 전압을 넘었습니다."},
+    FaultText{4, "MAX. OVER CURRENT!!!", "출력 전류가 전원 장치의 최대 전류를 넘었습니다."},
+    FaultText{5, "SET OVER VOLTAGE!!!", "출력 전압이 설정한 O.V.P 전압을 넘었습니다."},
+    FaultText{6, "SET OVER CURRENT!!!",
+              "과전류 보호가 켜진 상태에서 출력 전류가 설정값에 이르렀습니다."},
+    FaultText{OutputCurrentFault, "OUT OFF ERROR CURRENT!!!", "출력을 껐는데도 전류가 흐릅니다."},
+};
+
+const FaultText* Find(std::uint8_t faultCode) {
+    const auto* found = std::ranges::find(FaultTexts, faultCode, &FaultText::Code);
+    return found == FaultTexts.end() ? nullptr : found;
+}
+
+struct Request {
+    char Letter;
+    const char* Text;
+    bool Switches;  // its first byte says on or off
+};
+constexpr std::array Requests{
+    Request{letter::Output, "출력", true},
+    Request{letter::Auto, "자동 운전", true},
+    Request{letter::Sensing, "원격 센싱", true},
+    Request{letter::OverCurrent, "과전류 보호", true},
+    Request{letter::Volt, "전압 설정", false},
+    Request{letter::Curr, "전류 설정", false},
+    Request{letter::Time, "시간 설정", false},
+    Request{letter::Slope, "전압 변화 시간 설정", false},
+    Request{letter::Ovp, "O.V.P 설정", false},
+    Request{letter::Sequence, "자동 운전 순서", false},
+    Request{letter::Count, "자동 운전 반복 횟수", false},
+    Request{letter::FaultReset, "오류 해제", false},
+};
+
+}  // namespace
+
+std::optional<Message> FaultMessage(std::uint8_t faultCode) {
+    const FaultText* fault = Find(faultCode);
+    if (fault == nullptr) return std::nullopt;
+    Message message{MessageIcon::Warning, QStringLiteral("POWER ERROR"),
+                    QString::fromUtf8(fault->Text)};
+    message.Meaning = QString::fromUtf8(fault->Meaning);
+    return message;
+}
+
+QString FaultEvent(std::uint8_t faultCode) {
+    const FaultText* fault = Find(faultCode);
+    return fault == nullptr
+               ? QStringLiteral("전원 장치가 오류를 알렸습니다(코드 %1).").arg(faultCode)
+               : QStringLiteral("%1 (코드 %2)").arg(QString::fromUtf8(fault->Text)).arg(faultCode);
+}
+
+QString RequestText(const Bytes& frame) {
+    constexpr std::size_t letterPlace = 4;
+    constexpr std::size_t dataPlace = 5;
+    if (frame.size() <= dataPlace) return QStringLiteral("제어 명령");
+    const char asked = static_cast<char>(frame[letterPlace]);
+    const int data = frame[dataPlace];
+    if (asked == letter::Step)
+        return QStringLiteral("단계 %1").arg(QString::fromStdString(FormatStep(data)));
+    const auto* found = std::ranges::find(Requests, asked, &Request::Letter);
+    if (found == Requests.end()) return QStringLiteral("제어 명령");
+    const QString text = QString::fromUtf8(found->Text);
+    if (!found->Switches) return text;
+    return text + (data == 0 ? QStringLiteral(" 끄기") : QStringLiteral(" 켜기"));
+}
+
+}  // namespace zps

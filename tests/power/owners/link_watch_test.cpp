@@ -1,0 +1,74 @@
+#include "power/link/link_watch.h"
+
+#include "power/link/last_event.h"
+#include "power/run/event_texts.h"
+#include "tests/support/scripted_link.h"
+
+#include <gtest/gtest.h>
+
+namespace zps::tests {
+namespace {
+
+struct WatchingALink : testing::Test, ScriptedLink {
+    WatchingALink() {
+        Watch.OnChange([this] {
+            Told += "-wALG"[static_cast<int>(Watch.Seen().State)] +
+                    std::to_string(Watch.Seen().Age.count()) + ' ';
+        });
+        Watch.OnLost([this] { Told += "lost "; });
+        Watch.OnBack([this](auto away) { Told += "back after " + std::to_string(away.count()); });
+    }
+    void Switch(bool on) {
+        On = on;
+        if (on) Quality.Restart();
+        if (on) Quality.OutputWentOn();
+        Watch.Look();
+    }
+    // What is told in the next `span` with an answer every 165 ms, or with none.
+    std::string In(std::chrono::milliseconds span, bool answers) {
+        for (const auto end = Line->Waited() + span; Line->Waited() < end;) {
+            Time.Pass(165ms);
+            if (answers) Quality.Asked(), Quality.Answered(Reply::Data, DataLength);
+        }
+        return std::exchange(Told, {});
+    }
+
+    bool On = false;
+    std::string Told;
+    LinkQuality Quality{Time, [this] { return On; }};
+    LinkWatch Watch{Quality, Time};
+};
+
+TEST_F(WatchingALink, TellsEachChangeOnceAndNothingOfASupplyThatAnswersEveryPoll) {
+    Switch(true);
+    EXPECT_EQ(In(10s, true), "w0 A200 ");
+    EXPECT_EQ(In(4s, false),
+              "A400 A600 L800 L1000 L1200 L1400 L1600 L1800 L2000 L2200 L2400 L2600 "
+              "L2800 L3000 G3000 lost G4000 ");
+    EXPECT_EQ(In(2s, true), "A200 back after 4");
+    Switch(false);
+    EXPECT_EQ(In(1min, false), "-0 ");
+    Switch(true);
+    EXPECT_EQ(In(3100ms, false), "w0 G3000 lost ");
+    Switch(false);  // not back, nobody knows
+    EXPECT_EQ(In(1s, true), "-0 ");
+}
+
+TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
+    QDateTime now(QDate(2026, 11, 21), QTime(14, 31, 5));
+    LastEvent last([&] { return now; });
+    int told = 0;
+    last.OnChange([&] { ++told; });
+    last.Forget();
+    last.Note(EventKind::Trip, FaultEvent(5));
+    now = now.addSecs(60);
+    EXPECT_EQ(last.Get()->At.toString("HH:mm:ss ") + last.Get()->Text,
+              "14:31:05 SET OVER VOLTAGE!!! (코드 5)");
+    last.Note(EventKind::Refused, RequestText({1, 2, 4, 27, 'A', 0, 0, 3, 0}));
+    EXPECT_EQ(last.Get()->Text + RequestText({1, 17, 18}), "출력 끄기제어 명령");
+    last.Forget();
+    EXPECT_TRUE(!last.Get() && told == 3);
+}
+
+}  // namespace
+}  // namespace zps::tests
