@@ -25,7 +25,7 @@ CONTROLS = {
     Atspi.Role.SCROLL_BAR,
     Atspi.Role.TABLE,
 }
-IN_SETTINGS = {"통신 포트 COM1", "전원 장치 주소", "모델 이름", "통신 확인", "DATA 확인"}
+IN_SETTINGS = {"통신 포트 COM1", "전원 장치 주소 Address", "모델 이름", "통신 확인", "DATA 확인"}
 IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
@@ -88,8 +88,9 @@ def check_names(window_name, expected):
 
 
 def says(name, text):
+    """A label shows `text`, or something is described by it."""
     node = find(name)
-    return node is not None and node.get_description() == text
+    return find(f"{name} {text}") or (node is not None and node.get_description() == text)
 
 
 def press(name):
@@ -154,6 +155,8 @@ def use_panel():
     close("ZPS설정")
     wait_for(lambda: says("제어 경로", "RS232"), "remote control")
     check_names("ZPS-RS232", IN_MAIN)
+    if find("입력 대기") or find("cmdFOCUS"):
+        fail("what only holds the focus is in the tree")
     press("과전류 보호")
     wait_for(lambda: says("과전류 보호 상태", "ON"), "the switch pressed from outside")
     # What a person sees by colour alone.
