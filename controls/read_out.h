@@ -8,7 +8,7 @@
 namespace zps {
 
 // What is set from outside (a screen reader can set the text of any field) does not stay: it would
-// be taken for a value of the supply.
+// be taken for a value of the supply. It is reached with Tab, to be heard.
 class ReadOut : public QLineEdit {
   public:
     ReadOut(const QString& name, const QString& text, const QString& accessibleName)
@@ -16,7 +16,7 @@ class ReadOut : public QLineEdit {
         setObjectName(name);
         setAccessibleName(accessibleName);
         setReadOnly(true);
-        setFocusPolicy(Qt::NoFocus);
+        setFocusPolicy(Qt::TabFocus);
         setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         connect(this, &QLineEdit::textChanged, this, [this](const QString& now) {
             if (now != Value) setText(Value);
@@ -24,8 +24,15 @@ class ReadOut : public QLineEdit {
     }
 
     void ShowValue(const QString& text) {
+        if (Value == text) return;
         Value = text;
         setText(text);
+    }
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        deselect();
     }
 
   private:

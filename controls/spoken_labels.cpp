@@ -1,9 +1,11 @@
 #include "controls/spoken_labels.h"
 
+#include "controls/focus_holder.h"
 #include "controls/lamp.h"
 
 #include <QAccessibleWidget>
-#include <QLabel>
+
+#include <algorithm>
 
 namespace zps {
 
@@ -15,28 +17,76 @@ class SpokenLabel : public QAccessibleWidget {
         : QAccessibleWidget(&label, QAccessible::StaticText), Shown(label) {}
 
     QString text(QAccessible::Text part) const override {
-        if (part == QAccessible::Name && Shown.accessibleName().isEmpty()) return Shown.text();
-        const bool described = !Shown.accessibleDescription().isEmpty();
-        if (part == QAccessible::Description && !described) return Shown.text();
-        return QAccessibleWidget::text(part);
+        if (part != QAccessible::Name) return QAccessibleWidget::text(part);
+        const QString name = Shown.accessibleName();
+        const QString text = Shown.text();
+        if (name.isEmpty() || name == text) return text;
+        const bool onlyCaption = Shown.buddy() != nullptr;
+        return onlyCaption || text.isEmpty() ? name : name + u' ' + text;
     }
 
   private:
     QLabel& Shown;
 };
 
+// Not among the children of its parent, and nothing where the focus is told.
+class SpokenHolder : public QAccessibleWidget {
+  public:
+    explicit SpokenHolder(QWidget& holder) : QAccessibleWidget(&holder) {}
+    bool isValid() const override { return false; }
+};
+
+class SpokenParent : public QAccessibleWidget {
+  public:
+    explicit SpokenParent(QWidget& parent) : QAccessibleWidget(&parent) {}
+
+    int childCount() const override { return QAccessibleWidget::childCount() - 1; }
+    QAccessibleInterface* child(int index) const override {
+        return QAccessibleWidget::child(index < HolderPlace() ? index : index + 1);
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        const int index = QAccessibleWidget::indexOfChild(child);
+        const int holder = HolderPlace();
+        if (index == holder) return -1;
+        return index < holder ? index : index - 1;
+    }
+
+  private:
+    int HolderPlace() const {
+        int index = 0;
+        while (dynamic_cast<SpokenHolder*>(QAccessibleWidget::child(index)) == nullptr) ++index;
+        return index;
+    }
+};
+
+bool HoldsFocus(const QObject* child) {
+    return dynamic_cast<const FocusHolder*>(child) != nullptr;
+}
+
 // Null for what the toolkit or another factory knows.
 QAccessibleInterface* MakeSpoken(const QString& className, QObject* object) {
     if (className == QLatin1String("QLabel"))
         return new SpokenLabel(*qobject_cast<QLabel*>(object));
-    auto* lamp = dynamic_cast<Lamp*>(object);
-    return lamp == nullptr ? nullptr : new QAccessibleWidget(lamp, QAccessible::Graphic);
+    if (HoldsFocus(object)) return new SpokenHolder(*qobject_cast<QWidget*>(object));
+    if (auto* lamp = dynamic_cast<Lamp*>(object))
+        return new QAccessibleWidget(lamp, QAccessible::Graphic);
+    const QObjectList& children = object->children();
+    const bool parent = className == QLatin1String("QWidget") &&
+                        std::any_of(children.begin(), children.end(), &HoldsFocus);
+    return parent ? new SpokenParent(*qobject_cast<QWidget*>(object)) : nullptr;
 }
 
 }  // namespace
 
 void SpeakLabels() {
     QAccessible::installFactory(&MakeSpoken);
+}
+
+void Say(QLabel& label, const QString& text) {
+    if (label.text() == text) return;
+    label.setText(text);
+    QAccessibleEvent told(&label, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&told);
 }
 
 }  // namespace zps

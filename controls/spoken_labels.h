@@ -1,11 +1,17 @@
-// What assistive tools hear of labels and lamps.
+// What screen readers hear of controls that only show something.
 #pragma once
+
+#include <QLabel>
+#include <QString>
 
 namespace zps {
 
-// From now on a label that has an accessible name but no description tells its text as that; the
-// toolkit would tell the name alone. A lamp has the role of one. Call it once, after the
-// application object is made.
+// Lets screen readers have each label's text behind its accessible name, name each Lamp as a
+// picture that is on or off, and pass over a FocusHolder. Once in a program.
 void SpeakLabels();
+
+// Shows `text` and, if it is another than before, has screen readers say it. For what changes at an
+// event; with what changes at each sample they would never fall silent.
+void Say(QLabel& label, const QString& text);
 
 }  // namespace zps

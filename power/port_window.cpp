@@ -63,10 +63,25 @@ void PortWindow::keyPressEvent(QKeyEvent* event) {
 
 namespace {
 
+// A dialog that can be closed without a key.
+class SpokenWindow : public QAccessibleWidget {
+  public:
+    explicit SpokenWindow(PortWindow& window) : QAccessibleWidget(&window, QAccessible::Dialog) {}
+
+    QStringList actionNames() const override { return {Closing()}; }
+    QString localizedActionName(const QString& name) const override { return name; }
+    void doAction(const QString& name) override {
+        if (name == Closing()) widget()->close();
+    }
+
+  private:
+    static QString Closing() { return QStringLiteral("닫기"); }
+};
+
 // Null for what the toolkit or another factory knows.
 QAccessibleInterface* MakeSpokenWindow(const QString& /*className*/, QObject* object) {
     auto* window = dynamic_cast<PortWindow*>(object);
-    return window == nullptr ? nullptr : new QAccessibleWidget(window, QAccessible::Dialog);
+    return window == nullptr ? nullptr : new SpokenWindow(*window);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "power/panel/link_layout.h"
 
+#include "controls/focus_holder.h"
 #include "controls/widgets.h"
 
 #include <QHBoxLayout>
@@ -39,10 +40,7 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     controls.lblZPS_ENQ =
         MakeCounter(QStringLiteral("lblZPS_ENQ"), QStringLiteral("헤더 오류 횟수"));
     // Outside every frame that is ever disabled or hidden, so that it can always take the focus.
-    controls.cmdFOCUS = MakeButton(QStringLiteral("cmdFOCUS"), {}, QStringLiteral("입력 대기"));
-    controls.cmdFOCUS->setFocusPolicy(Qt::ClickFocus);
-    controls.cmdFOCUS->setFlat(true);
-    controls.cmdFOCUS->setFixedSize(1, 1);
+    controls.cmdFOCUS = new FocusHolder(QStringLiteral("cmdFOCUS"));
     row->setContentsMargins(3, 2, 8, 4);
     row->setSpacing(4);
     row->addWidget(controls.cmdFOCUS);

@@ -5,17 +5,11 @@ pressed. On a display and a bus of its own:
 
     with-xvfb dbus-run-session -- names_test.py PANEL SIMULATOR
 """
-import os
 import signal
 import subprocess
 import sys
-import tempfile
-import time
 
-import gi
-
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from bus import Atspi, below, choose, fail, find, press, running, says, wait_for
 
 CONTROLS = {
     Atspi.Role.PUSH_BUTTON,
@@ -29,39 +23,6 @@ IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 
 IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
-
-
-def fail(reason):
-    sys.exit(f"FAILED: {reason}")
-
-
-def wait_for(what, description, limit=20.0):
-    """What `what` returns once that is true."""
-    end = time.monotonic() + limit
-    while time.monotonic() < end:
-        try:
-            found = what()
-        except GLib.Error:  # a window that has just gone
-            found = None
-        if found:
-            return found
-        time.sleep(0.05)
-    fail(f"{description} did not come about in {limit} s")
-
-
-def below(node):
-    yield node
-    for index in range(node.get_child_count()):
-        child = node.get_child_at_index(index)
-        if child is not None:
-            yield from below(child)
-
-
-def find(name):
-    for node in below(Atspi.get_desktop(0)):
-        if node.get_name() == name and node.get_state_set().contains(Atspi.StateType.SHOWING):
-            return node
-    return None
 
 
 def name_of(control):
@@ -85,22 +46,6 @@ def check_names(window_name, expected):
     if nameless or missing:
         fail(f"{window_name}: without a name {nameless}, not found by name {sorted(missing)}")
     print(f"{window_name}: {len(controls)} controls, each with name and role")
-
-
-def says(name, text):
-    node = find(name)
-    return node is not None and node.get_description() == text
-
-
-def press(name):
-    find(name).do_action(0)  # the first action of a button is to press it
-
-
-def choose(command):
-    for node in below(Atspi.get_desktop(0)):  # those of a closed menu don't show
-        if node.get_name() == command:
-            return node.do_action(0)
-    fail(f"there is no command {command}")
 
 
 def close(window_name):
@@ -154,6 +99,8 @@ def use_panel():
     close("ZPS설정")
     wait_for(lambda: says("제어 경로", "RS232"), "remote control")
     check_names("ZPS-RS232", IN_MAIN)
+    if find("입력 대기") or find("cmdFOCUS"):
+        fail("what only holds the focus is in the tree")
     press("과전류 보호")
     wait_for(lambda: says("과전류 보호 상태", "ON"), "the switch pressed from outside")
     # What a person sees by colour alone.
@@ -171,26 +118,9 @@ def use_panel():
 
 
 def main():
-    program, simulator = sys.argv[1:]
-    with tempfile.TemporaryDirectory() as links:
-        environment = {
-            **os.environ,
-            "XDG_RUNTIME_DIR": links,
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-        }
-        supply = subprocess.Popen([simulator, "--port", "1"], env=environment,
-                                  stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
-        link = os.path.join(links, "zps-rs232", "COM1")
-        wait_for(lambda: os.path.exists(link), "the simulated line")
-        panel = subprocess.Popen([program], env=environment)
-        try:
-            use_panel()
-            check_disabled(panel, supply)
-        finally:
-            supply.send_signal(signal.SIGCONT)
-            panel.kill()
-            supply.terminate()
-            supply.wait()
+    with running(*sys.argv[1:]) as (panel, supply):
+        use_panel()
+        check_disabled(panel, supply)
 
 
 main()
