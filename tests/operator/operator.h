@@ -278,19 +278,19 @@ class Operator {
     // Whatever stands in the fields, the settings window opens or a message says why not; it opens
     // at the latest once Escape has been pressed.
     void OpenSettings() {
+        const auto opens = [this] {
+            if (Panel.PortWindow() == nullptr && Panel.MenuUsable()) Panel.Choose("mnuSET_MANU");
+            return Panel.PortWindow() != nullptr || !Panel.MenuUsable();
+        };
         const auto boxes = Panel.Boxes.Shown.size();
-        if (TryToOpenSettings()) return;
+        if (opens()) return;
         Judge.Never(Panel.Boxes.Shown.size() == boxes, "the settings do not open, without a word");
         Panel.Main().activateWindow();
         QTest::qWait(20);
         for (int times = 0; times < 3; ++times)
             Key(Qt::Key_Escape);  // an open menu, then the entry
         QTest::qWait(5);
-        Judge.Never(!TryToOpenSettings(), "the settings do not open, also after Escape");
-    }
-    bool TryToOpenSettings() {
-        if (Panel.PortWindow() == nullptr && Panel.MenuUsable()) Panel.Choose("mnuSET_MANU");
-        return Panel.PortWindow() != nullptr || !Panel.MenuUsable();
+        Judge.Never(!opens(), "the settings do not open, also after Escape");
     }
 
     // What somebody does who wants the output on: nothing goes far without it.

@@ -200,8 +200,8 @@ class Oracle {
         const bool told =
             !(Panel.Control(label).toolTip() + Panel.Control(lamp).toolTip()).isEmpty();
         const bool agree = Panel.Lit(lamp, colour) == (Panel.Seen(label) == "ON");
-        const auto faults =
-            Lines.at(1)->PresentFaults();  // without a second report nothing is told
+        const auto faults = Lines.at(1)->PresentFaults();
+        // Without a second report nothing is told.
         const bool heard = Plugged && !faults.Silent && faults.Drop + faults.Garble == 0;
         NeverLong(heard && !agree && !told, 1500ms, name + ": label and lamp");
     }

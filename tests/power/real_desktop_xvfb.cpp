@@ -116,7 +116,7 @@ TEST_F(RealPointer, StaysWithTheEditedRowAndLeavesNoButtonDownBehindABox) {
     Xdotool("key alt");
     EXPECT_TRUE(WaitFor([&] { return Main().focusWidget() == Main().menuBar(); }));
     ClickOn(StepButton(0));
-    ASSERT_TRUE(WaitFor([&] { return field.text() == "7.00"; }));
+    ASSERT_TRUE(WaitFor([&] { return field.text() == "7.00"; }) && Settle());
     EXPECT_EQ(Frames(), Only({27, 'V', 2, 0xBC, 0, 0}));
     EXPECT_EQ(Reach(), Screen);
 }
