@@ -43,10 +43,13 @@ struct FilledLog {
 
 // Each log is filled once: ten million samples take seconds to come.
 FilledLog& LogWith(std::int64_t rows) {
-    Application();
-    static std::map<std::int64_t, std::unique_ptr<FilledLog>> logs;
+    static std::map<std::int64_t, FilledLog*> logs;
     auto& log = logs[rows];
-    if (!log) log = std::make_unique<FilledLog>(rows);
+    if (log == nullptr) {
+        const auto made = std::make_shared<FilledLog>(rows);
+        Application().Kept.push_back(made);
+        log = made.get();
+    }
     log->Log.SetRunning([] { return true; });
     return *log;
 }
@@ -90,7 +93,6 @@ BENCHMARK(AppendAndPaint)->Arg(1000)->Arg(Most)->Unit(benchmark::kMillisecond);
 
 // A jump from one end of the grid to the other, and its picture.
 void JumpAndPaint(benchmark::State& state) {
-    Application();
     FilledLog filled(state.range(0));
     while (state.KeepRunning()) {
         filled.JumpToTheOtherEnd();
