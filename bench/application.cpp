@@ -14,12 +14,7 @@ bool TimedApplication::notify(QObject* receiver, QEvent* event) {
 }
 
 TimedApplication& Application() {
-    static int count = 1;
-    static char name[] = "zps_bench";
-    static char* names[] = {name, nullptr};
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static TimedApplication application(count, names);
-    return application;
+    return static_cast<TimedApplication&>(*QCoreApplication::instance());
 }
 
 }  // namespace zps::bench

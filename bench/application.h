@@ -5,6 +5,9 @@
 
 #include <QApplication>
 
+#include <memory>
+#include <vector>
+
 namespace zps::bench {
 
 // Notes the longest time that one event has kept the window thread.
@@ -14,14 +17,14 @@ class TimedApplication : public QApplication {
     bool notify(QObject* receiver, QEvent* event) override;
 
     serial::Clock::duration Longest{0};
+    std::vector<std::shared_ptr<void>> Kept;  // from one benchmark to the next
 
   private:
     int Depth = 0;
     serial::Clock::time_point Began;
 };
 
-// Made at the first call, off-screen where QT_QPA_PLATFORM says nothing else; lives to the end of
-// the process.
+// The one that main made, off-screen where QT_QPA_PLATFORM says nothing else.
 TimedApplication& Application();
 
 }  // namespace zps::bench

@@ -38,6 +38,21 @@ constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
 constexpr double BelowZero = 0.04;    // of an axis: a curve at zero does not hide in the frame
 constexpr double BeforeStart = 0.02;  // the same for a sample at the start
 
+// Put down twenty times with each sample, where drawing it would cost far more.
+QPixmap PictureOf(const Curve& curve, const QColor& colour) {
+    const double ratio = qApp->devicePixelRatio();
+    constexpr int side = 10;  // px
+    QPixmap picture(qRound(side * ratio), qRound(side * ratio));
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QCPPainter painter(&picture);
+    painter.setAntialiasing(curve.Mark == QCPScatterStyle::ssDisc);
+    const QCPScatterStyle mark(curve.Mark, QPen(colour), colour, curve.MarkSize);
+    mark.applyTo(&painter, QPen(colour));
+    mark.drawShape(&painter, side / 2.0, side / 2.0);
+    return picture;
+}
+
 }  // namespace
 
 struct ChartCanvas::Drawing {
@@ -78,15 +93,17 @@ ChartCanvas::Drawing::Drawing(ChartCanvas& canvas)
     Plot.setAttribute(Qt::WA_TransparentForMouseEvents);
     Plot.xAxis->setSubTicks(false);
     Plot.yAxis2->setVisible(true);
+    Plot.setNotAntialiasedElement(QCP::aeFills);
     Plot.axisRect()->setAutoMargins(QCP::msNone);
     Breaks->setLineStyle(QCPGraph::lsImpulse);
-    // The curves can then be drawn without the axes and their texts, and what points at them
-    // without the curves.
+    // The curves can then be drawn without the axes and their texts. Every layer of its own costs
+    // the blending of a whole picture with each sample, so all others stay one, below it.
     Plot.currentLayer()->setMode(QCPLayer::lmBuffered);
+    Plot.layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
+    Plot.moveLayer(Plot.currentLayer(), Plot.layer(QStringLiteral("overlay")));
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         SetUpCurve(column, *ValueAxes[column]);
     }
-    Plot.setCurrentLayer(QStringLiteral("overlay"));
     for (auto& line : MarkLines) line = &MakeLine();
     for (std::size_t mark = 0; mark < MarkNames.size(); ++mark) {
         MarkNames[mark] = &MakeText();
@@ -152,8 +169,7 @@ void ChartCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) {
         const QColor colour = CurveColour(static_cast<int>(column), palette);
         ColourAxis(*ValueAxes[column], frame, colour, font);
         Graphs[column]->setPen(QPen(colour, curve.Width, curve.Stroke));
-        Graphs[column]->setScatterStyle(
-            QCPScatterStyle(curve.Mark, QPen(colour), colour, curve.MarkSize));
+        Graphs[column]->setScatterStyle(QCPScatterStyle(PictureOf(curve, colour)));
         Ends[column]->setColor(colour);
         Ends[column]->setFont(font);
     }
@@ -161,7 +177,7 @@ void ChartCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) {
     area.setAlphaF(0.08F);
     Graphs[0]->setBrush(area);
     Breaks->setPen(QPen(text, 1, Qt::DashDotLine));
-    const QPen grid(FaintText(palette, 0.2F), 1, Qt::DotLine);
+    const QPen grid(FaintText(palette, 0.2F), 0, Qt::DotLine);
     ColourAxis(*Plot.xAxis, frame, text, font);
     for (QCPAxis* axis : {Plot.xAxis, Plot.yAxis}) {
         axis->grid()->setPen(grid);
@@ -336,7 +352,7 @@ void ChartCanvas::Point(std::optional<int> row, const ChartMarks& marks) {
         drawing.PlaceMark(mark, marks, drawing.Table);
     }
     drawing.PlaceCursor(row, drawing.Table);
-    drawing.Cursor->layer()->replot();
+    drawing.Graphs[0]->layer()->replot();
 }
 
 std::optional<int> ChartCanvas::RowAt(int x) const {
