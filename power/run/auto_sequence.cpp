@@ -95,7 +95,6 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
     FrameBuilder builder(Parts.Source.PowerAddr);
     builder.Command(letter::Sequence).Append(*steps).Append({EndOfSequence});
     Parts.Sender.Send(builder.Finish(), ExpectAck);
-    SentSteps = *steps;
 }
 
 // No error of the entry: whatever took the focus away goes on. The focus comes back to the box; the
@@ -128,10 +127,8 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     field.Write(QString::fromStdString(text));
     if (Fields.Open() == &field) Fields.Accept(field);
     FrameBuilder builder(CountAddress);
-    const std::int32_t cycles = RoundHalfEven(std::round(count));
-    builder.Command(letter::Count).AppendWord(cycles);
+    builder.Command(letter::Count).AppendWord(RoundHalfEven(std::round(count)));
     Parts.Sender.Send(builder.Finish(), ExpectAck);
-    SentCount = cycles;
 }
 
 }  // namespace zps

@@ -11,7 +11,6 @@
 #include "power/run/step_start.h"
 #include "serial/port.h"
 
-#include <functional>
 #include <optional>
 
 namespace zps {
@@ -29,7 +28,6 @@ class ReplyHandler {
         FunctionSwitches& Functions;
         ReadOuts& Shown;
         MeasurementLog& Log;
-        std::function<void(int step)> StepReported;
     };
     ReplyHandler(PowerParts& parts, const Surround& around) : Parts(parts), Around(around) {}
 
