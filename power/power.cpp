@@ -6,6 +6,7 @@
 #include "power/panel/gate.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
+#include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
 #include "power/run/output_switch.h"
 #include "power/run/remote_switch.h"
@@ -59,6 +60,7 @@ struct POWER::Inside {
 
     Entries Fields;
     Commands Ways;
+    AutoProgress Progress;
     StepList Rows;
     StepEntry Entry;
     StepScrolling Scrolling;
@@ -90,6 +92,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
       Fields(Parts, Door),
       Ways(Parts, Door, Fields),
+      Progress(source, Time),
       Rows(Parts, Held),
       Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
@@ -102,12 +105,11 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Start, Polls, Quality, Shown, Lock, Rows, Held, Log,
                     around.Loop, Time}),
-      Sequence(Parts, Fields),
-      Display(
-          Controls, SteadyTime,
-          {source, Out, Shown, Rows, Functions, Sequence, [this] { return Quality.ReadingAge(); }}),
-      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Quality, Functions, Shown, Log,
-                      [this](int step) { Display.StepReported(step); }}) {
+      Sequence(Parts, Fields, Progress),
+      Display(Controls, SteadyTime,
+              {source, Out, Shown, Rows, Progress, [this] { return Quality.ReadingAge(); }}),
+      Replies(Parts,
+              {*comPOWER, Held, Out, Start, Polls, Quality, Functions, Shown, Log, Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
@@ -154,8 +156,9 @@ void POWER::Inside::ShowOutput() {
     OvpUnderLoad = false;
     Polls.Stop();
     if (Out.On()) Quality.OutputWentOn();
-    Display.OutputChanged();
     if (!Out.On()) Functions.PollsEnded();
+    Progress.OutputSwitched(Out.On(), Functions.AutoOn());
+    Display.OutputChanged();
     Lock.ReleaseEditLock();
     Refresh();
 }
@@ -288,7 +291,7 @@ void POWER::FunctionsReset() {
     if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
     Self->Out.WentOff();
     Self->Functions.Reset();
-    Self->Sequence.Forget();
+    Self->Progress.Forget();
 }
 
 void POWER::comPOWER_Event() {

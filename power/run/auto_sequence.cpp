@@ -41,7 +41,8 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
 
 }  // namespace
 
-AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), Fields(fields) {
+AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress)
+    : Parts(parts), Fields(fields), Progress(progress) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
     Entries::Rules sequence;
     sequence.GotFocus = [this] { Told.clear(); };
@@ -95,6 +96,7 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
     FrameBuilder builder(Parts.Source.PowerAddr);
     builder.Command(letter::Sequence).Append(*steps).Append({EndOfSequence});
     Parts.Sender.Send(builder.Finish(), ExpectAck);
+    Progress.SequenceSent(*steps);
 }
 
 // No error of the entry: whatever took the focus away goes on. The focus comes back to the box; the
@@ -127,8 +129,10 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     field.Write(QString::fromStdString(text));
     if (Fields.Open() == &field) Fields.Accept(field);
     FrameBuilder builder(CountAddress);
-    builder.Command(letter::Count).AppendWord(RoundHalfEven(std::round(count)));
+    const std::int32_t cycles = RoundHalfEven(std::round(count));
+    builder.Command(letter::Count).AppendWord(cycles);
     Parts.Sender.Send(builder.Finish(), ExpectAck);
+    Progress.CountSent(cycles);
 }
 
 }  // namespace zps

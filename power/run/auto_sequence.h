@@ -1,6 +1,7 @@
 // The order in which the supply runs its steps by itself, and how often.
 #pragma once
 
+#include "power/run/auto_progress.h"
 #include "power/steps/entries.h"
 
 #include <QString>
@@ -9,7 +10,8 @@ namespace zps {
 
 class AutoSequence {
   public:
-    AutoSequence(PowerParts& parts, Entries& fields);
+    // `progress` is told what is sent.
+    AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress);
 
   private:
     void txtPAUTOSTEP_Change();
@@ -20,6 +22,7 @@ class AutoSequence {
 
     PowerParts& Parts;
     Entries& Fields;
+    AutoProgress& Progress;
     QString Told;  // the sequence about whose unsent steps the operator has been told
 };
 
