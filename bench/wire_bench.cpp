@@ -13,9 +13,8 @@ namespace {
 
 // The frame of 32 bytes that uploads a step, from its values.
 void BuildStepFrame(benchmark::State& state) {
-    const StepBytes values{SetPointBytes("12.50", 100), SetPointBytes("1.000", 1000),
-                           TimeBytes("1.50000"), SlopeBytes("0.10000"),
-                           SetPointBytes("218.0", 100)};
+    const StepBytes values{SetPointBytes(12.5, 100), SetPointBytes(1, 1000), TimeBytes(1.5),
+                           SlopeBytes(0.1), SetPointBytes(218, 100)};
     for (auto _ : state) benchmark::DoNotOptimize(UploadFrame(1, 5, values));
 }
 BENCHMARK(BuildStepFrame);

@@ -45,7 +45,6 @@ constexpr std::array Complaints{
     Complaint{Overflow::NoNumber, "'%1'은(는) 숫자가 아닙니다."},
     Complaint{Overflow::OutOfRange, "%1은(는) 범위 %2~%3을(를) 벗어납니다."},
     Complaint{Overflow::TooLarge, "%1은(는) 너무 커서 보낼 수 없습니다."},
-    Complaint{Overflow::NoPoint, "'%1'에 소수점이 없습니다."},
     Complaint{Overflow::NoStep, "%1번 단계는 없습니다(0~99)."},
 };
 

@@ -9,6 +9,7 @@
 #include "power/panel/header_layout.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
+#include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
 #include "power/run/output_switch.h"
 #include "power/run/remote_switch.h"
@@ -68,6 +69,7 @@ struct POWER::Inside {
 
     Entries Fields;
     Commands Ways;
+    AutoProgress Progress;
     StepList Rows;
     StepEntry Entry;
     StepScrolling Scrolling;
@@ -101,6 +103,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
       Fields(Parts, Door),
       Ways(Parts, Door, Fields),
+      Progress(source, Time),
       Rows(Parts, Held),
       Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
@@ -113,13 +116,11 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
                     Log, around.Loop, Time}),
-      Sequence(Parts, Fields),
-      Display(
-          Controls, TimeAtOnce,
-          {source, Out, Shown, Rows, Functions, Sequence, [this] { return Quality.ReadingAge(); }}),
-      Replies(Parts,
-              {*comPOWER, Held, Out, Happened, Start, Polls, Quality, Functions, Shown, Log,
-               [this](int step) { Display.StepReported(step); }}) {
+      Sequence(Parts, Fields, Progress),
+      Display(Controls, TimeAtOnce,
+              {source, Out, Shown, Rows, Progress, [this] { return Quality.ReadingAge(); }}),
+      Replies(Parts, {*comPOWER, Held, Out, Happened, Start, Polls, Quality, Functions, Shown, Log,
+                      Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
@@ -187,8 +188,9 @@ void POWER::Inside::ShowOutput() {
         Quality.OutputWentOn();
     }
     Link.Look();
-    Display.OutputChanged();
     if (!Out.On()) Functions.PollsEnded();
+    Progress.OutputSwitched(Out.On(), Functions.AutoOn());
+    Display.OutputChanged();
     Lock.ReleaseEditLock();
     Refresh();
 }
@@ -332,7 +334,7 @@ void POWER::FunctionsReset() {
     if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
     Self->Out.WentOff();
     Self->Functions.Reset();
-    Self->Sequence.Forget();
+    Self->Progress.Forget();
 }
 
 void POWER::comPOWER_Event() {

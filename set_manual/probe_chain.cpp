@@ -34,8 +34,8 @@ double Rated(int tenths) {
 // Whether there is something to set, and the highest values that can be set, rounded as they are
 // shown, fit the 16 bits that they have on the wire.
 bool Usable(const RatingFields& told) {
-    const auto fits = [](const std::string& shown, std::int32_t scale) {
-        return SetPointCounts(shown, scale) <= std::numeric_limits<std::uint16_t>::max();
+    const auto fits = [](const Figure& shown, std::int32_t scale) {
+        return SetPointCounts(shown.Value, scale) <= std::numeric_limits<std::uint16_t>::max();
     };
     Ratings ratings;
     ratings.SetMaxVolt(ToSingle(Rated(told.Volt)));

@@ -13,8 +13,7 @@ enum class Overflow : std::uint8_t {
     NoByte,      // outside 0..255
     NoNumber,    // the text is none
     OutOfRange,  // outside Low..High
-    TooLarge,    // beyond 32 bits
-    NoPoint,     // a text of seconds without a decimal point
+    TooLarge,    // beyond what can be sent
     NoStep,      // a step beyond the table
 };
 

@@ -109,16 +109,28 @@ std::string RoundText(std::string digits, std::size_t decimals) {
     return digits;
 }
 
+// The number that `digits` are with their point, if they have one, before the last `decimals`.
+double NumberOf(std::string_view digits, int decimals) {
+    double units = 0;
+    for (const char c : digits) {
+        if (c != '.') units = units * 10 + (c - '0');
+    }
+    double unitsPerOne = 1;
+    for (int place = 0; place < decimals; ++place) unitsPerOne *= 10;
+    return units / unitsPerOne;
+}
+
 template <class Real>
-std::string FormatReal(Real value, int decimals) {
+Figure Rounded(Real value, int decimals) {
     std::array<char, 400> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                        std::abs(value), std::chars_format::fixed);
     std::string shortest(buffer.data(), written.ptr);
-    if (!std::isfinite(value)) return shortest;
-    std::string rounded = RoundText(std::move(shortest), static_cast<std::size_t>(decimals));
-    const bool zero = rounded.find_first_of("123456789") == std::string::npos;
-    return std::signbit(value) && !zero ? "-" + rounded : rounded;
+    if (!std::isfinite(value)) return {value, shortest};
+    std::string digits = RoundText(std::move(shortest), static_cast<std::size_t>(decimals));
+    const double size = NumberOf(digits, decimals);
+    if (std::signbit(value) && size != 0) return {-size, "-" + digits};
+    return {size, std::move(digits)};
 }
 
 }  // namespace
@@ -141,11 +153,17 @@ int StrictInteger(std::string_view text, int low, int high) {
     return static_cast<int>(value);
 }
 
+Figure ToFigure(double value, int decimals) {
+    return Rounded(value, decimals);
+}
+Figure ToFigure(float value, int decimals) {
+    return Rounded(value, decimals);
+}
 std::string FormatFixed(double value, int decimals) {
-    return FormatReal(value, decimals);
+    return Rounded(value, decimals).Text;
 }
 std::string FormatFixed(float value, int decimals) {
-    return FormatReal(value, decimals);
+    return Rounded(value, decimals).Text;
 }
 
 std::string ShortestText(float value) {

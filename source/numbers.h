@@ -17,8 +17,17 @@ double LeadingNumber(std::string_view text);
 // lies outside `low`..`high`.
 int StrictInteger(std::string_view text, int low, int high);
 
+// A number as it is shown: rounded, and the text of just that number.
+struct Figure {
+    double Value = 0;  // the double nearest to the text, as long as that has up to 15 digits
+    std::string Text;
+};
+
 // `value` with exactly `decimals` decimals and at least one integer digit. Rounded from the
 // value's shortest decimal text, halves away from zero: 2.675 with two decimals is "2.68".
+Figure ToFigure(double value, int decimals);
+Figure ToFigure(float value, int decimals);
+// Its text alone.
 std::string FormatFixed(double value, int decimals);
 std::string FormatFixed(float value, int decimals);
 

@@ -26,22 +26,22 @@ void SOURCE::PaintStepRows(int step) const {
     }
 }
 
-void SOURCE::StoreStep(StepValue value, int step, const std::string& text) {
+void SOURCE::StoreStep(StepValue value, int step, const Figure& shown) {
     const auto wire = [&] {
         switch (value) {
             case StepValue::Volt:
             case StepValue::Ovp:
-                return SetPointBytes(text, VoltScale());
+                return SetPointBytes(shown.Value, VoltScale());
             case StepValue::Curr:
-                return SetPointBytes(text, CurrScale());
+                return SetPointBytes(shown.Value, CurrScale());
             case StepValue::Time:
-                return TimeBytes(text);
+                return TimeBytes(shown.Value);
             case StepValue::Slope:
                 break;
         }
-        return SlopeBytes(text);
+        return SlopeBytes(shown.Value);
     };
-    Store(value, step, text, wire());
+    Store(value, step, shown, wire());
 }
 
 void SOURCE::ResetSteps() {

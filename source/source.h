@@ -45,9 +45,9 @@ struct SOURCE : LinkState, Ratings, StepTable {
     // that is not visible highlights none. Throws OverflowError at a row that shows no step.
     void PaintStepRows(int step) const;
 
-    // A value of a step from the text of its field, with the bytes that it has on the wire at the
+    // A value of a step as its field shows it, with the bytes that it has on the wire at the
     // present scales. Throws OverflowError, and stores nothing, where it fits none.
-    void StoreStep(StepValue value, int step, const std::string& text);
+    void StoreStep(StepValue value, int step, const Figure& shown);
 
     // The texts of all steps as a supply with the present ratings starts with: no voltage, full
     // current, no time and slope, the highest over-voltage level.

@@ -3,35 +3,28 @@
 #include "source/errors.h"
 #include "source/numbers.h"
 
-#include <algorithm>
-#include <string>
+#include <cmath>
+#include <cstdlib>
 
 namespace zps {
 
 namespace {
 
-constexpr std::size_t MillisecondDigits = 3;
-constexpr int WordLimit = 65535;
-constexpr int ByteLimit = 255;
+constexpr double WordLimit = 65536;
+// Times are sent down to a hundredth of a millisecond.
+constexpr std::int64_t CountsPerMillisecond = 100;
+constexpr std::int64_t MillisecondsPerSecond = 1000;
 constexpr std::array<char, StepValueCount> ValueLetters{letter::Volt, letter::Curr, letter::Time,
                                                         letter::Slope, letter::Ovp};
 
-// A text of seconds cut at its decimal point.
-struct CutSeconds {
-    std::string_view Whole;          // before the point
-    std::string_view Milliseconds;   // the three digits after it
-    std::string_view Rest;           // what follows
-    std::string_view ToMillisecond;  // everything but the rest
-};
-
-CutSeconds Cut(std::string_view text) {
-    const auto point = text.find('.');
-    if (point == std::string_view::npos) {
-        throw OverflowError(Overflow::NoPoint, std::string(text));
+// `seconds` in those hundredths, if they stay below `limit` seconds.
+std::int64_t TimeCounts(double seconds, double limit) {
+    constexpr double perSecond = CountsPerMillisecond * MillisecondsPerSecond;
+    const double counts = std::nearbyint(seconds * perSecond);
+    if (!(counts >= 0 && counts < limit * perSecond)) {
+        throw OverflowError(Overflow::TooLarge, FormatFixed(seconds, 5));
     }
-    const auto rest = std::min(text.size(), point + 1 + MillisecondDigits);
-    return {text.substr(0, point), text.substr(point + 1, MillisecondDigits), text.substr(rest),
-            text.substr(0, rest)};
+    return static_cast<std::int64_t>(counts);
 }
 
 Bytes WordBytes(std::int32_t value) {
@@ -50,27 +43,29 @@ char LetterOf(StepValue value) {
 
 }  // namespace
 
-std::int32_t SetPointCounts(std::string_view text, std::int32_t scale) {
-    return RoundHalfEven(static_cast<double>(ToSingle(LeadingNumber(text))) * scale);
+std::int32_t SetPointCounts(double value, std::int32_t scale) {
+    return RoundHalfEven(static_cast<double>(ToSingle(value)) * scale);
 }
 
-Bytes SetPointBytes(std::string_view text, std::int32_t scale) {
-    return WordBytes(SetPointCounts(text, scale));
+Bytes SetPointBytes(double value, std::int32_t scale) {
+    return WordBytes(SetPointCounts(value, scale));
 }
 
-Bytes TimeBytes(std::string_view text) {
-    const CutSeconds cut = Cut(text);
-    Bytes bytes = Joined(WordBytes(StrictInteger(cut.Whole, 0, WordLimit)),
-                         WordBytes(StrictInteger(cut.Milliseconds, 0, WordLimit)));
-    bytes.push_back(ToByte(StrictInteger(cut.Rest, 0, ByteLimit)));
+Bytes TimeBytes(double seconds) {
+    const auto [milliseconds, rest] =
+        std::div(TimeCounts(seconds, WordLimit), CountsPerMillisecond);
+    const auto [whole, afterPoint] = std::div(milliseconds, MillisecondsPerSecond);
+    Bytes bytes = Joined(WordBytes(static_cast<std::int32_t>(whole)),
+                         WordBytes(static_cast<std::int32_t>(afterPoint)));
+    bytes.push_back(ToByte(rest));
     return bytes;
 }
 
-Bytes SlopeBytes(std::string_view text) {
-    constexpr int MillisecondsPerSecond = 1000;
-    const CutSeconds cut = Cut(text);
-    Bytes bytes = WordBytes(SetPointCounts(cut.ToMillisecond, MillisecondsPerSecond));
-    bytes.push_back(ToByte(StrictInteger(cut.Rest, 0, ByteLimit)));
+Bytes SlopeBytes(double seconds) {
+    const auto [milliseconds, rest] =
+        std::div(TimeCounts(seconds, WordLimit / MillisecondsPerSecond), CountsPerMillisecond);
+    Bytes bytes = WordBytes(static_cast<std::int32_t>(milliseconds));
+    bytes.push_back(ToByte(rest));
     return bytes;
 }
 

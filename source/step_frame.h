@@ -1,11 +1,10 @@
-// The frames that carry a program step, and how its texts become bytes.
+// The frames that carry a program step, and how its values become bytes.
 #pragma once
 
 #include "source/frame.h"
 
 #include <array>
 #include <cstdint>
-#include <string_view>
 
 namespace zps {
 
@@ -14,21 +13,23 @@ enum class StepValue : std::uint8_t { Volt, Curr, Time, Slope, Ovp };
 inline constexpr std::size_t StepValueCount = 5;
 using StepBytes = std::array<Bytes, StepValueCount>;
 
-// A voltage in volts or a current in amperes as counts on the wire: the text's leading number as
-// single precision times `scale` (counts per unit), halves to even. Throws OverflowError beyond 32
-// bits.
-std::int32_t SetPointCounts(std::string_view text, std::int32_t scale);
+// The bytes are those of the values as they are shown, so that supply and panel agree: whoever
+// stores a value rounds it first.
+
+// A voltage in volts or a current in amperes as counts on the wire: in single precision times
+// `scale` (counts per unit), halves to even. Throws OverflowError beyond 32 bits.
+std::int32_t SetPointCounts(double value, std::int32_t scale);
 
 // The same as the two bytes of a set-point. Throws OverflowError beyond 16 bits.
-Bytes SetPointBytes(std::string_view text, std::int32_t scale);
+Bytes SetPointBytes(double value, std::int32_t scale);
 
-// A step time in seconds as five bytes: seconds, milliseconds, hundredths of a millisecond. The
-// text has five decimals, as FormatSeconds writes it; one that can't be cut at its decimal point
-// throws OverflowError.
-Bytes TimeBytes(std::string_view text);
+// A step time in seconds, with up to five decimals, as five bytes: seconds, milliseconds,
+// hundredths of a millisecond. Throws OverflowError where the seconds do not fit 16 bits.
+Bytes TimeBytes(double seconds);
 
-// A slope time in seconds as three bytes: milliseconds, hundredths of a millisecond.
-Bytes SlopeBytes(std::string_view text);
+// A slope time in seconds, with up to five decimals, as three bytes: milliseconds, hundredths of a
+// millisecond. Throws OverflowError where the milliseconds do not fit 16 bits.
+Bytes SlopeBytes(double seconds);
 
 // The command of one value; those of voltage and current are filled up with zeros.
 Frame ValueFrame(int address, StepValue value, const Bytes& bytes);

@@ -5,10 +5,10 @@
 namespace zps {
 
 StepTable::StepTable() {
-    constexpr std::array<const char*, StepValueCount> designTexts{"0.00", "1.000", "0.00000",
-                                                                  "0.00000", "218.0"};
+    const std::array<Figure, StepValueCount> design{
+        {{0, "0.00"}, {1, "1.000"}, {0, "0.00000"}, {0, "0.00000"}, {218, "218.0"}}};
     for (std::size_t value = 0; value < StepValueCount; ++value) {
-        Cells.at(value).fill({designTexts.at(value), {}});
+        Cells.at(value).fill({design.at(value), {}});
     }
 }
 
@@ -20,9 +20,9 @@ StepBytes StepTable::WireOf(int step) const {
     return all;
 }
 
-void StepTable::Store(StepValue value, int step, const std::string& text, Bytes wire) {
+void StepTable::Store(StepValue value, int step, const Figure& shown, Bytes wire) {
     Cells.at(static_cast<std::size_t>(value)).at(static_cast<std::size_t>(step)) = {
-        text, std::move(wire)};
+        shown, std::move(wire)};
 }
 
 const StepTable::Cell& StepTable::At(StepValue value, int step) const {

@@ -1,6 +1,7 @@
 // The 100 program steps as the panel knows them.
 #pragma once
 
+#include "source/numbers.h"
 #include "source/step_frame.h"
 
 #include <array>
@@ -14,8 +15,8 @@ inline constexpr int RowCount = 7;  // steps that are visible at a time
 
 class HeldSteps;
 
-// The texts are those of the entry fields, exactly as displayed; the bytes are what goes on the
-// wire for them. Both are made once, when a value is stored.
+// The texts are those of the entry fields, exactly as displayed; the values are what they say, and
+// the bytes are what goes on the wire for them. All are made once, when a value is stored.
 class StepTable {
   public:
     // Before any ratings are read the steps have the texts of a new table and no bytes.
@@ -26,7 +27,8 @@ class StepTable {
     const std::string& StepTime(int step) const { return Text(StepValue::Time, step); }    // s
     const std::string& StepSlope(int step) const { return Text(StepValue::Slope, step); }  // s
     const std::string& StepOvp(int step) const { return Text(StepValue::Ovp, step); }      // V
-    const std::string& Text(StepValue value, int step) const { return At(value, step).Text; }
+    const std::string& Text(StepValue value, int step) const { return At(value, step).Shown.Text; }
+    double Value(StepValue value, int step) const { return At(value, step).Shown.Value; }
     const Bytes& Wire(StepValue value, int step) const { return At(value, step).Wire; }
     // All values of a step as an upload takes them.
     StepBytes WireOf(int step) const;
@@ -35,13 +37,13 @@ class StepTable {
     bool StepFlag(int step) const { return Flags.test(static_cast<std::size_t>(step)); }
 
   protected:
-    void Store(StepValue value, int step, const std::string& text, Bytes wire);
+    void Store(StepValue value, int step, const Figure& shown, Bytes wire);
 
   private:
     friend HeldSteps;  // alone writes the flags
 
     struct Cell {
-        std::string Text;
+        Figure Shown;
         Bytes Wire;
     };
     const Cell& At(StepValue value, int step) const;

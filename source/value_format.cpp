@@ -1,7 +1,5 @@
 #include "source/value_format.h"
 
-#include "source/numbers.h"
-
 #include <array>
 #include <limits>
 
@@ -36,11 +34,11 @@ std::int16_t OneMore(std::int16_t decimals) {
     return static_cast<std::int16_t>(decimals + 1);
 }
 
-std::string FormatByThreshold(float value, float threshold, std::int16_t high, std::int16_t low,
-                              std::int16_t& lastUsed) {
+Figure FormatByThreshold(float value, float threshold, std::int16_t high, std::int16_t low,
+                         std::int16_t& lastUsed) {
     lastUsed = value >= threshold ? high : low;
     if (lastUsed < 0 || lastUsed > 5) return {};
-    return FormatFixed(value, lastUsed);
+    return ToFigure(value, lastUsed);
 }
 
 }  // namespace
@@ -68,26 +66,28 @@ void ValueFormat::SetMaxCurr(float amps) {
     CurrDecLowFine = OneMore(range.CurrLow);
 }
 
-std::string ValueFormat::FormatVolt(float value) const {
+Figure ValueFormat::FormatVolt(float value) const {
     return FormatByThreshold(value, VoltDecThreshold, VoltDecHigh, VoltDecLow, VoltDecimals);
 }
 
-std::string ValueFormat::FormatCurr(float value) const {
+Figure ValueFormat::FormatCurr(float value) const {
     return FormatByThreshold(value, CurrDecThreshold, CurrDecHigh, CurrDecLow, CurrDecimals);
 }
 
 std::string ValueFormat::FormatVoltFine(float value) const {
     return FormatByThreshold(value, VoltDecThreshold, VoltDecHighFine, VoltDecLowFine,
-                             VoltDecimalsFine);
+                             VoltDecimalsFine)
+        .Text;
 }
 
 std::string ValueFormat::FormatCurrFine(float value) const {
     return FormatByThreshold(value, CurrDecThreshold, CurrDecHighFine, CurrDecLowFine,
-                             CurrDecimalsFine);
+                             CurrDecimalsFine)
+        .Text;
 }
 
-std::string FormatSeconds(double seconds) {
-    return FormatFixed(seconds, 5);
+Figure FormatSeconds(double seconds) {
+    return ToFigure(seconds, 5);
 }
 
 }  // namespace zps

@@ -1,6 +1,8 @@
 // How many decimals a voltage or a current is shown with, and how many counts it has on the wire.
 #pragma once
 
+#include "source/numbers.h"
+
 #include <cstdint>
 #include <string>
 
@@ -31,15 +33,15 @@ struct ValueFormat {
     void SetMaxVolt(float volts);
     void SetMaxCurr(float amps);
 
-    // `value` in volts or amperes as display text; the fine ones, for read-back, have a decimal
+    // `value` in volts or amperes as it is shown; the fine ones, for read-back, have a decimal
     // more. A count of decimals outside 0..5 gives an empty text.
-    std::string FormatVolt(float value) const;
-    std::string FormatCurr(float value) const;
+    Figure FormatVolt(float value) const;
+    Figure FormatCurr(float value) const;
     std::string FormatVoltFine(float value) const;
     std::string FormatCurrFine(float value) const;
 };
 
 // Step time and slope are always shown with five decimals, whatever the model.
-std::string FormatSeconds(double seconds);
+Figure FormatSeconds(double seconds);
 
 }  // namespace zps

@@ -2,69 +2,100 @@
 
 #include <algorithm>
 #include <numeric>
-#include <utility>
 
 namespace zps {
 
 using namespace std::chrono_literals;
 
 namespace {
-constexpr auto SurelyReported = 500ms;  // three polls
+constexpr auto ShortestWatched = 500ms;         // some three polls
+constexpr auto LongestEstimate = 10 * 8766.0h;  // ten years
 }  // namespace
 
-void AutoProgress::Begin(std::vector<Stage> stages, int cycles, Time now) {
-    *this = {};
-    Stages = std::move(stages);
-    CycleCount = std::max(cycles, 0);
-    Started = Entered = LastReport = now;
-    if (Stages.empty()) return;
-    const auto shorter = [](const Stage& one, const Stage& other) {
-        return one.Lasts < other.Lasts;
-    };
-    Shortest = std::min_element(Stages.begin(), Stages.end(), shorter)->Lasts;
-    const auto alike = [](const Stage& one, const Stage& next) { return one.Step == next.Step; };
-    const bool neighbours =
-        std::adjacent_find(Stages.begin(), Stages.end(), alike) != Stages.end() ||
-        alike(Stages.back(), Stages.front());
-    Countable = !neighbours && Shortest >= SurelyReported;
+void AutoProgress::Forget() {
+    Sequence.clear();
+    Cycles = 0;
+    OutputSwitched(false, false);
 }
 
-void AutoProgress::Reported(int step, Time now) {
-    if (!Running()) return;
-    if (now - LastReport >= Shortest) Countable = false;
-    LastReport = now;
-    if (!Seen) {  // until then the supply may still be at the step that was selected
-        Seen = step == Stages.front().Step;
-        if (Seen) Entered = now;
-        return;
+void AutoProgress::OutputSwitched(bool on, bool automatic) {
+    On = on;
+    Running.reset();
+    Times.clear();
+    Watched = false;
+    Place = 0;
+    End.reset();
+    if (on && automatic) Begin();
+    Told();
+}
+
+void AutoProgress::Begin() {
+    const bool held = std::all_of(Sequence.begin(), Sequence.end(),
+                                  [this](int step) { return Table.StepFlag(step); });
+    if (!held) return;
+    for (const int step : Sequence) {  // a step lasts at least as long as its voltage moves
+        Times.emplace_back(
+            std::max(Table.Value(StepValue::Time, step), Table.Value(StepValue::Slope, step)));
     }
-    if (step == Stages[Place].Step) return;
-    const std::size_t count = Stages.size();
-    for (std::size_t ahead = 1; ahead < count; ++ahead) {
-        const std::size_t place = (Place + ahead) % count;
-        if (Stages[place].Step != step) continue;
-        if (place < Place) ++CycleNow;
+    Watched = CanBeWatched();
+    Estimate();
+}
+
+// A round is seen only if two different steps of it are: each one that lasts is polled.
+bool AutoProgress::CanBeWatched() const {
+    std::optional<int> seen;
+    for (std::size_t place = 0; place < Times.size(); ++place) {
+        if (Times[place] < ShortestWatched) continue;
+        if (seen.value_or(Sequence[place]) != Sequence[place]) return true;
+        seen = Sequence[place];
+    }
+    return false;
+}
+
+void AutoProgress::Reported(int step) {
+    if (!On || Running == step) return;
+    if (Watched) Follow(step);
+    Running = step;
+    Told();
+}
+
+void AutoProgress::Follow(int step) {
+    const std::size_t first = Running ? Place + 1 : Place;
+    const auto at = [this](std::size_t place) { return Sequence[place % Sequence.size()]; };
+    for (std::size_t place = first; place < first + Sequence.size(); ++place) {
+        if (at(place) != step) continue;
         Place = place;
-        Entered = now;
+        Estimate();
         return;
     }
+    Watched = false;  // the supply runs something else
+    End.reset();
 }
 
-std::optional<int> AutoProgress::Cycle() const {
-    if (!Running() || !Countable || !Seen) return std::nullopt;
-    return CycleNow;
+void AutoProgress::Estimate() {
+    End.reset();
+    if (Times.empty() || Cycles == 0) return;
+    const std::size_t size = Times.size();
+    const std::size_t done = Place / size;
+    if (done >= static_cast<std::size_t>(Cycles)) return;
+    const auto from = Times.begin() + static_cast<std::ptrdiff_t>(Place % size);
+    const Seconds round = std::accumulate(Times.begin(), Times.end(), Seconds(0));
+    const Seconds left = std::accumulate(from, Times.end(), Seconds(0)) +
+                         round * static_cast<double>(static_cast<std::size_t>(Cycles) - done - 1);
+    if (left > LongestEstimate) return;
+    End = Time.Now() + std::chrono::duration_cast<serial::Clock::duration>(left);
 }
 
-AutoProgress::Span AutoProgress::LeftFrom(std::size_t place) const {
-    return std::accumulate(Stages.begin() + static_cast<std::ptrdiff_t>(place), Stages.end(),
-                           Span{}, [](Span sum, const Stage& stage) { return sum + stage.Lasts; });
+std::optional<AutoProgress::Cycle> AutoProgress::RunningCycle() const {
+    if (!Watched || !Running) return std::nullopt;
+    const int now = static_cast<int>(Place / Sequence.size()) + 1;
+    if (Cycles == 0) return Cycle{now, std::nullopt};
+    if (now > Cycles) return std::nullopt;
+    return Cycle{now, Cycles};
 }
 
-std::optional<AutoProgress::Time> AutoProgress::EstimatedEnd() const {
-    if (!Running() || CycleCount == 0) return std::nullopt;
-    const Span cycle = LeftFrom(0);
-    if (!Countable) return Started + cycle * CycleCount;
-    return Entered + LeftFrom(Place) + cycle * std::max(CycleCount - CycleNow, 0);
+std::optional<serial::Clock::time_point> AutoProgress::EstimatedEnd() const {
+    return End;
 }
 
 }  // namespace zps

@@ -41,7 +41,8 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
 
 }  // namespace
 
-AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), Fields(fields) {
+AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress)
+    : Parts(parts), Fields(fields), Progress(progress) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
     Entries::Rules sequence;
     sequence.GotFocus = [this] { Told.clear(); };
@@ -95,7 +96,7 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
     FrameBuilder builder(Parts.Source.PowerAddr);
     builder.Command(letter::Sequence).Append(*steps).Append({EndOfSequence});
     Parts.Sender.Send(builder.Finish(), ExpectAck);
-    SentSteps = *steps;
+    Progress.SequenceSent(*steps);
 }
 
 // No error of the entry: whatever took the focus away goes on. The focus comes back to the box; the
@@ -131,7 +132,7 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     const std::int32_t cycles = RoundHalfEven(std::round(count));
     builder.Command(letter::Count).AppendWord(cycles);
     Parts.Sender.Send(builder.Finish(), ExpectAck);
-    SentCount = cycles;
+    Progress.CountSent(cycles);
 }
 
 }  // namespace zps

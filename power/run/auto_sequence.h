@@ -1,23 +1,17 @@
 // The order in which the supply runs its steps by itself, and how often.
 #pragma once
 
+#include "power/run/auto_progress.h"
 #include "power/steps/entries.h"
 
 #include <QString>
-
-#include <vector>
 
 namespace zps {
 
 class AutoSequence {
   public:
-    AutoSequence(PowerParts& parts, Entries& fields);
-
-    // The sequence and the count as they were sent last; no steps, and 0, before that.
-    const std::vector<int>& Steps() const { return SentSteps; }
-    int Cycles() const { return SentCount; }
-    // The supply has its sequence emptied.
-    void Forget() { SentSteps.clear(); }
+    // `progress` is told what is sent.
+    AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress);
 
   private:
     void txtPAUTOSTEP_Change();
@@ -28,8 +22,7 @@ class AutoSequence {
 
     PowerParts& Parts;
     Entries& Fields;
-    std::vector<int> SentSteps;
-    int SentCount = 0;
+    AutoProgress& Progress;
     QString Told;  // the sequence about whose unsent steps the operator has been told
 };
 

@@ -38,12 +38,6 @@ QString WattText(std::optional<double> watts) {
     return QString::fromStdString(FormatFixed(*watts, decimals));
 }
 
-// Of the text of an entry field in seconds.
-AutoProgress::Span SpanOf(const std::string& text) {
-    return std::chrono::round<AutoProgress::Span>(
-        std::chrono::duration<double>(LeadingNumber(text)));
-}
-
 }  // namespace
 
 RunDisplay::RunDisplay(PowerControls& controls, Timekeeper& time, Surround around)
@@ -59,20 +53,9 @@ RunDisplay::RunDisplay(PowerControls& controls, Timekeeper& time, Surround aroun
 void RunDisplay::OutputChanged() {
     const bool on = Around.Out.On();
     Clock.OutputIs(on);
-    if (on && Around.Functions.AutoOn()) {
-        const int cycles = Around.Sequence.Cycles();
-        Progress.Begin(Stages(), cycles, Time.Now());
-    } else {
-        Progress.End();
-    }
     Controls.Plate.fraOUTPUT->ShowOn(on);
     tmrPLATE->SetEnabled(on);
     Refresh();
-}
-
-void RunDisplay::StepReported(int step) {
-    Reported = step;
-    Progress.Reported(step, Time.Now());
 }
 
 // The beat starts anew with each reading: its marks are due a whole number of beats later.
@@ -92,17 +75,14 @@ void RunDisplay::Refresh() {
     if (Controls.Plate.txtWATT->text() != watts) Controls.Plate.txtWATT->ShowValue(watts);
     ShowText(*Controls.Plate.lblELAPSED, ElapsedText(Clock.Elapsed(), Around.Out.On()));
     ShowSetValues();
-    ShowAutoRun();
+    ShowText(*Controls.Plate.lblAUTORUN, AutoRun());
 }
 
-// An automatic run is at the step that the supply reports, not at the selected one.
-int RunDisplay::StepAt() const {
-    return Progress.Running() ? std::clamp(Reported, 0, StepCount - 1) : Around.Rows.CurStep();
-}
-
+// Those of the step that the supply is at, which an automatic run changes.
 void RunDisplay::ShowSetValues() {
     const SOURCE& source = Around.Source;
-    const int step = StepAt();
+    const int step =
+        std::min(Around.Progress.RunningStep().value_or(Around.Rows.CurStep()), StepCount - 1);
     const auto shown = [&](const std::string& text) {
         return source.RatingsKnown() ? QString::fromStdString(text) : QStringLiteral("----");
     };
@@ -113,35 +93,20 @@ void RunDisplay::ShowSetValues() {
              QStringLiteral("설정 %1 A").arg(shown(source.StepCurr(step))));
 }
 
-std::vector<AutoProgress::Stage> RunDisplay::Stages() const {
-    std::vector<AutoProgress::Stage> stages;
-    for (const int step : Around.Sequence.Steps()) {
-        const SOURCE& source = Around.Source;
-        stages.push_back(
-            {step, std::max(SpanOf(source.StepTime(step)), SpanOf(source.StepSlope(step)))});
-    }
-    return stages;
-}
-
-void RunDisplay::ShowAutoRun() {
+// What nobody can know is left out.
+QString RunDisplay::AutoRun() {
     QStringList parts;
-    if (Progress.Running()) {
-        parts += QStringLiteral("자동 %1").arg(QString::fromStdString(FormatStep(Reported)));
-        const int cycles = Progress.Cycles();
-        if (const auto cycle = Progress.Cycle()) {
-            parts += cycles > 0 ? QStringLiteral("%1/%2회").arg(*cycle).arg(cycles)
-                                : QStringLiteral("%1회째").arg(*cycle);
-        } else if (cycles > 0) {
-            parts += QStringLiteral("전체 %1회").arg(cycles);
-        }
-        const QString end = EstimatedEnd();
-        if (!end.isEmpty()) parts += end;
+    if (const auto cycle = Around.Progress.RunningCycle()) {
+        parts += cycle->Of ? QStringLiteral("자동 %1/%2회").arg(cycle->Now).arg(*cycle->Of)
+                           : QStringLiteral("자동 %1회째").arg(cycle->Now);
     }
-    ShowText(*Controls.Plate.lblAUTORUN, parts.join(QStringLiteral(" · ")));
+    const QString end = EstimatedEnd();
+    if (!end.isEmpty()) parts += end;
+    return parts.join(QStringLiteral(" · "));
 }
 
 QString RunDisplay::EstimatedEnd() {
-    const auto end = Progress.EstimatedEnd();
+    const auto end = Around.Progress.EstimatedEnd();
     if (end == EndShown) return EndText;
     EndShown = end;
     EndText.clear();

@@ -4,8 +4,6 @@
 
 #include "power/panel/read_outs.h"
 #include "power/run/auto_progress.h"
-#include "power/run/auto_sequence.h"
-#include "power/run/function_switches.h"
 #include "power/run/output.h"
 #include "power/run/run_clock.h"
 #include "power/steps/step_list.h"
@@ -26,8 +24,7 @@ class RunDisplay {
         const Output& Out;
         const ReadOuts& Shown;
         const StepList& Rows;
-        const FunctionSwitches& Functions;
-        const AutoSequence& Sequence;
+        const AutoProgress& Progress;
         std::function<std::optional<std::chrono::milliseconds>()> ReadingAge;
     };
     // `time` ticks also while a message box is up: an old number is marked then too.
@@ -35,27 +32,21 @@ class RunDisplay {
 
     // The output is shown on or off now.
     void OutputChanged();
-    // The supply has reported that it is at `step`.
-    void StepReported(int step);
     // The numbers have been shown anew.
     void NumbersShown();
     // Anything else has changed; cheap where nothing has.
     void Refresh();
 
   private:
-    std::vector<AutoProgress::Stage> Stages() const;
-    int StepAt() const;
+    QString AutoRun();
     void ShowSetValues();
-    void ShowAutoRun();
     QString EstimatedEnd();
 
     PowerControls& Controls;
     Timekeeper& Time;
     Surround Around;
     RunClock Clock;
-    AutoProgress Progress;
-    int Reported = 0;
-    std::optional<AutoProgress::Time> EndShown;
+    std::optional<serial::Clock::time_point> EndShown;
     QString EndText;
     std::unique_ptr<Ticker> tmrPLATE;  // while the output is shown on
 };

@@ -42,9 +42,11 @@ void StepEntry::Connect(const StepField& kind, int row) {
 }
 
 void StepEntry::Field_Change(const EntryField& field, int row) {
-    const bool changed =
-        LeadingNumber(field.text().toStdString()) != LeadingNumber(Around.Fields.TextBefore());
-    if (!changed) {
+    LockIfChanged(LeadingNumber(field.text().toStdString()), row);
+}
+
+void StepEntry::LockIfChanged(double value, int row) {
+    if (value == LeadingNumber(Around.Fields.TextBefore())) {
         Around.Lock.ReleaseEditLock();
     } else if (Around.OutputOn()) {
         Around.Lock.LockToCurrentStep();
@@ -80,18 +82,18 @@ bool StepEntry::Take(const StepField& kind, int row) {
         Around.Fields.Refuse(field, RangeMessage(kind, Parts.Source));
         return false;
     }
-    const std::string text = kind.Format(Parts.Source, value);
-    field.Write(QString::fromStdString(text));
-    Field_Change(field, row);
-    Store(kind, row, text);
+    const Figure shown = kind.Format(Parts.Source, value);
+    field.Write(QString::fromStdString(shown.Text));
+    LockIfChanged(shown.Value, row);
+    Store(kind, row, shown);
     return true;
 }
 
-void StepEntry::Store(const StepField& kind, int row, const std::string& text) {
+void StepEntry::Store(const StepField& kind, int row, const Figure& shown) {
     const int step = Around.Rows.StepOf(row);
-    Parts.Source.StoreStep(kind.Value, step, text);
+    Parts.Source.StoreStep(kind.Value, step, shown);
     if (step == Around.Rows.CurStep()) {
-        Around.Shown.ShowValue(kind.Value, text);
+        Around.Shown.ShowValue(kind.Value, shown.Text);
         Around.Lock.ReleaseEditLock();
         Send(kind);
     } else if (!Around.OutputOn()) {

@@ -32,11 +32,14 @@ class StepEntry {
   private:
     void Connect(const StepField& kind, int row);
     void Field_Change(const EntryField& field, int row);
+    // Locks the row if `value`, which its field has, is not the one that the field was entered
+    // with; else releases the lock.
+    void LockIfChanged(double value, int row);
     void Field_LostFocus(const StepField& kind, int row);
     void Field_Committed(const StepField& kind, int row);
     // Whether the text has been taken over.
     bool Take(const StepField& kind, int row);
-    void Store(const StepField& kind, int row, const std::string& text);
+    void Store(const StepField& kind, int row, const Figure& shown);
     void Send(const StepField& kind);
     EntryField& FieldOf(const StepField& kind, int row) const;
 

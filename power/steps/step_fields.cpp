@@ -20,13 +20,13 @@ float MaxOvp(const SOURCE& source) {
     return source.MaxOvp();
 }
 
-std::string Volts(const SOURCE& source, double value) {
+Figure Volts(const SOURCE& source, double value) {
     return source.FormatVolt(ToSingle(value));
 }
-std::string Amperes(const SOURCE& source, double value) {
+Figure Amperes(const SOURCE& source, double value) {
     return source.FormatCurr(ToSingle(value));
 }
-std::string Seconds(const SOURCE& /*source*/, double value) {
+Figure Seconds(const SOURCE& /*source*/, double value) {
     return FormatSeconds(value);
 }
 

@@ -5,7 +5,6 @@
 #include "source/source.h"
 
 #include <array>
-#include <string>
 
 namespace zps {
 
@@ -18,7 +17,7 @@ struct StepField {
     const char* Unit;
     float (*Bound)(const SOURCE&);  // the highest value that is accepted
     double Smallest;                // the smallest value that is accepted; 0 is accepted too
-    std::string (*Format)(const SOURCE&, double);
+    Figure (*Format)(const SOURCE&, double);
     bool StopsPolling;  // whether the polls wait for the answer to a new value
 };
 

@@ -75,17 +75,16 @@ TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
         {[] { throw serial::PortError(2, make_error_code(std::errc::device_or_resource_busy)); },
          "COM2 포트를 사용할 수 없습니다.\n다른 프로그램이 이 포트를 사용하고 있습니다."},
         {[] { ControlFrame(240, code::Dle); }, "\n256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
-        {[] { TimeBytes("x.000"); }, "\n'x'은(는) 숫자가 아닙니다."},
-        {[] { TimeBytes("65536.000"); }, "\n65536은(는) 범위 0~65535을(를) 벗어납니다."},
-        {[] { SetPointBytes("1e9", 100); }, "\n100000000000은(는) 너무 커서 보낼 수 없습니다."},
-        {[] { TimeBytes("5"); }, "\n'5'에 소수점이 없습니다."}};
+        {[] { StrictInteger("x", 0, 9); }, "\n'x'은(는) 숫자가 아닙니다."},
+        {[] { StrictInteger("65536", 0, 65535); }, "\n65536은(는) 범위 0~65535을(를) 벗어납니다."},
+        {[] { SetPointBytes(1e9, 100); }, "\n100000000000은(는) 너무 커서 보낼 수 없습니다."}};
     for (int time = 0; time < 2; ++time) {
         for (const auto& [handler, text] : errors) {
             Events.Run(handler);
             EXPECT_TRUE(Boxes.LastText().endsWith(text)) << Boxes.LastText().toStdString();
         }
     }
-    EXPECT_EQ(Boxes.Shown.size(), 12U);
+    EXPECT_EQ(Boxes.Shown.size(), 10U);
     EXPECT_FALSE(Events.Busy());
 }
 

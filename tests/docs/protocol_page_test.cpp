@@ -20,21 +20,23 @@ Frame Build(const std::string& text) {
     std::istringstream words(text);
     std::vector<std::string> w(std::istream_iterator<std::string>(words), {});
     const std::string name = w.at(0), value = w.size() > 1 ? w[1] : "";
+    const auto number = [&](std::size_t word) { return std::stod(w.at(word)); };
     const int n = std::atoi(value.c_str());
     if (controls.contains(name)) return ControlFrame(1, controls.at(name));
     if (name == "INIT") return InitialisationFrame(1);
     if (name == "STEP" && w.size() == 7) {
-        return UploadFrame(1, n,
-                           {SetPointBytes(w[2], 100), SetPointBytes(w[3], 1000), TimeBytes(w[4]),
-                            SlopeBytes(w[5]), SetPointBytes(w[6], 100)});
+        return UploadFrame(
+            1, n,
+            {SetPointBytes(number(2), 100), SetPointBytes(number(3), 1000), TimeBytes(number(4)),
+             SlopeBytes(number(5)), SetPointBytes(number(6), 100)});
     }
-    if (name == "T") return ValueFrame(1, StepValue::Time, TimeBytes(value));
-    if (name == "D") return ValueFrame(1, StepValue::Slope, SlopeBytes(value));
-    if (name == "O") return ValueFrame(1, StepValue::Ovp, SetPointBytes(value, 100));
-    if (name == "V") return ValueFrame(1, StepValue::Volt, SetPointBytes(value, 100));
-    if (name == "C") return ValueFrame(1, StepValue::Curr, SetPointBytes(value, 1000));
+    if (name == "T") return ValueFrame(1, StepValue::Time, TimeBytes(number(1)));
+    if (name == "D") return ValueFrame(1, StepValue::Slope, SlopeBytes(number(1)));
+    if (name == "O") return ValueFrame(1, StepValue::Ovp, SetPointBytes(number(1), 100));
+    if (name == "V") return ValueFrame(1, StepValue::Volt, SetPointBytes(number(1), 100));
+    if (name == "C") return ValueFrame(1, StepValue::Curr, SetPointBytes(number(1), 1000));
     if (name == "SV")
-        return SelectingValueFrame(1, n, StepValue::Volt, SetPointBytes(w.at(2), 100));
+        return SelectingValueFrame(1, n, StepValue::Volt, SetPointBytes(number(2), 100));
     if (name == "S") return SelectStepFrame(1, n);
     if (name != "B" && name != "F" && name != "R") return SingleCommand(1, name[0], {n});
     FrameBuilder plain = FrameBuilder(1).Command(name[0]);

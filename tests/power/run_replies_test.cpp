@@ -106,10 +106,10 @@ TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {
     EXPECT_EQ(Sent(), "A1" + std::string(static_cast<std::size_t>(rows - 2), '?'));
     EXPECT_EQ(row(1), "0 0 00 0 0");
     EXPECT_TRUE(row(2).starts_with("1 ") && row(2).ends_with(" 03 12.100 0.1000")) << row(2);
-    EXPECT_EQ(log.ChartRow(1)[0], 12.1F);
+    EXPECT_EQ(log.ChartRow(1).Values[0]->Value, 12.1F);
     for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");  // a new run behind the old one
     Q_EMIT log.findChild<LogGrid*>()->Scrolled();  // which a running log's chart does not follow
-    EXPECT_EQ(log.ChartRow(1)[0], std::nullopt);
+    EXPECT_TRUE(log.ChartRow(1).IsGap());
     ASSERT_TRUE(Handled(Reading(4)));
     EXPECT_TRUE(row(rows).starts_with("1 "));
     ASSERT_TRUE(Press("cmdOUTPUT"));

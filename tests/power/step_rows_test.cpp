@@ -169,7 +169,8 @@ TEST_F(StepRows, EachRowTellsWhatItsStepIsWhateverChangesIt) {
 }
 
 TEST_F(StepRows, AClickSendsTheWholeRowOnceAndShowsItsValues) {
-    const char* const values[]{"12.50", "1.000", "1.50000", "0.10000", "218.0"};
+    const Figure values[]{
+        {12.5, "12.50"}, {1, "1.000"}, {1.5, "1.50000"}, {0.1, "0.10000"}, {218, "218.0"}};
     for (std::size_t kind = 0; kind < std::size(values); ++kind)
         Source().StoreStep(static_cast<StepValue>(kind), 5, values[kind]);
     Bar().setValue(1);

@@ -1,8 +1,11 @@
 #include "source/errors.h"
 #include "source/reply.h"
 #include "source/step_frame.h"
+#include "source/value_format.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace zps {
 namespace {
@@ -12,11 +15,10 @@ using enum Reply;
 
 TEST(Frames, AreTheKnownOnesByteForByte) {
     const std::pair<Frame, Bytes> rows[] = {
-        {ValueFrame(1, StepValue::Ovp, SetPointBytes("12.5", 1)),
-         {1, 2, 4, 27, 'O', 0, 12, 3, 0x80}},
-        {ValueFrame(30, StepValue::Slope, SlopeBytes("1.23456")),
+        {ValueFrame(1, StepValue::Ovp, SetPointBytes(12.5, 1)), {1, 2, 4, 27, 'O', 0, 12, 3, 0x80}},
+        {ValueFrame(30, StepValue::Slope, SlopeBytes(1.23456)),
          {30, 2, 5, 27, 'D', 4, 0xD2, 56, 3, 0x95}},
-        {ValueFrame(1, StepValue::Time, TimeBytes("65535.99999")),
+        {ValueFrame(1, StepValue::Time, TimeBytes(65535.99999)),
          {1, 2, 7, 27, 'T', 255, 255, 3, 0xE7, 99, 3, 0xC7}},
         {ProbeFrame(251, Enq, 251), {251, 5, 0}},
         {ProbeFrame(2, Dc3, 255), {2, 19, 18}},
@@ -24,6 +26,39 @@ TEST(Frames, AreTheKnownOnesByteForByte) {
     for (const auto& [frame, bytes] : rows) {
         EXPECT_EQ(frame.Data, bytes);
         EXPECT_EQ(frame.Sum, bytes.back());
+    }
+}
+
+// What the panel shows and what the supply gets are the same number, to the last count.
+TEST(Frames, CarryEachValueAsItsTextHasIt) {
+    const auto bytes = [](const std::vector<int>& words, int rest) {
+        Bytes all;
+        for (const int word : words)
+            all.insert(all.end(), {ToByte(word / 256), ToByte(word % 256)});
+        if (rest >= 0) all.push_back(ToByte(rest));
+        return all;
+    };
+    for (const float rating : {2.0F, 20.0F, 200.0F, 6000.0F}) {
+        ValueFormat format;
+        format.SetMaxVolt(rating);
+        const double scale = format.VoltScale;
+        for (double tenth = 0; tenth <= format.MaxOvp * 10 * scale; tenth += 37) {
+            const Figure shown = format.FormatVolt(ToSingle(tenth / (10 * scale)));
+            ASSERT_EQ(shown.Value, std::stod(shown.Text));
+            const double counts = std::stof(shown.Text) * scale;
+            ASSERT_EQ(SetPointBytes(shown.Value, format.VoltScale),
+                      bytes({static_cast<int>(std::lrint(counts))}, -1));
+        }
+    }
+    for (double time = 0; time <= 5e9; time += time < 5e6 ? 101 : 99'991) {
+        const Figure shown = FormatSeconds(time / 1e5);
+        const auto cut = [&](std::size_t fromPoint, std::size_t length) {
+            return std::stoi(shown.Text.substr(shown.Text.find('.') + fromPoint, length));
+        };
+        const int whole = std::stoi(shown.Text);
+        ASSERT_EQ(TimeBytes(shown.Value), bytes({whole, cut(1, 3)}, cut(4, 2))) << shown.Text;
+        if (whole > 50) continue;
+        ASSERT_EQ(SlopeBytes(shown.Value), bytes({whole * 1000 + cut(1, 3)}, cut(4, 2)));
     }
 }
 
@@ -58,11 +93,11 @@ TEST(Frames, RefuseWhatFitsNoByte) {
         EXPECT_EQ(ControlFrame(highest, code).Sum, 255);
         EXPECT_THROW(ControlFrame(highest + 1, code), OverflowError);
     }
-    for (const char* volts : {"655.36", "-0.01", "1e99"})
+    for (const double volts : {655.36, -0.01, 1e99})
         EXPECT_THROW(SetPointBytes(volts, 100), OverflowError) << volts;
-    for (const char* time : {"65536.00000", "-1.00000", "1.5", "x"})
+    for (const double time : {65536.0, -1.0, 1e99})
         EXPECT_THROW(TimeBytes(time), OverflowError) << time;
-    for (const char* slope : {"65.53600", "-1.00000", "1.234", ""})
+    for (const double slope : {65.536, -0.00001})
         EXPECT_THROW(SlopeBytes(slope), OverflowError) << slope;
 }
 

@@ -27,9 +27,10 @@ TEST(LeadingNumber, IsTheNumberThatATextBeginsWith) {
 }
 
 TEST(Texts, AreRoundedFromTheShortestTextHalvesAwayFromZero) {
-    EXPECT_EQ((Texts{FormatFixed(2.675F, 2), FormatFixed(-2.675, 2), FormatFixed(9.995F, 2),
-                     FormatFixed(-0.0F, 2), FormatFixed(1e9F, 1), FormatSeconds(49999.999995)}),
-              (Texts{"2.68", "-2.68", "10.00", "0.00", "1000000000.0", "50000.00000"}));
+    EXPECT_EQ(
+        (Texts{FormatFixed(2.675F, 2), FormatFixed(-2.675, 2), FormatFixed(9.995F, 2),
+               FormatFixed(-0.0F, 2), FormatFixed(1e9F, 1), FormatSeconds(49999.999995).Text}),
+        (Texts{"2.68", "-2.68", "10.00", "0.00", "1000000000.0", "50000.00000"}));
     EXPECT_EQ((Texts{ShortestText(163.5F), ShortestText(150), FormatStep(7), FormatStep(10)}),
               (Texts{"163.5", "150", "07", "10"}));
 }
@@ -55,8 +56,8 @@ TEST(ValueFormat, HasTheScaleAndDecimalsOfTheRatingsRange) {
             EXPECT_EQ((std::array{f.VoltScale, f.CurrScale}), (std::array{row.Scale, row.Scale}));
             std::string volts, amps;
             for (const float value : {row.At, row.Below}) {
-                volts += f.FormatVolt(value) + " " + f.FormatVoltFine(value) + " ";
-                amps += f.FormatCurr(value) + " " + f.FormatCurrFine(value) + " ";
+                volts += f.FormatVolt(value).Text + " " + f.FormatVoltFine(value) + " ";
+                amps += f.FormatCurr(value).Text + " " + f.FormatCurrFine(value) + " ";
             }
             EXPECT_EQ(volts + amps, std::string(row.Volts) + " " + row.Amps + " ");
         }

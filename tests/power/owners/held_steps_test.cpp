@@ -18,7 +18,7 @@ struct HoldingSteps : testing::Test, ScriptedLink {
         Line->Otherwise([this](const Bytes& /*block*/) { return Acknowledged; });
         Source.SetStartScales();
         for (int step = 0; step < StepCount; ++step) {
-            for (const StepValue value : Values) Source.StoreStep(value, step, "1.00000");
+            for (const StepValue value : Values) Source.StoreStep(value, step, {1, "1.00000"});
         }
     }
     void Send(int step, StepValues values) {
