@@ -39,6 +39,10 @@ TEST_F(RunPolling, NoPollIsLostAndEachIsASampleOfTheLog) {
     EXPECT_LE(std::ssize(frames), 1 + polls + 1);  // one may be on its way
     for (std::size_t k = 1; k < frames.size(); ++k) EXPECT_EQ(frames[k], (Bytes{1, 16, 17}));
     EXPECT_EQ(Texts(*this, {"lblZPS_ERR", "lblZPS_ERR1", "lblZPS_ENQ"}), "0 0 0");
+    auto& counter = Get<QLabel>("lblZPS_ERR");
+    QHelpEvent hover(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(&counter, &hover);
+    EXPECT_TRUE(counter.toolTip().contains(QString("올바른 응답 %1회").arg(polls)));
     EXPECT_EQ(Row(1), "0 0 00 0 0");
     const std::string last = Row(polls + 1);
     EXPECT_TRUE(last.starts_with(std::to_string(polls)) && last.ends_with(" 00 12.500 0.1250"));
@@ -66,10 +70,15 @@ TEST_F(RunPolling, APulledCableFreezesTheReadingsUntilItIsBack) {
     Line().Unplug();
     EXPECT_FALSE(Samples(2, 600ms));  // one reply may have been on its way
     EXPECT_EQ(Texts(*this, {"Output_ONOFF", "txtVOLT"}), "ON 12.500");
+    Boxes.WhileUp = [&](const Message&) {  // the sign of the link goes on
+        EXPECT_TRUE(WaitFor([&] { return Text("lblPOLL").startsWith("조회 멈춤"); }));
+    };
+    Choose("mnuPROGRAM_END");
+    EXPECT_EQ(Boxes.Shown[0].Default, Answer::No);
     Line().Plug();
     Link().Point(Line().DeviceName());
-    EXPECT_TRUE(Samples(3));
-    EXPECT_TRUE(Boxes.Shown.empty());
+    EXPECT_TRUE(Samples(3) && WaitFor([&] { return Text("lblPOLL") == "응답 0.2초 전"; }));
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
 }
 
 TEST_F(RunPolling, AnAutomaticRunGoesThroughItsStepsToItsEnd) {
