@@ -31,13 +31,12 @@ void GiveRoom(QMessageBox& box) {
     constexpr double textFactor = 1.15;
     constexpr int least = 360;        // px
     constexpr int besideTitle = 160;  // px, the title bar's own things
-    QFont title = box.font();
-    title.setBold(true);
-    const int wide =
-        std::max(least, QFontMetrics(title).horizontalAdvance(box.windowTitle()) + besideTitle);
-    QFont text = box.font();
-    text.setPointSizeF(text.pointSizeF() * textFactor);
-    box.setFont(text);
+    QFont face = box.font();
+    face.setPointSizeF(face.pointSizeF() * textFactor);
+    box.setFont(face);
+    face.setBold(true);
+    const int title = QFontMetrics(face).horizontalAdvance(box.windowTitle());
+    const int wide = std::max(least, title + besideTitle);
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
         grid->addItem(new QSpacerItem(wide, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }

@@ -1,6 +1,9 @@
 #include "controls/number_panels.h"
 
+#include "controls/number_face.h"
 #include "controls/widgets.h"
+
+#include <QPainter>
 
 #include <algorithm>
 
@@ -8,6 +11,7 @@ namespace zps {
 
 namespace {
 constexpr int Gap = 2;
+constexpr int GroupGap = 8;
 }  // namespace
 
 NumberPanels::NumberPanels(const QString& name, int count, int perLine, int lasting)
@@ -15,27 +19,70 @@ NumberPanels::NumberPanels(const QString& name, int count, int perLine, int last
       Lasting(static_cast<std::size_t>(lasting)),
       Shown(static_cast<std::size_t>(count)) {
     setObjectName(name);
-    setAccessibleName(QStringLiteral("수신 데이타"));
+    setAccessibleName(QStringLiteral("수신 데이터"));
     for (int number = 1; number <= count; ++number) AddLabel(number);
 }
 
 void NumberPanels::AddLabel(int number) {
     auto* label = MakeLabel(QStringLiteral("%1_%2").arg(objectName()).arg(number), {},
                             QStringLiteral("수신 바이트 %1").arg(number));
-    label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
+    label->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setIndent(3);
+    QFont face = label->font();
+    SetNumberFace(face);
+    label->setFont(face);
     // An empty panel is as large as a full one, so that no reply moves the others.
     label->setText(QStringLiteral("000"));
     label->setMinimumSize(label->sizeHint() + QSize(1, 0));
     label->clear();
     label->setParent(this);
-    Labels.push_back(label);
+    Panels.push_back({label, {}, (number - 1) % PerLine == 0 ? 0 : Gap});
+}
+
+void NumberPanels::SetCaptions(const std::vector<QStringList>& groups) {
+    const QFontMetrics metrics(CaptionFont());
+    auto next = Panels.begin();
+    for (const QStringList& group : groups) {
+        if (next != Panels.begin()) next->Before = GroupGap;
+        for (const QString& caption : group) {
+            QLabel& label = *next->Label;
+            next->Caption = caption;
+            label.setAccessibleName(label.accessibleName() + u' ' + caption);
+            label.setAlignment(Qt::AlignCenter);
+            label.setIndent(0);
+            label.setMinimumWidth(
+                std::max(label.minimumWidth(), metrics.horizontalAdvance(caption) + Gap));
+            ++next;
+        }
+    }
+    Captioned = true;
+    updateGeometry();
+}
+
+QFont NumberPanels::CaptionFont() const {
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.75);
+    return small;
+}
+
+int NumberPanels::CaptionHeight() const {
+    return Captioned ? QFontMetrics(CaptionFont()).height() : 0;
+}
+
+// The least one of the first line; no other is wider.
+int NumberPanels::LineWidth() const {
+    int wide = 0;
+    for (int place = 0; place < std::min(PerLine, Count()); ++place) {
+        const Panel& panel = Panels[static_cast<std::size_t>(place)];
+        wide += panel.Before + panel.Label->minimumWidth();
+    }
+    return wide;
 }
 
 QSize NumberPanels::SizeOf(int lines) const {
-    const QSize cell = Labels.front()->minimumSize() + QSize(Gap, Gap);
-    return QSize(PerLine * cell.width(), lines * cell.height()) - QSize(Gap, Gap);
+    const int high = Panels.front().Label->minimumHeight() + CaptionHeight() + Gap;
+    return {LineWidth(), lines * high - Gap};
 }
 
 QSize NumberPanels::sizeHint() const {
@@ -46,17 +93,33 @@ QSize NumberPanels::minimumSizeHint() const {
     return sizeHint();
 }
 
-// Edges from the whole width and height: no line of panels ends before the next.
+// What is over is shared out over the whole width and height: no line ends before the next.
 void NumberPanels::resizeEvent(QResizeEvent* /*event*/) {
-    const auto edge = [](int length, int place, int count) {
-        return (length + Gap) * place / count;
-    };
+    const int spare = std::max(width() - LineWidth(), 0);
+    const auto top = [this](int line) { return (height() + Gap) * line / LineCount(); };
+    int right = 0;
     for (int place = 0; place < Count(); ++place) {
+        const Panel& panel = Panels[static_cast<std::size_t>(place)];
         const int column = place % PerLine;
         const int line = place / PerLine;
-        const QPoint from(edge(width(), column, PerLine), edge(height(), line, LineCount()));
-        const QPoint to(edge(width(), column + 1, PerLine), edge(height(), line + 1, LineCount()));
-        Labels[static_cast<std::size_t>(place)]->setGeometry({from, to - QPoint(Gap + 1, Gap + 1)});
+        if (column == 0) right = 0;
+        const int left = right + panel.Before;
+        right = left + panel.Label->minimumWidth() + spare * (column + 1) / PerLine -
+                spare * column / PerLine;
+        const int high = top(line + 1) - Gap - top(line) - CaptionHeight();
+        panel.Label->setGeometry(left, top(line), right - left, high);
+    }
+}
+
+void NumberPanels::paintEvent(QPaintEvent* event) {
+    QFrame::paintEvent(event);
+    if (!Captioned) return;
+    QPainter painter(this);
+    painter.setFont(CaptionFont());
+    for (const Panel& panel : Panels) {
+        const QRect above = panel.Label->geometry();
+        const QRect below(above.left(), above.bottom() + 1, above.width(), CaptionHeight());
+        painter.drawText(below, Qt::AlignCenter, panel.Caption);
     }
 }
 
@@ -78,7 +141,7 @@ void NumberPanels::ShowBytes(std::span<const std::uint8_t> bytes, int blankTo) {
 
 void NumberPanels::SetTexts() {
     for (int panel = 1; panel <= Count(); ++panel)
-        Labels[static_cast<std::size_t>(panel - 1)]->setText(Text(panel));
+        Panels[static_cast<std::size_t>(panel - 1)].Label->setText(Text(panel));
 }
 
 }  // namespace zps

@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -22,7 +23,11 @@ class NumberPanels : public QFrame {
     // them.
     NumberPanels(const QString& name, int count, int perLine, int lasting = 0);
 
-    int Count() const { return static_cast<int>(Labels.size()); }
+    // Writes captions under the panels of a row of one line, in groups with a gap between them. One
+    // for each panel.
+    void SetCaptions(const std::vector<QStringList>& groups);
+
+    int Count() const { return static_cast<int>(Panels.size()); }
     // The least room that so many lines of panels take.
     QSize SizeOf(int lines) const;
     // What panel `panel` shows; std::out_of_range where there is none of that number.
@@ -38,16 +43,27 @@ class NumberPanels : public QFrame {
   protected:
     // The panels are placed here, not by a layout: that would lay out the window for each new text.
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
+    struct Panel {
+        QLabel* Label;
+        QString Caption;
+        int Before;  // px, between the one before and this one
+    };
+
     void AddLabel(int number);
     int LineCount() const { return (Count() + PerLine - 1) / PerLine; }
+    QFont CaptionFont() const;
+    int CaptionHeight() const;
+    int LineWidth() const;
     void SetTexts();
 
     const int PerLine;
     const std::size_t Lasting;
     std::vector<std::optional<std::uint8_t>> Shown;
-    std::vector<QLabel*> Labels;
+    std::vector<Panel> Panels;
+    bool Captioned = false;
     Paced Texts{[this] { SetTexts(); }};
 };
 

@@ -7,6 +7,7 @@
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
 #include "power/panel/header_layout.h"
+#include "power/panel/link_layout.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_progress.h"
@@ -136,6 +137,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
 }
 
 void POWER::Inside::TellLink() {
+    DescribeCounters(Controls, Quality);
     Happened.OnChange([this] { ShowEvent(Controls, Happened.Get()); });
     Held.OnRefusal([this](int step) {
         Happened.Note(EventKind::Refused,

@@ -16,17 +16,21 @@ void LinkQuality::Restart() {
 }
 
 void LinkQuality::OutputWentOn() {
-    FreshAt = Time.Now();
+    FreshAt = LastAsked = Time.Now();
+    UnansweredFrom.reset();
 }
 
 void LinkQuality::Asked() {
     ++AskedCount;
     AskedAt = Time.Now();
+    if (!UnansweredFrom || SinceAsked() > LongestGap) UnansweredFrom = AskedAt;
+    LastAsked = *AskedAt;
 }
 
 void LinkQuality::Answered(Reply result, std::size_t length) {
     if (result == Reply::Data) {
         FreshAt = Time.Now();
+        UnansweredFrom.reset();
         NoteResponse();
     } else {
         const Fault fault = length == 0            ? Fault::Nothing
@@ -64,6 +68,11 @@ std::optional<LinkQuality::milliseconds> LinkQuality::Median() const {
 std::optional<LinkQuality::milliseconds> LinkQuality::ReadingAge() const {
     if (!OutputOn()) return std::nullopt;
     return Since(FreshAt);
+}
+
+std::optional<LinkQuality::milliseconds> LinkQuality::UnansweredFor() const {
+    if (!UnansweredFrom) return std::nullopt;
+    return Since(*UnansweredFrom);
 }
 
 LinkQuality::milliseconds LinkQuality::Since(serial::Clock::time_point moment) const {

@@ -46,6 +46,14 @@ class LinkQuality {
     // Time since the last good data reply of the present output period, or since the output went on
     // if none has come yet. Empty while the output is off and so nothing is polled.
     std::optional<milliseconds> ReadingAge() const;
+    // Time since the last poll or the beginning of the period: nothing is asked while a message box
+    // is up, and the age of the reading then says nothing about the supply.
+    milliseconds SinceAsked() const { return Since(LastAsked); }
+    // How long polls have been going out without a good answer; empty where there is none to wait
+    // for. Begins anew behind a pause of the polls.
+    std::optional<milliseconds> UnansweredFor() const;
+    // The polls are never further apart than this while they go on.
+    static constexpr milliseconds LongestGap{1500};
 
   private:
     static constexpr std::size_t Remembered = 256;
@@ -62,6 +70,8 @@ class LinkQuality {
         Responses{};  // a ring; the next goes to Taken % Remembered
     std::size_t Taken = 0;
     std::optional<serial::Clock::time_point> AskedAt;  // until its answer
+    serial::Clock::time_point LastAsked;
+    std::optional<serial::Clock::time_point> UnansweredFrom;  // the first poll without one
     serial::Clock::time_point FreshAt;  // the last good reply, or the beginning of the period
 };
 

@@ -13,6 +13,11 @@ constexpr auto LookInterval = 150ms;
 constexpr auto Step = 200ms;
 constexpr auto LateFrom = 700ms;
 constexpr auto GoneFrom = 3s;
+constexpr auto Coarse = 3s;
+
+std::chrono::milliseconds RoundedUp(std::chrono::milliseconds age) {
+    return std::max<std::int64_t>((age + Step - 1ms) / Step, 1) * Step;
+}
 
 }  // namespace
 
@@ -37,10 +42,11 @@ void LinkWatch::Look() {
 LinkWatch::View LinkWatch::ViewNow() const {
     const auto age = Quality.ReadingAge();
     if (!age) return {};
-    if (*age >= GoneFrom) return {Pulse::Gone, *age - *age % 1s};
+    const auto shown = *age < Coarse ? RoundedUp(*age) : *age - *age % 1s;
+    if (Quality.UnansweredFor().value_or(0ms) >= GoneFrom) return {Pulse::Gone, shown};
     if (Quality.Polled().Answered == 0) return {Pulse::Awaited};
-    const auto steps = std::max<std::int64_t>((*age + Step - 1ms) / Step, 1);
-    return {*age < LateFrom ? Pulse::Answers : Pulse::Late, steps * Step};
+    if (*age < LateFrom) return {Pulse::Answers, shown};
+    return {Quality.SinceAsked() > LinkQuality::LongestGap ? Pulse::Paused : Pulse::Late, shown};
 }
 
 }  // namespace zps

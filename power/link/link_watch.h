@@ -16,6 +16,7 @@ enum class Pulse : std::uint8_t {
     Awaited,  // the output has just gone on, and no good answer has come yet
     Answers,
     Late,
+    Paused,  // the panel has stopped asking: a message box is up
     Gone,
 };
 
@@ -26,7 +27,7 @@ class LinkWatch {
     struct View {
         Pulse State = Pulse::NotPolled;
         // The age, never less than it is: in steps of 0.2 s, so that a supply that answers every
-        // poll shows a figure that stands still, and in whole seconds once it is gone.
+        // poll shows a figure that stands still, and in whole seconds from 3 s on.
         std::chrono::milliseconds Age{0};
         bool operator==(const View&) const = default;
     };

@@ -5,6 +5,7 @@
 #include "controls/widgets.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
 
 namespace zps {
 
@@ -31,19 +32,47 @@ QWidget* MakeSupply(PowerControls& controls) {
     row->addWidget(controls.lblSPEC_VA);
     row->addSpacing(16);
     row->addWidget(controls.lblLINK);
+    row->addSpacing(6);
     row->addStretch(1);
     return box;
 }
 
+constexpr int Inset = 8;  // px, of the text in its plate
+
+// Its plate, if it has one, is as large as its text.
+class EventLine : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!text().isEmpty() && palette().isBrushSet(QPalette::Normal, QPalette::Window)) {
+            const QRect words = fontMetrics().boundingRect(
+                contentsRect(),
+                static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextWordWrap, text());
+            QPainter painter(this);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(palette().color(QPalette::Window));
+            painter.drawRoundedRect(words.adjusted(-Inset, -Inset / 2, Inset, Inset / 2),
+                                    Inset / 2.0, Inset / 2.0);
+        }
+        QLabel::paintEvent(event);
+    }
+};
+
 QLabel* MakeEventLine() {
     constexpr int lines = 2;
-    auto* line = MakeLabel(QStringLiteral("lblNOTICE"), {}, QStringLiteral("마지막 사건"));
+    auto* line = new EventLine;
+    line->setObjectName(QStringLiteral("lblNOTICE"));
+    line->setAccessibleName(QStringLiteral("마지막 사건"));
+    line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
-    line->setMargin(3);
+    line->setContentsMargins(Inset, Inset / 2, Inset, Inset / 2);
     Enlarge(*line, 1.0);
     // However long its text is, it moves nothing beside it, and up to two lines nothing below.
     line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    line->setMinimumHeight(lines * QFontMetrics(line->font()).height() + 2 * line->margin());
+    line->setMinimumHeight(lines * QFontMetrics(line->font()).height() + Inset);
     return line;
 }
 
@@ -85,9 +114,12 @@ void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) 
     QLabel& line = *controls.lblNOTICE;
     line.setText(event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text
                        : QString());
-    line.setAutoFillBackground(false);
-    line.setPalette({});
-    if (event && IsAlarm(event->Kind)) PaintBackground(line, amber);
+    QPalette colours;
+    if (event && IsAlarm(event->Kind)) {
+        colours.setColor(QPalette::Window, amber);
+        colours.setColor(QPalette::WindowText, ReadableOn(amber));
+    }
+    line.setPalette(colours);
 }
 
 }  // namespace zps

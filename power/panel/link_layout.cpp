@@ -1,9 +1,15 @@
 #include "power/panel/link_layout.h"
 
+#include "controls/flowing_row.h"
 #include "controls/focus_holder.h"
+#include "controls/live_tool_tip.h"
+#include "controls/number_face.h"
 #include "controls/widgets.h"
 
 #include <QHBoxLayout>
+
+#include <array>
+#include <optional>
 
 namespace zps {
 
@@ -13,8 +19,10 @@ constexpr int ReplyPanels = 14;
 
 QLabel* MakeCounter(const QString& name, const QString& what) {
     auto* counter = MakeLabel(name, QStringLiteral("ZPS"), what);
-    counter->setToolTip(what);
     counter->setAlignment(Qt::AlignCenter);
+    QFont face = counter->font();
+    SetNumberFace(face);
+    counter->setFont(face);
     counter->setMinimumWidth(WidthFor(*counter, QStringLiteral("0000")));
     QPalette palette = counter->palette();
     const QColor ground = palette.color(QPalette::Base);
@@ -27,29 +35,81 @@ QLabel* MakeCounter(const QString& name, const QString& what) {
     return counter;
 }
 
+struct CounterKind {
+    QLabel* PowerControls::*Label;
+    const char* Name;
+    const char* Caption;
+    const char* What;
+};
+constexpr std::array CounterKinds{
+    CounterKind{&PowerControls::lblZPS_ERR, "lblZPS_ERR", "무응답", "무응답 횟수"},
+    CounterKind{&PowerControls::lblZPS_ERR1, "lblZPS_ERR1", "길이", "길이 오류 횟수"},
+    CounterKind{&PowerControls::lblZPS_ENQ, "lblZPS_ENQ", "헤더", "헤더 오류 횟수"},
+};
+
+QWidget* MakeCounters(PowerControls& controls) {
+    auto* box = new QWidget;
+    auto* row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addStretch(1);
+    for (const auto& [label, name, caption, what] : CounterKinds) {
+        controls.*label = MakeCounter(QString::fromUtf8(name), QString::fromUtf8(what));
+        row->addSpacing(8);
+        row->addWidget(MakeLabel({}, QString::fromUtf8(caption)));
+        row->addWidget(controls.*label);
+    }
+    return box;
+}
+
+NumberPanels* MakeBytes() {
+    auto* bytes = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
+    bytes->SetCaptions({{"ADDR", "STX", "LEN"},
+                        {"STATUS"},
+                        {"CODE"},
+                        {"V", "V", "V"},
+                        {"A", "A", "A"},
+                        {"STEP"},
+                        {"-", "-"}});
+    // Wider panels would only tear the reply apart.
+    bytes->setMaximumWidth(bytes->sizeHint().width() * 7 / 4);
+    return bytes;
+}
+
+QString InMilliseconds(const std::optional<LinkQuality::milliseconds>& time) {
+    return time ? QStringLiteral("%1 ms").arg(time->count()) : QStringLiteral("없음");
+}
+
 }  // namespace
 
 QWidget* MakeLinkLine(PowerControls& controls) {
-    auto* box = new QWidget;
-    auto* row = new QHBoxLayout(box);
-    controls.StatusBar_RXDATA =
-        new NumberPanels(QStringLiteral("StatusBar_RXDATA"), ReplyPanels, ReplyPanels);
-    controls.lblZPS_ERR = MakeCounter(QStringLiteral("lblZPS_ERR"), QStringLiteral("무응답 횟수"));
-    controls.lblZPS_ERR1 =
-        MakeCounter(QStringLiteral("lblZPS_ERR1"), QStringLiteral("길이 오류 횟수"));
-    controls.lblZPS_ENQ =
-        MakeCounter(QStringLiteral("lblZPS_ENQ"), QStringLiteral("헤더 오류 횟수"));
+    auto* reply = new QWidget;
+    auto* row = new QHBoxLayout(reply);
+    controls.StatusBar_RXDATA = MakeBytes();
     // Outside every frame that is ever disabled or hidden, so that it can always take the focus.
     controls.cmdFOCUS = new FocusHolder(QStringLiteral("cmdFOCUS"));
-    row->setContentsMargins(3, 2, 8, 4);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(4);
     row->addWidget(controls.cmdFOCUS);
-    row->addWidget(controls.StatusBar_RXDATA, 1);
-    row->addWidget(MakeLabel({}, QStringLiteral("통신 오류")));
-    for (QLabel* counter : {controls.lblZPS_ERR, controls.lblZPS_ERR1, controls.lblZPS_ENQ}) {
-        row->addWidget(counter);
+    row->addWidget(controls.StatusBar_RXDATA, 1000);  // up to its greatest width
+    row->addStretch(1);
+    auto* line = new FlowingRow(QBoxLayout::TopToBottom);
+    line->layout()->setContentsMargins(3, 2, 8, 4);
+    line->Add(*reply, 1);
+    line->Add(*MakeCounters(controls), 0);
+    return line;
+}
+
+void DescribeCounters(PowerControls& controls, const LinkQuality& quality) {
+    const auto words = [&quality](const QString& what) {
+        const auto polled = quality.Polled();
+        return QStringLiteral("%1\n조회 %2회, 올바른 응답 %3회\n응답 시간: 마지막 %4, 중앙값 %5")
+            .arg(what, QString::number(polled.Asked), QString::number(polled.Answered),
+                 InMilliseconds(polled.Last), InMilliseconds(polled.Median));
+    };
+    for (const CounterKind& kind : CounterKinds) {
+        const QString what = QString::fromUtf8(kind.What);
+        new LiveToolTip(*(controls.*kind.Label), [words, what] { return words(what); });
     }
-    return box;
 }
 
 }  // namespace zps

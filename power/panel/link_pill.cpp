@@ -1,6 +1,7 @@
 #include "power/panel/link_pill.h"
 
 #include "controls/colours.h"
+#include "controls/number_face.h"
 
 #include <QPainter>
 
@@ -12,26 +13,32 @@ namespace {
 
 using namespace std::chrono_literals;
 
+QString InWords(std::chrono::milliseconds age) {
+    if (age >= 1min) return QStringLiteral("%1분").arg(age / 1min);
+    if (age >= 3s) return QStringLiteral("%1초").arg(age / 1s);
+    return QStringLiteral("%1초").arg(static_cast<double>(age.count()) / 1000, 0, 'f', 1);
+}
+
 QString TextOf(const LinkWatch::View& view) {
     switch (view.State) {
         case Pulse::NotPolled:
-            return QStringLiteral("조회 안 함");
+            break;
         case Pulse::Awaited:
             return QStringLiteral("첫 응답 대기");
         case Pulse::Answers:
         case Pulse::Late:
-            return QStringLiteral("응답 %1초 전")
-                .arg(static_cast<double>(view.Age.count()) / 1000, 0, 'f', 1);
+            return QStringLiteral("응답 %1 전").arg(InWords(view.Age));
+        case Pulse::Paused:
+            return QStringLiteral("조회 멈춤 %1").arg(InWords(view.Age));
         case Pulse::Gone:
-            break;
+            return QStringLiteral("응답 없음 %1").arg(InWords(view.Age));
     }
-    return view.Age < 1min ? QStringLiteral("응답 없음 %1초").arg(view.Age / 1s)
-                           : QStringLiteral("응답 없음 %1분").arg(view.Age / 1min);
+    return QStringLiteral("조회 안 함");
 }
 
 // Invalid where the colour is the desktop's.
 QColor PlateOf(Pulse state) {
-    if (state == Pulse::Late) return {0xFF, 0xC9, 0x40};
+    if (state == Pulse::Late || state == Pulse::Paused) return {0xFF, 0xC9, 0x40};
     if (state == Pulse::Gone) return {0xC6, 0x28, 0x28};
     return {};
 }
@@ -42,7 +49,12 @@ LinkPill::LinkPill(const QString& name, const QString& accessibleName) {
     setObjectName(name);
     setAccessibleName(accessibleName);
     setTextFormat(Qt::PlainText);
-    const QFontMetrics metrics(font());
+    QFont face = font();
+    const QStringList words = face.families();
+    SetNumberFace(face);
+    face.setFamilies(face.families() + words);
+    setFont(face);
+    const QFontMetrics metrics(face);
     const int high = metrics.height() + 8;
     setContentsMargins(high, 0, high / 2, 0);
     setFixedSize(metrics.horizontalAdvance(QStringLiteral("응답 없음 000초")) + high * 3 / 2 + 2,

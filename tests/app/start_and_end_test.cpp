@@ -1,3 +1,4 @@
+#include "controls/error_texts.h"
 #include "tests/support/panel.h"
 
 #include <QAccessible>
@@ -34,7 +35,13 @@ TEST(StartUp, ShowsTheSettingsWindowAboveTheDisabledMainWindow) {
 TEST(StartUp, EndsWithThePortErrorOfTheMainWindow) {
     ScriptedPanel panel;
     panel.Line().Refuse(1, std::errc::permission_denied);
-    EXPECT_THROW(panel.Run.StartUp(), serial::PortError);
+    try {
+        panel.Run.StartUp();
+        FAIL();
+    } catch (const serial::PortError& error) {
+        const Message message = StartMessageOf(error);
+        EXPECT_TRUE(message.Title.startsWith("ZPS-RS232") && message.Text.contains("끝냅니다"));
+    }
 }
 
 // Menus, shortcuts and global menus press actions without asking the window.

@@ -120,21 +120,46 @@ TEST_F(HandlersOfAWindow, ReportWhatATimerRepeatsOnceUntilItSucceeds) {
 TEST(MessageBoxesOfTheToolkit, ShowWhatTheyAreToldAndTakeEscapeForNo) {
     ToolkitMessageBoxes boxes;
     QStringList seen;
+    QString title = "Title";
+    Answer byDefault = Answer::Yes;
     const auto show = [&](MessageIcon icon, MessageButtons buttons, const char* press) {
         QTimer::singleShot(0, [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             seen << box->windowTitle() + box->text() + QString::number(box->icon());
+            EXPECT_GE(box->width(), 160 + box->fontMetrics().horizontalAdvance(box->windowTitle()));
             for (auto* button : box->buttons()) {
                 if (button->text() == press) return button->click();
             }
-            QTest::keyClick(box, Qt::Key_Escape);
+            QTest::keyClick(box, *press == 0 ? Qt::Key_Escape : Qt::Key_Return);
         });
-        return boxes.Show(nullptr, {icon, "Title", "<b>", buttons});
+        return boxes.Show(nullptr, {icon, title, "<b>", buttons, byDefault});
     };
     EXPECT_EQ(show(MessageIcon::Question, MessageButtons::YesNo, "예(&Y)"), Answer::Yes);
     EXPECT_EQ(show(MessageIcon::Information, MessageButtons::YesNo, "아니요(&N)"), Answer::No);
     EXPECT_EQ(show(MessageIcon::Critical, MessageButtons::YesNo, ""), Answer::No);
     EXPECT_EQ(seen, (QStringList{"Title<b>4", "Title<b>1", "Title<b>3"}));
+    title = "A title that is much longer than what stands in the box";
+    EXPECT_EQ(show(MessageIcon::Warning, MessageButtons::YesNo, "Enter"), Answer::Yes);
+    byDefault = Answer::No;
+    EXPECT_EQ(show(MessageIcon::Question, MessageButtons::YesNo, "Enter"), Answer::No);
+}
+
+TEST(PanelsOfBytes, AreNeverNarrowerThanTheirNumbersAndCaptions) {
+    NumberPanels panels("Row", 4, 4);
+    panels.SetCaptions({{"-", "A VERY LONG CAPTION"}, {"B", "C"}});
+    panels.ShowBytes(Bytes{200, 200, 200, 200});
+    panels.show();
+    for (const int width : {panels.minimumSizeHint().width(), 1000}) {
+        panels.resize(width, panels.sizeHint().height());
+        QTest::qWait(50);
+        int right = -1;
+        for (const auto* label : panels.findChildren<QLabel*>()) {
+            EXPECT_GE(label->width(), label->sizeHint().width());
+            EXPECT_GT(label->x(), right);
+            right = label->geometry().right();
+        }
+        EXPECT_EQ(right, width - 1);
+    }
 }
 
 TEST(PanelsOfBytes, ShowALoneReplyAtOnceAndAStreamNoMoreOftenThanItCanBeRead) {

@@ -64,7 +64,11 @@ void ExpectGoodLooks(QWidget& window) {
         return control.isVisible() && !control.text().isEmpty();
     };
     for (auto* label : window.findChildren<QLabel*>()) {
-        if (shows(*label)) ExpectReadable(*label, label->text(), label->sizeHint());
+        if (!shows(*label)) continue;
+        const int lines = label->heightForWidth(label->width());  // negative where it never wraps
+        const QSize whole = label->sizeHint();
+        ExpectReadable(*label, label->text(),
+                       {whole.width(), lines < 0 ? whole.height() : lines});
     }
     for (auto* button : window.findChildren<QAbstractButton*>()) {
         if (!shows(*button)) continue;

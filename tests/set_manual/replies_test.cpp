@@ -83,6 +83,9 @@ TEST_P(ReplyOf, TheChainIsAskedForAgainThenShownAndOpensThePanelOnlyIfGood) {
     panel.Run.Settings()->close();
     for (const char* frame : {"frmPOWERDISPLAY", "fraDATA"})
         EXPECT_EQ(panel.Get<QFrame>(frame).isVisible(), good) << frame;
+    EXPECT_NE(panel.Get<QWidget>("fraNOLINK").isVisible(), good);
+    EXPECT_EQ(panel.Text("lblCAUSE").contains("응답이 없습니다"),
+              good || one.Result == Reply::None);
     EXPECT_TRUE(panel.Boxes.Shown.empty());
 }
 

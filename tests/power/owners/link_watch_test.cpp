@@ -12,7 +12,7 @@ namespace {
 struct WatchingALink : testing::Test, ScriptedLink {
     WatchingALink() {
         Watch.OnChange([this] {
-            Told += "-wALG"[static_cast<int>(Watch.Seen().State)] +
+            Told += "-wALPG"[static_cast<int>(Watch.Seen().State)] +
                     std::to_string(Watch.Seen().Age.count()) + ' ';
         });
         Watch.OnLost([this] { Told += "lost "; });
@@ -24,11 +24,12 @@ struct WatchingALink : testing::Test, ScriptedLink {
         if (on) Quality.OutputWentOn();
         Watch.Look();
     }
-    // What is told in the next `span` with an answer every 165 ms, or with none.
-    std::string In(std::chrono::milliseconds span, bool answers) {
+    // What is told in the next `span` with a poll every 165 ms, or none, and its answer, or none.
+    std::string In(std::chrono::milliseconds span, bool answers, bool asks = true) {
         for (const auto end = Line->Waited() + span; Line->Waited() < end;) {
             Time.Pass(165ms);
-            if (answers) Quality.Asked(), Quality.Answered(Reply::Data, DataLength);
+            if (asks) Quality.Asked();
+            if (answers) Quality.Answered(Reply::Data, DataLength);
         }
         return std::exchange(Told, {});
     }
@@ -49,9 +50,20 @@ TEST_F(WatchingALink, TellsEachChangeOnceAndNothingOfASupplyThatAnswersEveryPoll
     Switch(false);
     EXPECT_EQ(In(1min, false), "-0 ");
     Switch(true);
-    EXPECT_EQ(In(3100ms, false), "w0 G3000 lost ");
+    EXPECT_EQ(In(3400ms, false), "w0 G3000 lost ");
     Switch(false);  // not back, nobody knows
     EXPECT_EQ(In(1s, true), "-0 ");
+}
+
+// While a message box is up.
+TEST_F(WatchingALink, DoesNotBlameTheSupplyWhereNothingIsAsked) {
+    Switch(true);
+    In(1s, true);
+    EXPECT_EQ(In(5s, false, false),
+              "A400 A600 A800 L800 L1000 L1200 L1400 P1600 P1800 P2000 P2200 "
+              "P2400 P2600 P2800 P3000 P4000 ");
+    EXPECT_EQ(In(300ms, false), "P5000 L5000 ");
+    EXPECT_EQ(In(1s, true), "A200 ");
 }
 
 TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
