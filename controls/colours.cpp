@@ -44,21 +44,34 @@ double Contrast(const QColor& one, const QColor& other) {
     return (light + stray) / (dark + stray);
 }
 
+QColor FaintOn(const QColor& background) {
+    constexpr double readable = 4.5;
+    QColor faint = ReadableOn(background);
+    const int step = faint == Qt::white ? -3 : 3;
+    while (true) {
+        const int level = faint.red() + step;
+        const QColor next(level, level, level);
+        if (!next.isValid() || Contrast(background, next) < readable) return faint;
+        faint = next;
+    }
+}
+
 QColor ReadableOn(const QColor& background) {
     const bool whiteReadsBetter =
         Contrast(background, Qt::white) >= Contrast(background, Qt::black);
     return whiteReadsBetter ? Qt::white : Qt::black;
 }
 
-void PaintBackground(QWidget& control, const QColor& background) {
+void PaintBackground(QWidget& control, const QColor& background, const QColor& disabledText) {
     const QColor text = ReadableOn(background);
+    const QColor disabled = disabledText.isValid() ? disabledText : Dimmed(text, background);
     QPalette palette = control.palette();
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
         palette.setColor(role, background);
     }
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
-        palette.setColor(QPalette::Disabled, role, Dimmed(text, background));
+        palette.setColor(QPalette::Disabled, role, disabled);
     }
     if (palette == control.palette()) return;
     control.setPalette(palette);

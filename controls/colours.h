@@ -34,8 +34,12 @@ double Contrast(const QColor& one, const QColor& other);
 // Black or white, whichever reads better on `background`.
 QColor ReadableOn(const QColor& background);
 
-// Gives `control` this background with a readable text, enabled or not.
-void PaintBackground(QWidget& control, const QColor& background);
+// The grey that stands back most on `background` and can still be read.
+QColor FaintOn(const QColor& background);
+
+// Gives `control` this background with a readable text, enabled or not; while it is disabled in
+// `disabledText`, if that is given.
+void PaintBackground(QWidget& control, const QColor& background, const QColor& disabledText = {});
 void PaintBackground(QWidget& control, Colour colour);
 
 }  // namespace zps
