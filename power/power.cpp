@@ -6,6 +6,7 @@
 #include "power/panel/gate.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
+#include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
 #include "power/run/output_switch.h"
 #include "power/run/remote_switch.h"
@@ -56,6 +57,7 @@ struct POWER::Inside {
 
     Entries Fields;
     Commands Ways;
+    AutoProgress Progress;
     StepList Rows;
     StepEntry Entry;
     StepScrolling Scrolling;
@@ -85,7 +87,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
       Fields(Parts, Door),
       Ways(Parts, Door, Fields),
-      Rows(Parts, Held),
+      Progress(source, Time),
+      Rows(Parts, {Held, Lock, [this] { return Progress.RunningStep(); }}),
       Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
       Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
@@ -97,18 +100,16 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       OutputButton(
           Parts, Ways,
           {Door, Fields, Out, Start, Polls, Shown, Lock, Rows, Held, Log, around.Loop, Time}),
-      Sequence(Parts, Fields),
-      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log}) {
+      Sequence(Parts, Fields, Progress),
+      Replies(Parts, {*comPOWER, Held, Out, Start, Polls, Functions, Shown, Log, Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
     Out.OnChange([this] { ShowOutput(); });
     Lock.OnChange([this] { Refresh(); });
     Rows.OnSelect([this] { Refresh(); });
-    Held.OnChange([this] {
-        Rows.Repaint();
-        Refresh();
-    });
+    Held.OnChange([this] { Refresh(); });
+    Progress.OnChange([this] { Rows.Repaint(); });
 }
 
 POWER::Inside::~Inside() {
@@ -136,6 +137,7 @@ PanelState POWER::Inside::State() const {
 
 void POWER::Inside::Refresh() {
     Enable(Controls, UsableIn(State()));
+    Rows.Repaint();  // the marks and tool tips follow the same state
 }
 
 void POWER::Inside::ShowOutput() {
@@ -143,6 +145,7 @@ void POWER::Inside::ShowOutput() {
     OvpUnderLoad = false;
     Polls.Stop();
     if (!Out.On()) Functions.PollsEnded();
+    Progress.OutputSwitched(Out.On(), Functions.AutoOn());
     Lock.ReleaseEditLock();
     Refresh();
 }
@@ -236,6 +239,7 @@ void POWER::ConnectionChanged() {
     const bool hidden = !Self->Parts.Source.RatingsKnown() && !Self->Ratings.isEmpty();
     Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
     Self->Shown.Refresh();
+    Self->Rows.Repaint();
 }
 
 void POWER::ReportPort(const serial::PortError& error) {
@@ -275,6 +279,7 @@ void POWER::FunctionsReset() {
     if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
     Self->Out.WentOff();
     Self->Functions.Reset();
+    Self->Progress.Forget();
 }
 
 void POWER::comPOWER_Event() {
@@ -348,7 +353,10 @@ bool POWER::event(QEvent* event) {
         if (event->type() == QEvent::WindowActivate) Self->Lock.ResumeConfinement();
         if (event->type() == QEvent::WindowDeactivate) Self->Lock.SuspendConfinement();
         // The colours of plain rows are the desktop's.
-        if (event->type() == QEvent::PaletteChange) Self->Rows.Repaint();
+        if (event->type() == QEvent::PaletteChange) {
+            Self->Rows.Repaint();
+            Self->Sequence.Repaint();
+        }
     }
     return QMainWindow::event(event);
 }

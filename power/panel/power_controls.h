@@ -6,6 +6,8 @@
 #include "controls/lamp.h"
 #include "controls/number_panels.h"
 #include "controls/read_out.h"
+#include "power/panel/step_button.h"
+#include "power/panel/step_legend.h"
 #include "power/panel/step_list_frame.h"
 #include "power/panel/step_scroll_bar.h"
 #include "source/step_table.h"
@@ -62,7 +64,9 @@ struct PowerControls {
     // Step list
     StepListFrame* fraSTEPLIST = nullptr;
     StepScrollBar* vscAUTOSTEP = nullptr;
-    std::array<QPushButton*, RowCount> txPSTEP{};
+    QLabel* lblSTEPRANGE = nullptr;  // which steps are visible
+    StepLegend* fraSTEPLEGEND = nullptr;
+    std::array<StepButton*, RowCount> txPSTEP{};
     std::array<EntryField*, RowCount> txPVOLT{};
     std::array<EntryField*, RowCount> txPCURR{};
     std::array<EntryField*, RowCount> txPTIME{};

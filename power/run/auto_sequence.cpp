@@ -1,6 +1,9 @@
 #include "power/run/auto_sequence.h"
 
+#include "controls/colours.h"
 #include "source/numbers.h"
+
+#include <QApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -41,8 +44,12 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
 
 }  // namespace
 
-AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), Fields(fields) {
+AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress)
+    : Parts(parts), Fields(fields), Progress(progress) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
+    Parts.Controls.txtPAUTOSTEP->setPlaceholderText(QStringLiteral("예: 00>01>02>"));
+    Parts.Controls.txtPAUTOCOUNT->SetUnit(QStringLiteral("회"));
+    Repaint();
     Entries::Rules sequence;
     sequence.GotFocus = [this] { Told.clear(); };
     sequence.Change = [this] { txtPAUTOSTEP_Change(); };
@@ -56,6 +63,15 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields) : Parts(parts), F
     Entries::Rules count;
     count.LostFocus = count.Committed = [this] { txtPAUTOCOUNT_LostFocus(); };
     Fields.Connect(*Parts.Controls.txtPAUTOCOUNT, std::move(count));
+}
+
+void AutoSequence::Repaint() {
+    for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
+        QPalette palette = QApplication::palette(box);
+        const QColor ground = palette.color(QPalette::Disabled, QPalette::Base);
+        palette.setColor(QPalette::Disabled, QPalette::Text, FaintOn(ground));
+        box->setPalette(palette);
+    }
 }
 
 void AutoSequence::txtPAUTOSTEP_Change() {
@@ -95,6 +111,7 @@ void AutoSequence::txtPAUTOSTEP_LostFocus() {
     FrameBuilder builder(Parts.Source.PowerAddr);
     builder.Command(letter::Sequence).Append(*steps).Append({EndOfSequence});
     Parts.Sender.Send(builder.Finish(), ExpectAck);
+    Progress.SequenceSent(*steps);
 }
 
 // No error of the entry: whatever took the focus away goes on. The focus comes back to the box; the
@@ -127,8 +144,10 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     field.Write(QString::fromStdString(text));
     if (Fields.Open() == &field) Fields.Accept(field);
     FrameBuilder builder(CountAddress);
-    builder.Command(letter::Count).AppendWord(RoundHalfEven(std::round(count)));
+    const std::int32_t cycles = RoundHalfEven(std::round(count));
+    builder.Command(letter::Count).AppendWord(cycles);
     Parts.Sender.Send(builder.Finish(), ExpectAck);
+    Progress.CountSent(cycles);
 }
 
 }  // namespace zps

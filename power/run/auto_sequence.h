@@ -1,6 +1,7 @@
 // The order in which the supply runs its steps by itself, and how often.
 #pragma once
 
+#include "power/run/auto_progress.h"
 #include "power/steps/entries.h"
 
 #include <QString>
@@ -9,7 +10,11 @@ namespace zps {
 
 class AutoSequence {
   public:
-    AutoSequence(PowerParts& parts, Entries& fields);
+    // `progress` is told what is sent.
+    AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress);
+
+    // The boxes stay readable while they are locked, also in other colours of the desktop.
+    void Repaint();
 
   private:
     void txtPAUTOSTEP_Change();
@@ -20,6 +25,7 @@ class AutoSequence {
 
     PowerParts& Parts;
     Entries& Fields;
+    AutoProgress& Progress;
     QString Told;  // the sequence about whose unsent steps the operator has been told
 };
 

@@ -68,6 +68,7 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
     Around.Functions.Reported(values.Status, Around.Out.On());
     if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
+    Around.Progress.Reported(values.Step);
     if (Around.Out.On() && Parts.Source.RatingsKnown()) TakeReadBack(values);
     return message;
 }

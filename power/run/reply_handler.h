@@ -6,6 +6,7 @@
 #include "power/log/measurement_log.h"
 #include "power/panel/power_parts.h"
 #include "power/panel/read_outs.h"
+#include "power/run/auto_progress.h"
 #include "power/run/function_switches.h"
 #include "power/run/output.h"
 #include "power/run/step_start.h"
@@ -27,6 +28,7 @@ class ReplyHandler {
         FunctionSwitches& Functions;
         ReadOuts& Shown;
         MeasurementLog& Log;
+        AutoProgress& Progress;
     };
     ReplyHandler(PowerParts& parts, const Surround& around) : Parts(parts), Around(around) {}
 
