@@ -67,7 +67,7 @@ void EntryField::ShowWords() {
 
 void EntryField::SetUnit(const QString& unit) {
     Unit = unit;
-    setTextMargins(0, 0, fontMetrics().horizontalAdvance(unit) + 2, 0);
+    setTextMargins(0, 0, fontMetrics().horizontalAdvance(unit) + 4, 0);
 }
 
 void EntryField::focusInEvent(QFocusEvent* event) {
@@ -126,6 +126,7 @@ void EntryField::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     if (!Unit.isEmpty()) {
         constexpr int frame = 4;  // px
+        painter.setPen(palette().color(QPalette::Text));
         painter.drawText(rect().adjusted(0, 0, -frame, 0), Qt::AlignRight | Qt::AlignVCenter, Unit);
     }
     DrawFrame(painter);

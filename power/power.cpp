@@ -159,6 +159,7 @@ void POWER::Inside::ShowScrolled() {
 bool POWER::Inside::SendTopStep() {
     if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
     Out.ForgetForStepStart();
+    Progress.OutputSwitched(false, false);
     Upload.SendTopStep();
     return true;
 }

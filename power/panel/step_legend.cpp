@@ -41,7 +41,7 @@ class Swatch : public QWidget {
         const bool refused = Shown.Mark == StepMark::Refused;
         QPainter painter(this);
         painter.fillRect(rect(), back);
-        painter.setPen(ReadableOn(back));
+        painter.setPen(isEnabled() ? ReadableOn(back) : FaintOn(back));
         constexpr double size = 10;
         DrawMark(painter, QRectF((width() - size) / 2, (height() - size) / 2, size, size),
                  Shown.Mark);
@@ -59,11 +59,11 @@ QWidget* MakeMeanings(QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* row = new QHBoxLayout(page);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(4);
+    row->setSpacing(3);
     for (const Item& item : Items) {
         row->addWidget(new Swatch(item, page));
         row->addWidget(MakeLabel({}, QString::fromUtf8(item.Text)));
-        row->addSpacing(6);
+        row->addSpacing(3);
     }
     row->addWidget(MakeLabel({}, QStringLiteral("번호를 누르면 송신")));
     row->addStretch(1);

@@ -72,7 +72,7 @@ EntryField* MakeField(const Column& column, int row, QWidget* parent) {
 void AddHeading(QGridLayout& grid, int place, const QString& text, Qt::Alignment alignment) {
     auto* heading = MakeLabel({}, text);
     heading->setAlignment(alignment | Qt::AlignBottom);
-    heading->setContentsMargins(TextMargin, 3, TextMargin, 2);
+    heading->setContentsMargins(TextMargin, 3, TextMargin + 3, 2);  // as the fields have it
     heading->setAutoFillBackground(true);
     grid.addWidget(heading, 0, place);
 }

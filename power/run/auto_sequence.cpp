@@ -1,6 +1,7 @@
 #include "power/run/auto_sequence.h"
 
 #include "controls/colours.h"
+#include "controls/number_face.h"
 #include "source/numbers.h"
 
 #include <QApplication>
@@ -49,6 +50,11 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& pro
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
     Parts.Controls.txtPAUTOSTEP->setPlaceholderText(QStringLiteral("예: 00>01>02>"));
     Parts.Controls.txtPAUTOCOUNT->SetUnit(QStringLiteral("회"));
+    for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
+        QFont face = box->font();
+        SetNumberFace(face);
+        box->setFont(face);
+    }
     Repaint();
     Entries::Rules sequence;
     sequence.GotFocus = [this] { Told.clear(); };
@@ -68,8 +74,11 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& pro
 void AutoSequence::Repaint() {
     for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
         QPalette palette = QApplication::palette(box);
-        const QColor ground = palette.color(QPalette::Disabled, QPalette::Base);
-        palette.setColor(QPalette::Disabled, QPalette::Text, FaintOn(ground));
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const QColor faint = FaintOn(palette.color(group, QPalette::Base));
+            palette.setColor(group, QPalette::PlaceholderText, faint);
+            if (group == QPalette::Disabled) palette.setColor(group, QPalette::Text, faint);
+        }
         box->setPalette(palette);
     }
 }

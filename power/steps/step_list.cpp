@@ -39,7 +39,8 @@ void StepList::PaintButton(int row, const RowLook& look) {
     const QString told = words.join(QStringLiteral(", "));
     if (told == button.accessibleDescription()) return;
     button.setAccessibleDescription(told);
-    button.setToolTip(QStringLiteral("번호를 누르면 송신 (%1)").arg(told));
+    const bool sends = StepOf(row) != Selected;  // a click on the selected step does nothing more
+    button.setToolTip(sends ? QStringLiteral("번호를 누르면 송신 (%1)").arg(told) : told);
 }
 
 void StepList::PaintField(const StepField& kind, int row, const RowLook& look) {
