@@ -18,7 +18,7 @@ double Luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
-constexpr double DisabledShare = 0.25;  // of the background in a disabled text
+constexpr double ReadableContrast = 4.5;
 
 }  // namespace
 
@@ -36,6 +36,17 @@ double Contrast(const QColor& one, const QColor& other) {
     return (light + stray) / (dark + stray);
 }
 
+QColor FaintOn(const QColor& background) {
+    QColor faint = ReadableOn(background);
+    const int step = faint == Qt::white ? -3 : 3;
+    while (true) {
+        const int level = faint.red() + step;
+        const QColor next(level, level, level);
+        if (!next.isValid() || Contrast(background, next) < ReadableContrast) return faint;
+        faint = next;
+    }
+}
+
 QColor ReadableOn(const QColor& background) {
     const bool whiteReadsBetter =
         Contrast(background, Qt::white) >= Contrast(background, Qt::black);
@@ -50,15 +61,24 @@ QColor Between(const QColor& one, const QColor& other, double share) {
             mixed(one.blue(), other.blue())};
 }
 
-void PaintBackground(QWidget& control, const QColor& background) {
+QColor DisabledText(const QColor& text, const QColor& background) {
+    for (double share = 0.25; share > 0; share -= 0.05) {
+        const QColor dimmed = Between(text, background, share);
+        if (Contrast(dimmed, background) >= ReadableContrast) return dimmed;
+    }
+    return text;
+}
+
+void PaintBackground(QWidget& control, const QColor& background, const QColor& disabledText) {
     const QColor text = ReadableOn(background);
+    const QColor disabled = disabledText.isValid() ? disabledText : DisabledText(text, background);
     QPalette palette = control.palette();
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
         palette.setColor(role, background);
     }
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
-        palette.setColor(QPalette::Disabled, role, Between(text, background, DisabledShare));
+        palette.setColor(QPalette::Disabled, role, disabled);
     }
     if (palette == control.palette()) return;
     control.setPalette(palette);

@@ -37,8 +37,16 @@ QColor ReadableOn(const QColor& background);
 // `one` with this share (0 to 1) of `other` in it.
 QColor Between(const QColor& one, const QColor& other, double share);
 
-// Gives `control` this background with a readable text, enabled or not.
-void PaintBackground(QWidget& control, const QColor& background);
+// What `text` looks like in a disabled control: a little towards the background, and still to be
+// read.
+QColor DisabledText(const QColor& text, const QColor& background);
+
+// The grey that stands back most on `background` and can still be read.
+QColor FaintOn(const QColor& background);
+
+// Gives `control` this background with a readable text, enabled or not; while it is disabled in
+// `disabledText`, if that is given.
+void PaintBackground(QWidget& control, const QColor& background, const QColor& disabledText = {});
 void PaintBackground(QWidget& control, Colour colour);
 
 }  // namespace zps

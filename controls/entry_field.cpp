@@ -1,5 +1,7 @@
 #include "controls/entry_field.h"
 
+#include "controls/colours.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -44,13 +46,28 @@ void EntryField::Write(const QString& text) {
 void EntryField::MarkRefused(bool refused) {
     if (refused == Marked) return;
     Marked = refused;
+    ShowWords();
+    update();
+}
+
+void EntryField::SetHint(const QString& hint) {
+    if (hint == Hint) return;
+    Hint = hint;
+    ShowWords();
+}
+
+void EntryField::ShowWords() {
     const QString words =
-        refused
+        Marked
             ? QStringLiteral("전원 장치가 이 값을 받지 않았습니다. Enter를 누르면 다시 보냅니다.")
-            : QString();
+            : Hint;
     setToolTip(words);
     setAccessibleDescription(words);
-    update();
+}
+
+void EntryField::SetUnit(const QString& unit) {
+    Unit = unit;
+    setTextMargins(0, 0, fontMetrics().horizontalAdvance(unit) + 4, 0);
 }
 
 void EntryField::focusInEvent(QFocusEvent* event) {
@@ -106,11 +123,23 @@ void EntryField::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void EntryField::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
-    if (!Marked) return;
-    constexpr int Thickness = 3;  // px
     QPainter painter(this);
-    painter.setPen(QPen(QColor(0xC0, 0, 0), Thickness));
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    if (!Unit.isEmpty()) {
+        constexpr int frame = 4;  // px
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(rect().adjusted(0, 0, -frame, 0), Qt::AlignRight | Qt::AlignVCenter, Unit);
+    }
+    DrawFrame(painter);
+}
+
+// One without a frame of its own stands in a grid, and shows the focus all the same.
+void EntryField::DrawFrame(QPainter& painter) {
+    const bool focus = !hasFrame() && hasFocus();
+    if (!Marked && !focus) return;
+    const int thickness = Marked ? 3 : 2;
+    const QColor colour = Marked ? ToQColor(Colour::DarkRed) : palette().color(QPalette::Highlight);
+    painter.setPen(QPen(colour, thickness));
+    painter.drawRect(rect().adjusted(1, 1, -thickness / 2 - 1, -thickness / 2 - 1));
 }
 
 }  // namespace zps

@@ -37,6 +37,10 @@ class EntryField : public QLineEdit {
     // Shows that the supply has not taken the value, and tells it to screen readers.
     void MarkRefused(bool refused);
     bool Refused() const { return Marked; }
+    // What can be entered here, as tool tip and for screen readers.
+    void SetHint(const QString& hint);
+    // What the number counts, behind it in the field.
+    void SetUnit(const QString& unit);
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
@@ -49,10 +53,15 @@ class EntryField : public QLineEdit {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void ShowWords();
+    void DrawFrame(QPainter& painter);
+
     Listener On;
     QString Known;         // the text before the next change
     bool Writing = false;  // the program sets the text
     bool Marked = false;
+    QString Hint;
+    QString Unit;
     // The mouse has brought the focus: it selects the whole text, as Tab does, until it is pressed
     // again.
     bool FocusByMouse = false;

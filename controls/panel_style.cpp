@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <qdrawutil.h>
 
+#include <utility>
+
 namespace zps {
 
 namespace {
@@ -30,6 +32,13 @@ void PanelStyle::polish(QPalette& palette) {
         if (Contrast(palette.color(group, QPalette::Highlight), text) >= readable) continue;
         palette.setColor(group, QPalette::Highlight, QColor(0x1F, 0x6F, 0xA8));
         palette.setColor(group, QPalette::HighlightedText, Qt::white);
+    }
+    for (const auto& [text, ground] : {std::pair{QPalette::WindowText, QPalette::Window},
+                                       {QPalette::ButtonText, QPalette::Button},
+                                       {QPalette::Text, QPalette::Base}}) {
+        palette.setColor(QPalette::Disabled, text,
+                         DisabledText(palette.color(QPalette::Active, text),
+                                      palette.color(QPalette::Disabled, ground)));
     }
 }
 

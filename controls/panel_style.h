@@ -12,7 +12,8 @@ class PanelStyle : public QProxyStyle {
   public:
     PanelStyle();
 
-    // Gives what is selected, in lists, menus and fields, colours that its text reads well in.
+    // Gives what is selected, in lists, menus and fields, and what is disabled colours that its
+    // text reads well in.
     void polish(QPalette& palette) override;
     using QProxyStyle::polish;
 

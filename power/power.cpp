@@ -105,7 +105,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Fields(Parts, Door),
       Ways(Parts, Door, Fields),
       Progress(source, Time),
-      Rows(Parts, Held),
+      Rows(Parts, {Held, Lock, [this] { return Progress.RunningStep(); }}),
       Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
       Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
@@ -129,10 +129,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     Shown.OnShown([this] { Display.NumbersShown(); });
     Lock.OnChange([this] { Refresh(); });
     Rows.OnSelect([this] { Refresh(); });
-    Held.OnChange([this] {
-        Rows.Repaint();
-        Refresh();
-    });
+    Held.OnChange([this] { Refresh(); });
+    Progress.OnChange([this] { Rows.Repaint(); });
     TellLink();
 }
 
@@ -179,6 +177,7 @@ PanelState POWER::Inside::State() const {
 void POWER::Inside::Refresh() {
     Enable(Controls, UsableIn(State()));
     Display.Refresh();
+    Rows.Repaint();  // the marks and tool tips follow the same state
 }
 
 void POWER::Inside::ShowOutput() {
@@ -295,6 +294,7 @@ void POWER::ConnectionChanged() {
     Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
     Self->ShowConnection();
     Self->Shown.Refresh();
+    Self->Rows.Repaint();
 }
 
 void POWER::ReportPort(const serial::PortError& error) {
@@ -414,7 +414,10 @@ bool POWER::event(QEvent* event) {
         if (event->type() == QEvent::WindowActivate) Self->Lock.ResumeConfinement();
         if (event->type() == QEvent::WindowDeactivate) Self->Lock.SuspendConfinement();
         // The colours of plain rows are the desktop's.
-        if (event->type() == QEvent::PaletteChange) Self->Rows.Repaint();
+        if (event->type() == QEvent::PaletteChange) {
+            Self->Rows.Repaint();
+            Self->Sequence.Repaint();
+        }
     }
     return QMainWindow::event(event);
 }

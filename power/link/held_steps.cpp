@@ -30,6 +30,7 @@ HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Time
 
 void HeldSteps::Put(const Sent& sent, const Frame& frame) {
     Sender.AwaitOutstanding();  // hears the answer to the values before
+    Changes.at(Index(sent.Step)) &= ~sent.Values;
     if (sent.Selects) {
         MaybeAt.set(Index(sent.Step));
     } else {
@@ -55,6 +56,7 @@ void HeldSteps::Lose(int step, StepValues values) {
 }
 
 void HeldSteps::Changed(int step, StepValue value) {
+    Changes.at(Index(step)) |= Only(value);
     Lose(step, Only(value));
     Told();
 }
@@ -63,6 +65,7 @@ void HeldSteps::Forget() {
     Awaited.reset();
     Acknowledged.fill({});
     Refusals.fill({});
+    Changes.fill({});
     MaybeAt.set();
     Source.Flags.reset();
     Told();

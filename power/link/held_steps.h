@@ -49,6 +49,9 @@ class HeldSteps {
     // The values of `step` that were sent and that the supply refused or did not acknowledge.
     const StepValues& Refused(int step) const { return Refusals.at(Index(step)); }
 
+    // The values of `step` that have been changed since they were last sent.
+    const StepValues& Unsent(int step) const { return Changes.at(Index(step)); }
+
     // Whether the supply is known to have selected `step`.
     bool IsAt(int step) const { return MaybeAt.count() == 1 && MaybeAt.test(Index(step)); }
 
@@ -82,6 +85,7 @@ class HeldSteps {
     std::optional<Sent> Awaited;
     std::array<StepValues, StepCount> Acknowledged{};  // as they stand in the table
     std::array<StepValues, StepCount> Refusals{};
+    std::array<StepValues, StepCount> Changes{};
     std::bitset<StepCount> MaybeAt = std::bitset<StepCount>().set();  // the supply's selected step
     std::function<void()> Told = [] {};
     std::function<void(int)> ToldRefusal = [](int) {};

@@ -10,6 +10,8 @@
 #include "power/panel/link_pill.h"
 #include "power/panel/no_link_card.h"
 #include "power/panel/plate_controls.h"
+#include "power/panel/step_button.h"
+#include "power/panel/step_legend.h"
 #include "power/panel/step_list_frame.h"
 #include "power/panel/step_scroll_bar.h"
 #include "source/step_table.h"
@@ -69,7 +71,9 @@ struct PowerControls {
     // Step list
     StepListFrame* fraSTEPLIST = nullptr;
     StepScrollBar* vscAUTOSTEP = nullptr;
-    std::array<QPushButton*, RowCount> txPSTEP{};
+    QLabel* lblSTEPRANGE = nullptr;  // which steps are visible
+    StepLegend* fraSTEPLEGEND = nullptr;
+    std::array<StepButton*, RowCount> txPSTEP{};
     std::array<EntryField*, RowCount> txPVOLT{};
     std::array<EntryField*, RowCount> txPCURR{};
     std::array<EntryField*, RowCount> txPTIME{};

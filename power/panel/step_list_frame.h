@@ -3,8 +3,11 @@
 
 #include <QCoreApplication>
 #include <QFrame>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
+
+#include <functional>
 
 namespace zps {
 
@@ -16,6 +19,11 @@ class StepListFrame : public QFrame {
     void KeepFocus(bool on) { Kept = on; }
     // `bar` is a child of the frame.
     void SetBar(QScrollBar& bar) { Bar = &bar; }
+
+    // Something in the list that can't be used has been clicked.
+    std::function<void(const QWidget& control)> OnBarredPress = [](const QWidget&) {};
+    // The list as a whole can be used from now on, or can't.
+    std::function<void()> OnEnabled = [] {};
 
   protected:
     bool focusNextPrevChild(bool next) override {
@@ -33,6 +41,17 @@ class StepListFrame : public QFrame {
     void wheelEvent(QWheelEvent* event) override {
         if (Bar != nullptr && Bar->isEnabled()) QCoreApplication::sendEvent(Bar, event);
         event->accept();
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        const QWidget* control = childAt(event->pos());
+        if (control != nullptr && !control->isEnabled()) OnBarredPress(*control);
+        event->accept();
+    }
+
+    void changeEvent(QEvent* event) override {
+        QFrame::changeEvent(event);
+        if (event->type() == QEvent::EnabledChange) OnEnabled();
     }
 
   private:

@@ -1,9 +1,14 @@
 #include "power/panel/step_list_layout.h"
 
+#include "controls/number_face.h"
 #include "controls/widgets.h"
 #include "source/numbers.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
@@ -33,45 +38,105 @@ QString StepText(int step) {
     return QString::fromStdString(FormatStep(step));
 }
 
-QPushButton* MakeStepButton(int row) {
-    auto* button = MakeButton(QStringLiteral("txPSTEP_%1").arg(row), StepText(row),
-                              QStringLiteral("단계 %1").arg(StepText(row)));
-    button->setMinimumWidth(WidthFor(*button, QStringLiteral("0000")));
-    LetGrow(*button);
-    return button;
-}
+constexpr int TextMargin = 5;  // px, from the digits to the line beside them
+
+// Lines of one pixel show between its cells.
+class StepCells : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter painter(this);
+        QColor line = palette().color(QPalette::WindowText);
+        line.setAlphaF(0.4F);
+        painter.fillRect(event->rect(), line);
+    }
+};
 
 EntryField* MakeField(const Column& column, int row, QWidget* parent) {
     auto* field = new EntryField(QStringLiteral("%1_%2").arg(QLatin1String(column.Name)).arg(row),
                                  SpokenName(column.Fields, row), parent);
+    QFont face = field->font();
+    SetNumberFace(face);
+    field->setFont(face);
+    field->setFrame(false);
+    field->setTextMargins(0, 0, TextMargin, 0);
     field->setText(QString::fromUtf8(column.Start));
     field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     field->setMinimumWidth(WidthFor(*field, QString::fromUtf8(column.Widest)));
-    LetGrow(*field);
+    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // the number decides
     return field;
+}
+
+void AddHeading(QGridLayout& grid, int place, const QString& text, Qt::Alignment alignment) {
+    auto* heading = MakeLabel({}, text);
+    heading->setAlignment(alignment | Qt::AlignBottom);
+    heading->setContentsMargins(TextMargin, 3, TextMargin + 3, 2);  // as the fields have it
+    heading->setAutoFillBackground(true);
+    grid.addWidget(heading, 0, place);
 }
 
 void MakeHeadings(QGridLayout& grid) {
     int place = 0;
-    const auto add = [&](const QString& text) {
-        auto* heading = MakeLabel({}, text);
-        heading->setAlignment(Qt::AlignCenter);
-        grid.addWidget(heading, 0, place++);
-    };
-    add(QStringLiteral("STEP"));
-    for (const auto& column : Columns) add(QString::fromUtf8(column.Heading));
+    AddHeading(grid, place++, QStringLiteral("STEP"), Qt::AlignHCenter);
+    for (const auto& column : Columns)
+        AddHeading(grid, place++, QString::fromUtf8(column.Heading), Qt::AlignRight);
+    AddHeading(grid, place, {}, Qt::AlignRight);
 }
 
 void MakeRow(PowerControls& controls, QGridLayout& grid, int row) {
     const auto index = static_cast<std::size_t>(row);
-    controls.txPSTEP.at(index) = MakeStepButton(row);
+    auto* button = new StepButton(QStringLiteral("txPSTEP_%1").arg(row));
+    button->setText(StepText(row));
+    button->setAccessibleName(QStringLiteral("단계 %1").arg(StepText(row)));
+    button->setMaximumHeight(button->sizeHint().height() * 3 / 2);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    controls.txPSTEP.at(index) = button;
     int place = 0;
-    grid.addWidget(controls.txPSTEP.at(index), row + 1, place++);
+    grid.addWidget(button, row + 1, place++);
     for (const auto& column : Columns) {
         auto* field = MakeField(column, row, controls.fraSTEPLIST);
         (controls.*column.Fields).at(index) = field;
         grid.addWidget(field, row + 1, place++);
     }
+}
+
+StepScrollBar* MakeBar(QWidget* parent) {
+    constexpr int width = 18;  // px
+    auto* bar = new StepScrollBar(parent);
+    bar->setObjectName(QStringLiteral("vscAUTOSTEP"));
+    bar->setAccessibleName(QStringLiteral("단계 목록 이동"));
+    bar->setRange(0, StepCount - RowCount);
+    bar->setPageStep(RowCount);
+    bar->setFocusPolicy(Qt::TabFocus);
+    bar->setFixedWidth(width);
+    return bar;
+}
+
+QWidget* MakeCells(PowerControls& controls) {
+    auto* cells = new StepCells(controls.fraSTEPLIST);
+    auto* grid = new QGridLayout(cells);
+    grid->setContentsMargins(1, 1, 1, 1);
+    grid->setSpacing(1);
+    MakeHeadings(*grid);
+    for (int row = 0; row < RowCount; ++row) MakeRow(controls, *grid, row);
+    controls.vscAUTOSTEP = MakeBar(cells);
+    controls.fraSTEPLIST->SetBar(*controls.vscAUTOSTEP);
+    grid->addWidget(controls.vscAUTOSTEP, 1, static_cast<int>(Columns.size()) + 1, RowCount, 1);
+    return cells;
+}
+
+QLayout* MakeFoot(PowerControls& controls) {
+    controls.fraSTEPLEGEND = new StepLegend(controls.fraSTEPLIST);
+    controls.lblSTEPRANGE = MakeLabel(QStringLiteral("lblSTEPRANGE"), {});
+    QFont face = controls.lblSTEPRANGE->font();
+    SetNumberFace(face);
+    controls.lblSTEPRANGE->setFont(face);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(controls.fraSTEPLEGEND, 1);
+    foot->addWidget(controls.lblSTEPRANGE);
+    return foot;
 }
 
 }  // namespace
@@ -88,21 +153,19 @@ void MakeStepList(PowerControls& controls) {
     frame->setAccessibleName(QStringLiteral("단계 목록"));
     controls.fraSTEPLIST = frame;
 
-    auto* grid = new QGridLayout(frame);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(3);
-    MakeHeadings(*grid);
-    for (int row = 0; row < RowCount; ++row) MakeRow(controls, *grid, row);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(5);
+    column->addWidget(MakeCells(controls), 1);
+    column->addLayout(MakeFoot(controls));
+    ShowStepRange(controls, 0);
+}
 
-    auto* bar = new StepScrollBar(frame);
-    bar->setObjectName(QStringLiteral("vscAUTOSTEP"));
-    bar->setAccessibleName(QStringLiteral("단계 목록 이동"));
-    bar->setRange(0, StepCount - RowCount);
-    bar->setPageStep(RowCount);
-    bar->setFocusPolicy(Qt::TabFocus);
-    controls.vscAUTOSTEP = bar;
-    frame->SetBar(*bar);
-    grid->addWidget(bar, 1, static_cast<int>(Columns.size()) + 1, RowCount, 1);
+void ShowStepRange(PowerControls& controls, int top) {
+    QLabel& label = *controls.lblSTEPRANGE;
+    label.setText(QStringLiteral("%1\u2013%2 / %3")
+                      .arg(StepText(top), StepText(top + RowCount - 1), StepText(StepCount - 1)));
+    label.setAccessibleName(QStringLiteral("보이는 단계 ") + label.text());
 }
 
 }  // namespace zps

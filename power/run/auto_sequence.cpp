@@ -1,6 +1,10 @@
 #include "power/run/auto_sequence.h"
 
+#include "controls/colours.h"
+#include "controls/number_face.h"
 #include "source/numbers.h"
+
+#include <QApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -44,6 +48,14 @@ std::optional<std::vector<int>> ReadSequence(const QString& text) {
 AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress)
     : Parts(parts), Fields(fields), Progress(progress) {
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
+    Parts.Controls.txtPAUTOSTEP->setPlaceholderText(QStringLiteral("예: 00>01>02>"));
+    Parts.Controls.txtPAUTOCOUNT->SetUnit(QStringLiteral("회"));
+    for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
+        QFont face = box->font();
+        SetNumberFace(face);
+        box->setFont(face);
+    }
+    Repaint();
     Entries::Rules sequence;
     sequence.GotFocus = [this] { Told.clear(); };
     sequence.Change = [this] { txtPAUTOSTEP_Change(); };
@@ -57,6 +69,18 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& pro
     Entries::Rules count;
     count.LostFocus = count.Committed = [this] { txtPAUTOCOUNT_LostFocus(); };
     Fields.Connect(*Parts.Controls.txtPAUTOCOUNT, std::move(count));
+}
+
+void AutoSequence::Repaint() {
+    for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
+        QPalette palette = QApplication::palette(box);
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const QColor faint = FaintOn(palette.color(group, QPalette::Base));
+            palette.setColor(group, QPalette::PlaceholderText, faint);
+            if (group == QPalette::Disabled) palette.setColor(group, QPalette::Text, faint);
+        }
+        box->setPalette(palette);
+    }
 }
 
 void AutoSequence::txtPAUTOSTEP_Change() {

@@ -13,6 +13,9 @@ class AutoSequence {
     // `progress` is told what is sent.
     AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress);
 
+    // The boxes stay readable while they are locked, also in other colours of the desktop.
+    void Repaint();
+
   private:
     void txtPAUTOSTEP_Change();
     void txtPAUTOSTEP_KeyPress(QChar key);

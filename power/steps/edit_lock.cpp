@@ -6,6 +6,7 @@ void EditLock::Become(std::optional<Lock> lock) {
     if (lock == Present) return;
     Present = lock;
     Parts.Controls.fraSTEPLIST->KeepFocus(Locked());
+    Parts.Controls.fraSTEPLEGEND->ShowEditing(Locked());
     Told();
     if (Locked())
         ResumeConfinement();

@@ -32,6 +32,14 @@ Figure Seconds(const SOURCE& /*source*/, double value) {
 
 }  // namespace
 
+QString RangeText(const StepField& kind, const SOURCE& source) {
+    const QString least =
+        kind.Smallest > 0 ? QStringLiteral("0, %1").arg(kind.Smallest) : QStringLiteral("0");
+    return QStringLiteral("%1 ~ %2 %3")
+        .arg(least, QString::fromStdString(ShortestText(kind.Bound(source))),
+             QString::fromUtf8(kind.Unit));
+}
+
 const std::array<StepField, StepValueCount>& StepFields() {
     static const std::array<StepField, StepValueCount> fields{{
         {&PowerControls::txPVOLT, StepValue::Volt, "VOLTAGE 설정 오류",

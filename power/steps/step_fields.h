@@ -21,6 +21,9 @@ struct StepField {
     bool StopsPolling;  // whether the polls wait for the answer to a new value
 };
 
+// What the field takes: "0 ~ 150 V", "0, 0.001 ~ 50 sec".
+QString RangeText(const StepField& kind, const SOURCE& source);
+
 // By StepValue.
 const std::array<StepField, StepValueCount>& StepFields();
 

@@ -187,6 +187,10 @@ TEST(Contrasts, AreThoseOfKnownPairs) {
     EXPECT_NEAR(Contrast("red", Qt::black), 5.25, 0.005);
     EXPECT_EQ(ReadableOn("#767676"), QColor(Qt::black));
     EXPECT_EQ(ReadableOn("#747474"), QColor(Qt::white));
+    for (const char* ground : {"#ffffff", "#ffe0c0", "#80ffff", "#efefef", "#232323", "#000020"})
+        EXPECT_NEAR(Contrast(ground, FaintOn(ground)), 4.7, 0.2) << ground;
+    for (const char* ground : {"#ff0000", "#808080", "#ffffff"})
+        EXPECT_GE(Contrast(ground, DisabledText(ReadableOn(ground), ground)), 4.5) << ground;
 }
 
 TEST(Selections, ReadWellWhateverTheDesktopSelectsWith) {

@@ -1,0 +1,94 @@
+#include "power/panel/step_legend.h"
+
+#include "controls/colours.h"
+#include "controls/widgets.h"
+#include "power/panel/step_look.h"
+
+#include <QHBoxLayout>
+#include <QStackedLayout>
+
+#include <array>
+
+namespace zps {
+
+namespace {
+
+const QColor Amber(0xFF, 0xC9, 0x4D);
+
+struct Item {
+    RowState State;
+    StepMark Mark;
+    const char* Text;
+};
+constexpr std::array Items{
+    Item{RowState::Selected, StepMark::None, "선택"},
+    Item{RowState::Held, StepMark::Held, "송신됨"},
+    Item{RowState::Plain, StepMark::Changed, "미송신"},
+    Item{RowState::Plain, StepMark::Refused, "거부됨"},
+    Item{RowState::Held, StepMark::Running, "실행 중"},
+};
+
+// A row in small.
+class Swatch : public QWidget {
+  public:
+    Swatch(const Item& item, QWidget* parent) : QWidget(parent), Shown(item) {
+        setFixedSize(20, 16);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        const QColor back = LookOf(Shown.State).Fields;
+        const bool refused = Shown.Mark == StepMark::Refused;
+        QPainter painter(this);
+        painter.fillRect(rect(), back);
+        painter.setPen(isEnabled() ? ReadableOn(back) : FaintOn(back));
+        constexpr double size = 10;
+        DrawMark(painter, QRectF((width() - size) / 2, (height() - size) / 2, size, size),
+                 Shown.Mark);
+        const QColor edge = refused ? ToQColor(Colour::DarkRed) : palette().color(QPalette::Mid);
+        const int thickness = refused ? 2 : 1;
+        painter.setPen(QPen(edge, thickness));
+        painter.drawRect(rect().adjusted(thickness / 2, thickness / 2, -1, -1));
+    }
+
+  private:
+    const Item& Shown;
+};
+
+QWidget* MakeMeanings(QWidget* parent) {
+    auto* page = new QWidget(parent);
+    auto* row = new QHBoxLayout(page);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(3);
+    for (const Item& item : Items) {
+        row->addWidget(new Swatch(item, page));
+        row->addWidget(MakeLabel({}, QString::fromUtf8(item.Text)));
+        row->addSpacing(3);
+    }
+    row->addWidget(MakeLabel({}, QStringLiteral("번호를 누르면 송신")));
+    row->addStretch(1);
+    return page;
+}
+
+QWidget* MakeEditing() {
+    auto* label = MakeLabel(QStringLiteral("lblEDITING"),
+                            QStringLiteral("입력 중: Enter 확정 · Esc 취소 · F9 출력 끄기"));
+    label->setIndent(6);
+    PaintBackground(*label, Amber);
+    return label;
+}
+
+}  // namespace
+
+StepLegend::StepLegend(QWidget* parent) : QWidget(parent), Pages(new QStackedLayout(this)) {
+    setObjectName(QStringLiteral("fraSTEPLEGEND"));
+    Pages->addWidget(MakeMeanings(this));
+    Pages->addWidget(MakeEditing());
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void StepLegend::ShowEditing(bool on) {
+    Pages->setCurrentIndex(on ? 1 : 0);
+}
+
+}  // namespace zps
