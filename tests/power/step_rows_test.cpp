@@ -95,6 +95,8 @@ TEST_F(StepRows, WithTheOutputOnOnlySetPointsOfTheSelectedAndHeldStepsCanBeUsed)
     EXPECT_EQ(Usable(), "BVCO B - - - - -");
     ASSERT_TRUE(Press("cmdOUTPUT"));
     EXPECT_EQ(Usable(), OnlyFirst);
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_EQ(Usable(), "BVC B - - - - -");  // the O.V.P. only until the output goes off
 }
 
 TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
