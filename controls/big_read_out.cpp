@@ -44,7 +44,9 @@ QSize BigReadOut::BoxFor(int pixels) const {
 }
 
 QSize BigReadOut::sizeHint() const {
-    return {BoxFor(Pixels.Least).width(), BoxFor(ByWidth).height()};
+    // A little less than the width allows leaves room beside the digits and below them.
+    const int wanted = std::max(Pixels.Least, ByWidth * 7 / 8);
+    return {BoxFor(Pixels.Least).width(), BoxFor(wanted).height()};
 }
 
 QSize BigReadOut::minimumSizeHint() const {

@@ -28,7 +28,12 @@ void Lamp::Describe() {
 }
 
 QSize Lamp::sizeHint() const {
-    return {Socket, Socket};
+    return QSize(Socket, Socket) * Factor;
+}
+
+void Lamp::Enlarge(double factor) {
+    Factor = factor;
+    updateGeometry();
 }
 
 void Lamp::paintEvent(QPaintEvent* /*event*/) {

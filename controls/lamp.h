@@ -15,6 +15,8 @@ class Lamp : public QWidget {
     explicit Lamp(Colour idle, QWidget* parent = nullptr);
 
     void Light(Colour colour);
+    // So many times as large as usual.
+    void Enlarge(double factor);
     Colour Lit() const { return Shown; }
 
     QSize sizeHint() const override;
@@ -29,6 +31,7 @@ class Lamp : public QWidget {
 
     const Colour Idle;
     Colour Shown;
+    double Factor = 1;
 };
 
 }  // namespace zps

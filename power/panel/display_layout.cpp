@@ -81,6 +81,7 @@ QWidget* MakeReadOuts(PowerControls& controls) {
     controls.Plate.lblSETCURR =
         AddSetValue(*column, QStringLiteral("lblSETCURR"), QStringLiteral("전류 설정"));
     AddStepAndPower(*column, controls);
+    for (auto* label : frame->findChildren<QLabel*>()) frame->GrowText(*label);
     return frame;
 }
 

@@ -70,6 +70,7 @@ QWidget* MakeAutoSequence(PowerControls& controls) {
 QWidget* MakeSteps(PowerControls& controls) {
     auto* box = new QGroupBox(QStringLiteral("단계표"));
     auto* column = new QVBoxLayout(box);
+    column->setContentsMargins(Gap, Gap, Gap, Gap);
     MakeStepList(controls);
     column->addWidget(controls.fraSTEPLIST, 1);
     column->addWidget(MakeAutoSequence(controls));

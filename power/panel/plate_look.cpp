@@ -46,7 +46,7 @@ QColor BadgeColour(Kind kind) {
 
 }  // namespace
 
-PlateFrame::PlateFrame() {
+PlateFrame::PlateFrame() : GrowingFrame({360, 320}, 3) {
     setObjectName(QStringLiteral("fraPLATE"));
     QPalette colours = palette();
     for (const auto role : {QPalette::Window, QPalette::Base}) colours.setColor(role, Ground);

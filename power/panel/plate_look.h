@@ -1,13 +1,14 @@
 // The look of the plate that the large numbers stand on: the same dark one on every desktop.
 #pragma once
 
+#include "controls/growing_frame.h"
 #include "power/panel/power_controls.h"
 #include "power/panel/reading_badge.h"
 
 namespace zps {
 
 // The plate itself; what is put into it has its colours.
-class PlateFrame : public QFrame {
+class PlateFrame : public GrowingFrame {
   public:
     PlateFrame();
 

@@ -1,5 +1,6 @@
 #include "power/panel/switches_layout.h"
 
+#include "controls/growing_frame.h"
 #include "controls/shortcuts.h"
 #include "controls/switch_button.h"
 #include "controls/widgets.h"
@@ -66,7 +67,7 @@ QLayout* WithCaption(Pill& state, QLabel& caption) {
 }  // namespace
 
 QWidget* MakeSwitches(PowerControls& controls) {
-    auto* box = new QWidget;
+    auto* box = new GrowingFrame({200, 320}, 2.4);
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(3);
@@ -89,6 +90,14 @@ QWidget* MakeSwitches(PowerControls& controls) {
         grid->setRowStretch(place, output ? OutputHeight : OtherHeight);
         if (output) grid->addWidget(MakeLine(), place + 1, 0, 1, 3);
     }
+    for (auto* label : box->findChildren<QLabel*>()) box->GrowText(*label);
+    box->OnGrow([controls](double factor) {
+        for (const Function& function : Functions()) {
+            (controls.*function.Light)->Enlarge(factor);
+            Pill& state = *(controls.*function.Label);
+            state.setMinimumWidth(state.SizeFor(QStringLiteral("REMOTE")).width());
+        }
+    });
     return box;
 }
 

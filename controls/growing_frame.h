@@ -1,0 +1,34 @@
+// A frame whose contents grow with it.
+#pragma once
+
+#include <QFrame>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace zps {
+
+// Tells how many times larger than `usual` it is in both directions: 1 to `most`, in eighths, so
+// that what it makes grow settles.
+class GrowingFrame : public QFrame {
+  public:
+    GrowingFrame(QSize usual, double most) : Usual(usual), Most(most) {}
+
+    // Gives `widget`, which has a font in pixels, one that grows.
+    void GrowText(QWidget& widget);
+    // Calls `grow` with each new factor.
+    void OnGrow(std::function<void(double factor)> grow) { Grow = std::move(grow); }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    const QSize Usual;  // px
+    const double Most;
+    double Factor = 1;
+    std::vector<std::pair<QWidget*, int>> Texts;  // and their usual pixels
+    std::function<void(double)> Grow = [](double) {};
+};
+
+}  // namespace zps
