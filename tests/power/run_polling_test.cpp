@@ -43,9 +43,9 @@ TEST_F(RunPolling, NoPollIsLostAndEachIsASampleOfTheLog) {
     const std::string last = Row(polls + 1);
     EXPECT_TRUE(last.starts_with(std::to_string(polls)) && last.ends_with(" 00 12.500 0.1250"));
     EXPECT_EQ(Texts(*this, {"txtSTEP", "txtVOLT", "txtCURR"}), "00 12.500 0.1250");
-    EXPECT_EQ(Log().ChartRow(20)[0], 12.5F);
+    EXPECT_EQ(Log().ChartRow(20).Values[0], (Reading{12.5F, 3}));
     for (int click = 0; click < 2; ++click) Click("cmdOUTPUT");  // a new run behind the old one
-    EXPECT_EQ(Log().ChartRow(1)[0], std::nullopt);
+    EXPECT_EQ(Log().ChartRow(1).Values[0], std::nullopt);
     ASSERT_TRUE(Samples(1));
     EXPECT_TRUE(Row(polls + 2).starts_with("1 "));
     Click("cmdOUTPUT");
