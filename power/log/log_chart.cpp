@@ -19,7 +19,6 @@ namespace zps {
 namespace {
 
 constexpr int FrameWidth = 2;  // px; the frame is as wide while the chart has the focus
-constexpr int LeastHeight = 160;
 
 // The next row with a sample, `step` (1 or -1) from `row` on; none behind the last.
 std::optional<int> SampleFrom(const ChartTable& table, int row, int step) {
@@ -39,7 +38,9 @@ LogChart::LogChart(QWidget* parent)
       Canvas(new ChartCanvas) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    setMinimumSize(280, 160);
     lblCHARTDIFF->setAlignment(Qt::AlignCenter);
+    lblCHARTDIFF->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     QFont figures = font();
     SetNumberFace(figures);
     lblCHARTDIFF->setFont(figures);
@@ -61,10 +62,12 @@ void LogChart::LayOut() {
     all->addLayout(framed, 1);
 }
 
-QSize LogChart::minimumSizeHint() const {
-    const int titles = 2 * lblCHARTVOLT->sizeHint().width();
-    const int difference = WidthFor(*this, QStringLiteral("Δ +00.00초 · +000.000 V · +00.0000 A"));
-    return {titles + difference, LeastHeight};
+// As much of it as there is room for, the time first.
+void LogChart::ShowDifference() {
+    const QString whole = Marks.Difference();
+    const int room = width() - 2 * (lblCHARTVOLT->sizeHint().width() + layout()->spacing());
+    lblCHARTDIFF->setText(lblCHARTDIFF->fontMetrics().elidedText(whole, Qt::ElideRight, room));
+    lblCHARTDIFF->setToolTip(whole);
 }
 
 void LogChart::ColourTitles() {
@@ -116,14 +119,14 @@ void LogChart::Mark() {
     const auto row = PickedRow();
     if (!row) return;
     Marks.Put(Table[static_cast<std::size_t>(*row)]);
-    lblCHARTDIFF->setText(Marks.Difference());
+    ShowDifference();
     ShowPicked();
     Speak();
 }
 
 void LogChart::Unmark() {
     Marks.Clear();
-    lblCHARTDIFF->clear();
+    ShowDifference();
 }
 
 QString LogChart::SpokenText() const {
@@ -177,6 +180,11 @@ void LogChart::leaveEvent(QEvent* /*event*/) {
     if (!PointerX) return;
     PointerX.reset();
     ShowPicked();
+}
+
+void LogChart::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    ShowDifference();
 }
 
 void LogChart::focusInEvent(QFocusEvent* event) {

@@ -28,8 +28,6 @@ class LogChart : public QWidget {
     // What a screen reader says of it now. It is told only of what its user does, never of samples.
     QString SpokenText() const;
 
-    QSize minimumSizeHint() const override;
-
   protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -39,6 +37,7 @@ class LogChart : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void LayOut();
@@ -48,6 +47,7 @@ class LogChart : public QWidget {
     void Mark();
     void Unmark();
     void ShowPicked();
+    void ShowDifference();
     void Speak();
     std::optional<int> PickedRow() const;
 

@@ -29,17 +29,6 @@ TEST_F(ShownLog, CountsEachRunFromItsFirstReplyAndKeepsTheRowsOfEarlierRuns) {
     EXPECT_EQ(Chart(1), "4|0.4");
 }
 
-TEST_F(ShownLog, KeepsTheTextsOfThePanelWhateverItsDecimals) {
-    int row = 2;
-    for (const auto& [reading, text] : {std::pair{Reading{0.1999F, 5}, "0.19990"},
-                                        {{1.0005F, 3}, "1.001"},
-                                        {{163.45F, 1}, "163.5"},
-                                        {{600.4F, 0}, "600"}}) {
-        Log.Append(255, reading, reading);
-        EXPECT_EQ(Log.CellText(row++, 3), text);
-    }
-}
-
 TEST_F(ShownLog, ClearLeavesRowOneWithTheSetValuesAndARunGoesOnCounting) {
     Sample(1, 30);
     Log.Clear(Step, QStringLiteral("12.00"), QStringLiteral("1.500"));
