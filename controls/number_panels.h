@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -28,8 +29,14 @@ class NumberPanels : public QFrame {
     // What panel `panel` shows; std::out_of_range where there is none of that number.
     QString Text(int panel) const;
 
+    // Small texts above the panels from panel 1 on. Call it before the panels are laid out.
+    void SetCaptions(const QStringList& captions);
+    // Sets the first `count` panels apart from the others.
+    void Tint(int count);
+
     // Shows `bytes` as decimal numbers from panel 1 on; bytes beyond the last panel are not shown.
-    // Of the panels behind them those up to `blankTo` are blanked, later lasting ones left alone.
+    // Of the panels behind them those up to `blankTo` are blanked; later lasting ones keep what
+    // they show, faintly, as it is from a reply before.
     void ShowBytes(std::span<const std::uint8_t> bytes, int blankTo = 0);
 
     QSize sizeHint() const override;
@@ -38,16 +45,24 @@ class NumberPanels : public QFrame {
   protected:
     // The panels are placed here, not by a layout: that would lay out the window for each new text.
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void AddLabel(int number);
     int LineCount() const { return (Count() + PerLine - 1) / PerLine; }
     void SetTexts();
+    void Dress();
+    QFont CaptionFont() const;
+    int CaptionHeight() const;
 
     const int PerLine;
     const std::size_t Lasting;
     std::vector<std::optional<std::uint8_t>> Shown;
     std::vector<QLabel*> Labels;
+    QStringList Captions;
+    std::size_t Tinted = 0;
+    std::size_t Received = 0;  // bytes of the last reply
+    std::size_t Fresh = 0;     // the same, as far as it is shown
     Paced Texts{[this] { SetTexts(); }};
 };
 

@@ -176,6 +176,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
         const auto* result = test.findChild<QLabel*>("lblRESULT");
         EXPECT_TRUE(WaitFor([&] { return result->text() == verdict; })) << verdict;
     };
+    Look(test, "test-start");
     constexpr int OverCurrentTrip = 7;
     panel.Line().Trip(1, OverCurrentTrip);
     probe("cmdDLE", "GOOD  DLE");
