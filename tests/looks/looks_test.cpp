@@ -153,6 +153,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     ASSERT_TRUE(panel.Identify());
     Look(*panel.Run.Settings(), "settings");
     ExpectPainted(panel.GetSetting<QPushButton>("cmdZPS_ENQ"), Colour::LightGreen);
+    ExpectPainted(panel.GetSetting<QWidget>("optPORT_2"), Colour::LightGrey);
     panel.Run.Settings()->close();
     ASSERT_TRUE(WaitFor([&] { return panel.Text("Rem_Loc") == "REMOTE"; }));
     panel.Type("txPVOLT_0", "123.4");
