@@ -21,10 +21,10 @@ frmAbout::frmAbout(QWidget* parent, const platform::SystemInformationTool& tool,
                   QStringLiteral("버전 %1").arg(QCoreApplication::applicationVersion()));
     auto* purpose = MakeLabel(QStringLiteral("lblDescription"),
                               QStringLiteral("RS-232 프로그래머블 직류 전원 장치 제어 프로그램"));
-    auto* licence = MakeLabel(
-        QStringLiteral("lblLicense"),
-        QStringLiteral("이 프로그램은 GNU 일반 공중 사용 허가서(GPL) 제3판 또는 그 이후 판에 따라\n"
-                       "배포되는 자유 소프트웨어이며, 어떠한 보증도 하지 않습니다."));
+    auto* licence = MakeLabel(QStringLiteral("lblLicense"),
+                              QStringLiteral("이 프로그램은 GNU 일반 공중 사용 허가서(GPL)\n"
+                                             "제3판 또는 그 이후 판에 따라 배포되는 자유\n"
+                                             "소프트웨어이며, 어떠한 보증도 하지 않습니다."));
     auto* buttons = new QDialogButtonBox;
     auto* cmdSysInfo =
         buttons->addButton(QStringLiteral("시스템 정보(&S)..."), QDialogButtonBox::ActionRole);

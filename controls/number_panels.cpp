@@ -1,17 +1,22 @@
 #include "controls/number_panels.h"
 
+#include "controls/colours.h"
+#include "controls/faded.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace zps {
 
 namespace {
 constexpr int Gap = 2;
 constexpr int GroupGap = 8;
+constexpr double CaptionSize = 0.75;
 }  // namespace
 
 NumberPanels::NumberPanels(const QString& name, int count, int perLine, int lasting)
@@ -41,6 +46,7 @@ void NumberPanels::AddLabel(int number) {
 }
 
 void NumberPanels::SetCaptions(const std::vector<QStringList>& groups) {
+    constexpr int air = 4;
     const QFontMetrics metrics(CaptionFont());
     auto next = Panels.begin();
     for (const QStringList& group : groups) {
@@ -48,11 +54,13 @@ void NumberPanels::SetCaptions(const std::vector<QStringList>& groups) {
         for (const QString& caption : group) {
             QLabel& label = *next->Label;
             next->Caption = caption;
-            label.setAccessibleName(label.accessibleName() + u' ' + caption);
+            if (!label.accessibleName().endsWith(caption))
+                label.setAccessibleName(label.accessibleName() + u' ' + caption);
             label.setAlignment(Qt::AlignCenter);
             label.setIndent(0);
-            label.setMinimumWidth(
-                std::max(label.minimumWidth(), metrics.horizontalAdvance(caption) + Gap));
+            label.setMinimumSize(
+                std::max(label.minimumWidth(), metrics.horizontalAdvance(caption) + Gap),
+                label.sizeHint().height() + air);
             ++next;
         }
     }
@@ -62,7 +70,7 @@ void NumberPanels::SetCaptions(const std::vector<QStringList>& groups) {
 
 QFont NumberPanels::CaptionFont() const {
     QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.75);
+    small.setPointSizeF(small.pointSizeF() * CaptionSize);
     return small;
 }
 
@@ -107,7 +115,7 @@ void NumberPanels::resizeEvent(QResizeEvent* /*event*/) {
         right = left + panel.Label->minimumWidth() + spare * (column + 1) / PerLine -
                 spare * column / PerLine;
         const int high = top(line + 1) - Gap - top(line) - CaptionHeight();
-        panel.Label->setGeometry(left, top(line), right - left, high);
+        panel.Label->setGeometry(left, top(line) + CaptionHeight(), right - left, high);
     }
 }
 
@@ -116,10 +124,13 @@ void NumberPanels::paintEvent(QPaintEvent* event) {
     if (!Captioned) return;
     QPainter painter(this);
     painter.setFont(CaptionFont());
+    painter.setPen(Faded(*this, FaintCaption));
     for (const Panel& panel : Panels) {
-        const QRect above = panel.Label->geometry();
-        const QRect below(above.left(), above.bottom() + 1, above.width(), CaptionHeight());
-        painter.drawText(below, Qt::AlignCenter, panel.Caption);
+        const QRect below = panel.Label->geometry();
+        const QRect above(below.left(), below.top() - CaptionHeight(), below.width(),
+                          CaptionHeight());
+        if (event->region().intersects(above))
+            painter.drawText(above, Qt::AlignCenter, panel.Caption);
     }
 }
 
@@ -136,12 +147,33 @@ void NumberPanels::ShowBytes(std::span<const std::uint8_t> bytes, int blankTo) {
         else if (i < static_cast<std::size_t>(blankTo) || i >= Lasting)
             Shown[i].reset();
     }
+    Received = length;
     Texts.Changed();
+}
+
+void NumberPanels::Tint(int count) {
+    Tinted = static_cast<std::size_t>(count);
+    Dress();
+}
+
+void NumberPanels::Dress() {
+    constexpr double share = 0.25;
+    const QColor tint =
+        Between(palette().color(QPalette::Window), palette().color(QPalette::Highlight), share);
+    for (std::size_t place = 0; place < Panels.size(); ++place) {
+        QLabel& label = *Panels[place].Label;
+        QPalette dress;
+        if (place < Tinted) dress.setColor(QPalette::Window, tint);
+        if (place >= Fresh) dress.setColor(QPalette::WindowText, Faded(*this, Stale));
+        label.setPalette(dress);
+        label.setAutoFillBackground(place < Tinted);
+    }
 }
 
 void NumberPanels::SetTexts() {
     for (int panel = 1; panel <= Count(); ++panel)
         Panels[static_cast<std::size_t>(panel - 1)].Label->setText(Text(panel));
+    if (std::exchange(Fresh, Received) != Received) Dress();
 }
 
 }  // namespace zps

@@ -23,9 +23,11 @@ class NumberPanels : public QFrame {
     // them.
     NumberPanels(const QString& name, int count, int perLine, int lasting = 0);
 
-    // Writes captions under the panels of a row of one line, in groups with a gap between them. One
-    // for each panel.
+    // Writes small captions above the panels from panel 1 on, in groups with a gap between them.
+    // Call it before the panels are laid out.
     void SetCaptions(const std::vector<QStringList>& groups);
+    // Sets the first `count` panels apart from the others.
+    void Tint(int count);
 
     int Count() const { return static_cast<int>(Panels.size()); }
     // The least room that so many lines of panels take.
@@ -34,7 +36,8 @@ class NumberPanels : public QFrame {
     QString Text(int panel) const;
 
     // Shows `bytes` as decimal numbers from panel 1 on; bytes beyond the last panel are not shown.
-    // Of the panels behind them those up to `blankTo` are blanked, later lasting ones left alone.
+    // Of the panels behind them those up to `blankTo` are blanked; later lasting ones keep what
+    // they show, faintly, as it is from a reply before.
     void ShowBytes(std::span<const std::uint8_t> bytes, int blankTo = 0);
 
     QSize sizeHint() const override;
@@ -58,12 +61,16 @@ class NumberPanels : public QFrame {
     int CaptionHeight() const;
     int LineWidth() const;
     void SetTexts();
+    void Dress();
 
     const int PerLine;
     const std::size_t Lasting;
     std::vector<std::optional<std::uint8_t>> Shown;
     std::vector<Panel> Panels;
     bool Captioned = false;
+    std::size_t Tinted = 0;
+    std::size_t Received = 0;  // bytes of the last reply
+    std::size_t Fresh = 0;     // the same, as far as it is shown
     Paced Texts{[this] { SetTexts(); }};
 };
 

@@ -45,6 +45,7 @@ void PanelStyle::polish(QPalette& palette) {
 void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
     if (element == PE_FrameGroupBox) return DrawGroupFrame(*option, *painter);
+    if (element == PE_Frame) return DrawFrame(*option, *painter);
     if (IsPainted(widget)) {
         if (element == PE_PanelButtonCommand) return DrawPaintedButton(*option, *painter);
         if (element == PE_FrameFocusRect) return;  // would tint the colour; its own frame tells
@@ -74,15 +75,24 @@ QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
     }
 }
 
+QColor PanelStyle::LineColour(const QStyleOption& option) {
+    QColor line = option.palette.color(QPalette::WindowText);
+    line.setAlphaF(0.3F);
+    return line;
+}
+
+// On all four sides, and in a colour that is seen.
+void PanelStyle::DrawFrame(const QStyleOption& option, QPainter& painter) {
+    qDrawPlainRect(&painter, option.rect, LineColour(option));
+}
+
 void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
     // Below the title, as the toolkit's own style has it.
     constexpr int gap = 3;
     const int title = option.fontMetrics.height() + gap;
-    QColor line = option.palette.color(QPalette::WindowText);
-    line.setAlphaF(0.3F);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(line);
+    painter.setPen(LineColour(option));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, title + 0.5, -0.5, -0.5), 3, 3);
     painter.restore();

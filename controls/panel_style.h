@@ -26,6 +26,8 @@ class PanelStyle : public QProxyStyle {
                        const QWidget* widget) const override;
 
   private:
+    static QColor LineColour(const QStyleOption& option);
+    static void DrawFrame(const QStyleOption& option, QPainter& painter);
     static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);
     static void DrawPaintedButton(const QStyleOption& option, QPainter& painter);
 };

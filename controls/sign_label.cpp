@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <qdrawutil.h>
 
 namespace zps {
 
@@ -62,10 +63,7 @@ void SignLabel::paintEvent(QPaintEvent* event) {
     const double side = Side();
     QPainter painter(this);
     const QColor colour = palette().color(foregroundRole());
-    if (autoFillBackground()) {
-        painter.setPen(colour);
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    if (autoFillBackground()) qDrawPlainRect(&painter, rect(), colour);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(Room, (height() - side) / 2);
     painter.scale(side, side);

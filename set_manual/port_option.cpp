@@ -12,7 +12,6 @@ namespace {
 
 constexpr int Margin = 6;  // px
 constexpr double DeviceSize = 0.85;
-constexpr double FaintEnough = 0.72;
 
 }  // namespace
 
@@ -65,7 +64,7 @@ void PortOption::paintEvent(QPaintEvent* /*event*/) {
     painter.drawControl(QStyle::CE_RadioButton, option);
 
     painter.setFont(DeviceFont());
-    painter.setPen(Faded(*this, There ? 1 : FaintEnough));
+    painter.setPen(Faded(*this, There ? 1 : Stale));
     const QRect under = rect().adjusted(Margin, option.rect.bottom(), -Margin, -Margin);
     const QString fitting =
         painter.fontMetrics().elidedText(Device, Qt::ElideMiddle, under.width());

@@ -169,7 +169,7 @@ void SET_MANUAL::ShowProgress() {
     Controls.fraSTAGES->Show(progress);
     const QString next = QString::fromUtf8(NextStep(
         {comPOWER->PortOpen(), progress.Running(), Source.RxResult, Source.RatingsKnown()}));
-    if (next != Controls.lblNEXT->text()) Controls.lblNEXT->setText(next);
+    Controls.lblNEXT->setText(next);
     // Until they are read again the ratings are those of another supply, or of none.
     for (ReadOut* rating : {Controls.POWERVoltage, Controls.POWERCurrent})
         ShowOnly(*rating, Source.RatingsKnown() ? 1 : Stale);

@@ -28,7 +28,6 @@ QLabel* MakeNote(const QString& name, const QString& text) {
     QFont font = note->font();
     font.setBold(false);
     note->setFont(font);
-    note->setWordWrap(true);
     return note;
 }
 
@@ -168,7 +167,8 @@ SetManualControls MakeSetManualControls(QWidget& window) {
     MakePower(controls);
     controls.fraSTAGES = new StageRail;
     controls.lblNEXT = MakeNote(QStringLiteral("lblNEXT"), {});
-    controls.lblNEXT->setMinimumHeight(2 * controls.lblNEXT->fontMetrics().lineSpacing());
+    controls.lblNEXT->setWordWrap(true);
+    controls.lblNEXT->setMinimumHeight(2 * controls.lblNEXT->fontMetrics().lineSpacing() + 4);
     auto* column = new QVBoxLayout(&window);
     column->addWidget(controls.frmCOMMPORT);
     column->addWidget(controls.frmPOW_SETTING);

@@ -38,8 +38,9 @@ Reply JudgeReply(std::span<const std::uint8_t> bytes, std::int16_t replyFlag, in
                                    : JudgeAcknowledgement(bytes, address, check);
 }
 
-Bytes GatherReply(serial::Port& port, std::size_t wanted, serial::WaitMode mode) {
-    port.WaitForInput(wanted, ReplyWait, mode);
+Bytes GatherReply(serial::Port& port, std::size_t wanted, serial::WaitMode mode,
+                  std::chrono::milliseconds limit) {
+    port.WaitForInput(wanted, limit, mode);
     Bytes reply;
     for (std::size_t left = port.InBufferCount(); left > 0; --left) reply.push_back(port.Input());
     return reply;

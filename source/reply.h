@@ -38,8 +38,9 @@ enum class CheckByte { Whole, Wrapped };
 Reply JudgeReply(std::span<const std::uint8_t> bytes, std::int16_t replyFlag, int address,
                  CheckByte check);
 
-// Waits until `wanted` bytes have arrived or ReplyWait has passed, and reads all there are.
-Bytes GatherReply(serial::Port& port, std::size_t wanted, serial::WaitMode mode);
+// Waits until `wanted` bytes have arrived or `limit` has passed, and reads all there are.
+Bytes GatherReply(serial::Port& port, std::size_t wanted, serial::WaitMode mode,
+                  std::chrono::milliseconds limit = ReplyWait);
 
 // Bits of the status byte.
 namespace status {

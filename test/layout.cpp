@@ -1,11 +1,12 @@
 #include "controls/colours.h"
-#include "controls/read_out.h"
+#include "controls/flowing_row.h"
+#include "controls/number_face.h"
 #include "controls/shortcuts.h"
+#include "controls/show_only.h"
 #include "controls/widgets.h"
 #include "test/test_controls.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -20,30 +21,31 @@ constexpr int PanelCount = 64;
 constexpr int PanelsPerLine = 10;
 constexpr int PanelLinesInView = 2;
 constexpr int LastingPanels = PanelsPerLine * PanelLinesInView;
-constexpr std::array LampCaptions{"Protect", "Vsense", "OUTPUT",  "AUTO",
-                                  "MODE",    "OCP",    "REM/LOC", "REM ON/OFF"};
+constexpr int HeaderBytes = 3;
+constexpr double VerdictSize = 2.4;  // times the desktop's text
+constexpr int VerdictHeight = 40;
 
-QLabel* MakeBordered(const QString& name, const QString& text, const QString& accessible) {
-    auto* label = MakeLabel(name, text, accessible);
-    label->setAlignment(Qt::AlignCenter);
-    label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-    return label;
+void SetInNumberFace(QWidget& widget) {
+    QFont face = widget.font();
+    SetNumberFace(face);
+    widget.setFont(face);
 }
 
-// A number, or a text in its place, in a box with room for `widest`.
-QLabel* MakeNumber(const QString& name, const QString& text, const QString& accessible,
-                   const QString& widest) {
-    auto* number = MakeBordered(name, text, accessible);
+// A number in a box with room for three digits.
+QLabel* MakeNumber(const QString& name, const QString& accessible) {
+    auto* number = MakeLabel(name, QStringLiteral("0"), accessible);
+    SetInNumberFace(*number);
+    number->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setIndent(4);
-    number->setMinimumWidth(WidthFor(*number, widest));
+    number->setMinimumWidth(WidthFor(*number, QStringLiteral("000")));
     return number;
 }
 
 // A titled number, one above the other.
 QLabel* AddTitled(QGridLayout& grid, int column, const QString& titleName, const QString& title,
                   const QString& name, const QString& accessible) {
-    auto* number = MakeNumber(name, QStringLiteral("0"), accessible, QStringLiteral("000"));
+    auto* number = MakeNumber(name, accessible);
     auto* heading = MakeLabel(titleName, title);
     heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     heading->setIndent(number->indent() + number->frameWidth());
@@ -58,13 +60,14 @@ QWidget* MakeTarget(TestControls& controls) {
     auto* grid = new QGridLayout(box);
     controls.txtPADDR = new QLineEdit(QStringLiteral("1"));
     controls.txtPADDR->setObjectName(QStringLiteral("txtPADDR"));
-    controls.txtPADDR->setAccessibleName(QStringLiteral("전원 장치 주소"));
+    controls.txtPADDR->setAccessibleName(QStringLiteral("ADDRESS 전원 장치 주소"));
     controls.txtPADDR->setAttribute(Qt::WA_InputMethodEnabled, false);
     controls.txtPADDR->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     controls.txtPCOMMPORT = new ReadOut(QStringLiteral("txtPCOMMPORT"), QStringLiteral("1"),
-                                        QStringLiteral("통신 포트"));
-    controls.txtPCOMMPORT->setEnabled(false);
-    PaintBackground(*controls.txtPCOMMPORT, Colour::LightGrey);
+                                        QStringLiteral("Port no. 통신 포트"));
+    ShowOnly(*controls.txtPCOMMPORT);
+    for (QLineEdit* field : {controls.txtPADDR, static_cast<QLineEdit*>(controls.txtPCOMMPORT)})
+        SetInNumberFace(*field);
     controls.cmdENQ = MakeButton(QStringLiteral("cmdENQ"), QStringLiteral("ENQ"));
     controls.cmdDLE = MakeButton(QStringLiteral("cmdDLE"), QStringLiteral("DLE"));
     GiveKey(*controls.cmdENQ, Qt::Key_F2, QStringLiteral("전원 장치가 응답하는지 확인"));
@@ -84,12 +87,21 @@ QWidget* MakeHeader(TestControls& controls) {
     controls.frmDATA = new QGroupBox(QStringLiteral("RX DATA"));
     controls.frmDATA->setObjectName(QStringLiteral("frmDATA"));
     auto* column = new QVBoxLayout(controls.frmDATA);
-    controls.lblRESULT = MakeBordered(QStringLiteral("lblRESULT"), QStringLiteral("G O O D"),
-                                      QStringLiteral("판정"));
-    Enlarge(*controls.lblRESULT, 1.6);
-    controls.lblRESULT->setMinimumWidth(
-        WidthFor(*controls.lblRESULT, QStringLiteral("ERROR  Nothing")));
+    controls.lblRESULT = new SignLabel(QStringLiteral("lblRESULT"), QStringLiteral("G O O D"),
+                                       QStringLiteral("판정"));
+    Enlarge(*controls.lblRESULT, VerdictSize);
+    controls.lblRESULT->setAlignment(Qt::AlignCenter);
+    controls.lblRESULT->setMinimumSize(
+        WidthFor(*controls.lblRESULT, QStringLiteral("ERROR  Nothing")) +
+            controls.lblRESULT->contentsMargins().left(),
+        VerdictHeight);
     PaintBackground(*controls.lblRESULT, Colour::LightGreen);
+    controls.lblSTAMP = MakeLabel(QStringLiteral("lblSTAMP"), QStringLiteral("아직 보내지 않음"),
+                                  QStringLiteral("판정 시각"));
+    controls.lblSTAMP->setToolTip(
+        QStringLiteral("판정한 시각, 받은 바이트 수, 보낸 뒤 첫 바이트가 올 때까지 걸린 시간"));
+    controls.lblSTAMP->setAlignment(Qt::AlignCenter);
+    SetInNumberFace(*controls.lblSTAMP);
     auto* grid = new QGridLayout;
     for (std::size_t i = 0; i < headings.size(); ++i) {
         const QString heading = QString::fromUtf8(headings.at(i));
@@ -101,62 +113,10 @@ QWidget* MakeHeader(TestControls& controls) {
         AddTitled(*grid, static_cast<int>(headings.size()), QStringLiteral("Label12_0"),
                   QStringLiteral("DATA(byte)"), QStringLiteral("lblRXBUFFER"),
                   QStringLiteral("수신 바이트 수"));
-    column->addWidget(controls.lblRESULT);
+    column->addWidget(controls.lblRESULT, 1);
+    column->addWidget(controls.lblSTAMP);
     column->addLayout(grid);
     return controls.frmDATA;
-}
-
-struct DecodedField {
-    QLabel* TestControls::*Value;
-    const char* Name;
-    const char* Text;
-    const char* TitleName;
-    const char* Title;
-};
-constexpr std::array DecodedFields{
-    DecodedField{&TestControls::lblSTATUS, "lblSTATUS", "STATUS", "Label11_9", "SUB STATUS"},
-    DecodedField{&TestControls::lblERROR, "lblERROR", "ERROR", "Label11_8", "ERROR DATA"},
-    DecodedField{&TestControls::lblSTEP, "lblSTEP", "STEP", "Label11_5", "RX STEP"},
-    DecodedField{&TestControls::lblVOLTAGE, "lblVOLTAGE", "VOLTAGE", "Label11_7", "POWER VOLT"},
-    DecodedField{&TestControls::lblOVP, "lblOVP", "OVP", "Label11_0", "OVP SET"},
-    DecodedField{&TestControls::lblCURRENT, "lblCURRENT", "CURRENT", "Label11_6", "POWER CURR"},
-};
-constexpr int DecodedPerLine = 2;
-
-QLayout* MakeDecoded(TestControls& controls) {
-    auto* grid = new QGridLayout;
-    grid->addWidget(MakeLabel(QStringLiteral("Label1"), QStringLiteral("DISPLAY")), 0, 0);
-    int place = 0;
-    for (const auto& field : DecodedFields) {
-        const QString title = QString::fromUtf8(field.Title);
-        const bool wide = field.Value == &TestControls::lblERROR;
-        auto* value =
-            MakeNumber(QString::fromUtf8(field.Name), QString::fromUtf8(field.Text), title,
-                       wide ? QStringLiteral("OUT OFF ERROR CURRENT") : QStringLiteral("VOLTAGE"));
-        controls.*field.Value = value;
-        auto* heading = MakeLabel(QString::fromUtf8(field.TitleName), title);
-        heading->setContentsMargins(16, 0, 0, 0);
-        const int row = place / DecodedPerLine;
-        const int column = 1 + 2 * (place++ % DecodedPerLine);
-        grid->addWidget(heading, row, column);
-        grid->addWidget(value, row, column + 1);
-        grid->setColumnStretch(column + 1, 1);
-    }
-    return grid;
-}
-
-QLayout* MakeLamps(TestControls& controls) {
-    auto* row = new QHBoxLayout;
-    for (std::size_t bit = 0; bit < LampCaptions.size(); ++bit) {
-        const QString caption = QString::fromUtf8(LampCaptions.at(bit));
-        auto* lamp = MakeBordered(QStringLiteral("ledSTATUS_%1").arg(bit), caption, caption);
-        lamp->setMargin(3);
-        lamp->setMinimumWidth(WidthFor(*lamp, caption));
-        PaintBackground(*lamp, Colour::White);
-        controls.ledSTATUS.at(bit) = lamp;
-        row->addWidget(lamp, 1);
-    }
-    return row;
 }
 
 // The lines of panels in an area that scrolls, so that a long reply leaves the window as it is.
@@ -164,13 +124,17 @@ QWidget* MakePanels(TestControls& controls) {
     auto* panels = new NumberPanels(QStringLiteral("StatusBar_RXDATA"), PanelCount, PanelsPerLine,
                                     LastingPanels);
     controls.StatusBar_RXDATA = panels;
+    QStringList numbers;
+    for (int number = 1; number <= PanelCount; ++number) numbers << QString::number(number);
+    panels->SetCaptions({numbers});
+    panels->Tint(HeaderBytes);
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    area->setAccessibleName(QStringLiteral("수신 데이타 보기"));
-    area->verticalScrollBar()->setAccessibleName(QStringLiteral("수신 데이타 이동"));
+    area->setAccessibleName(QStringLiteral("수신 데이터 보기"));
+    area->verticalScrollBar()->setAccessibleName(QStringLiteral("수신 데이터 이동"));
     const QSize view = panels->SizeOf(PanelLinesInView);
     area->setFixedHeight(view.height());
     area->setMinimumWidth(view.width() + area->verticalScrollBar()->sizeHint().width());
@@ -183,8 +147,10 @@ QWidget* MakeMonitor(TestControls& controls) {
     box->setObjectName(QStringLiteral("frmTXRXDATA"));
     auto* column = new QVBoxLayout(box);
     column->addWidget(MakePanels(controls));
-    column->addLayout(MakeDecoded(controls));
-    column->addLayout(MakeLamps(controls));
+    controls.Fields = new ReplyFields;
+    controls.Lamps = new BitLamps;
+    column->addWidget(controls.Fields);
+    column->addWidget(controls.Lamps);
     return box;
 }
 
@@ -193,10 +159,10 @@ QWidget* MakeMonitor(TestControls& controls) {
 TestControls MakeTestControls(QWidget& window) {
     TestControls controls;
     auto* column = new QVBoxLayout(&window);
-    auto* top = new QHBoxLayout;
-    top->addWidget(MakeTarget(controls));
-    top->addWidget(MakeHeader(controls), 1);
-    column->addLayout(top);
+    auto* top = new FlowingRow(QBoxLayout::TopToBottom);
+    top->Add(*MakeTarget(controls), 0);
+    top->Add(*MakeHeader(controls), 1);
+    column->addWidget(top);
     column->addWidget(MakeMonitor(controls));
     return controls;
 }

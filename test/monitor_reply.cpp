@@ -1,5 +1,7 @@
 #include "test/monitor_reply.h"
 
+#include "source/numbers.h"
+
 namespace zps {
 
 namespace {
@@ -67,6 +69,36 @@ std::string ErrorText(std::uint8_t errorCode) {
         if (text.Code == errorCode) return text.Text;
     }
     return std::to_string(errorCode);
+}
+
+std::string TextOf(const Stamp& stamp) {
+    constexpr double millisecondsPerSecond = 1000;
+    std::string outcome = stamp.Asked ? "응답 없음" : "보내지 않았는데 수신";
+    if (stamp.After) {
+        const auto seconds = static_cast<double>(stamp.After->count()) / millisecondsPerSecond;
+        outcome = FormatFixed(seconds, 2) + "초";
+    }
+    return stamp.Clock + " · " + std::to_string(stamp.Bytes) + "바이트 · " + outcome;
+}
+
+std::array<FieldText, FieldCount> DecodeFields(std::span<const std::uint8_t, DataLength> bytes,
+                                               bool ratingsKnown) {
+    const ReadBack values = ReadDataReply(bytes);
+    const RatingFields counts = ReadRatingFields(bytes);
+    const bool outputOff = (values.Status & status::Output) == 0;
+    const auto tenths = [&](int count, const char* unit) {
+        constexpr double perUnit = 10;
+        FieldText text{std::to_string(count), {}};
+        if (ratingsKnown && outputOff)
+            text.Scaled = "= " + FormatFixed(count / perUnit, 1) + " " + unit;
+        return text;
+    };
+    return {FieldText{std::to_string(values.Status), {}},
+            {ErrorText(values.Code), {}},
+            {std::to_string(values.Step), {}},
+            tenths(counts.Volt, "V"),
+            tenths(counts.Ovp, "V"),
+            tenths(counts.Curr, "A")};
 }
 
 }  // namespace zps

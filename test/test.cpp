@@ -4,14 +4,19 @@
 #include "source/errors.h"
 #include "source/numbers.h"
 
+#include <QTime>
+
+#include <chrono>
 #include <limits>
 #include <utility>
 
 namespace zps {
 
 namespace {
+
 constexpr std::size_t LongestReply = 20;  // what is waited for; a data reply has fewer bytes
-}
+
+}  // namespace
 
 TEST::TEST(SOURCE& source, POWER& power, const Surroundings& around)
     : PortWindow(source, power, around), Controls(MakeTestControls(*this)) {
@@ -60,22 +65,42 @@ void TEST::Probe(std::uint8_t controlCode) {
     Source.LayFrame(ProbeFrame(FormAddr, controlCode, FormAddr));
     comPOWER->DiscardInput();
     ++ProbesOut;
+    SentAt = serial::Clock::now();
     comPOWER->Output(Source.TxFrame);
+}
+
+// For one byte first: when that comes is how quick the supply is, and a data reply never has as
+// many as are waited for.
+Bytes TEST::Gather() {
+    const auto began = serial::Clock::now();
+    const bool any = comPOWER->WaitForInput(1, ReplyWait, serial::WaitMode::RunEvents);
+    FirstByteAt = serial::Clock::now();
+    const auto waited = std::chrono::ceil<std::chrono::milliseconds>(FirstByteAt - began);
+    const auto left = any && waited < ReplyWait ? ReplyWait - waited : std::chrono::milliseconds(0);
+    return GatherReply(*comPOWER, LongestReply, serial::WaitMode::RunEvents, left);
 }
 
 void TEST::comPOWER_OnComm() {
     const unsigned exchange = ExchangeNumber;
-    const Bytes reply = GatherReply(*comPOWER, LongestReply, serial::WaitMode::RunEvents);
+    const Bytes reply = Gather();
     if (exchange != ExchangeNumber) return;
     // A probe sent during the wait before has been judged with what came then.
-    const bool judged = std::exchange(ProbesJudged, ProbesOut) == ProbesOut;
-    if (judged && reply.empty()) return;
+    const bool asked = std::exchange(ProbesJudged, ProbesOut) != ProbesOut;
+    if (!asked && reply.empty()) return;
     const Verdict verdict = JudgeMonitorReply(reply, FormAddr);
     ShowPanels(reply, verdict);
     // Not paced: what comes right after must not take their place.
     if (verdict == Verdict::GoodDle) ShowFields(reply);
-    Last = {reply.size(), verdict, ShownHeader(reply)};
+    Last = {StampOf(reply.size(), asked), verdict, ShownHeader(reply)};
     Display.Changed();
+}
+
+Stamp TEST::StampOf(std::size_t count, bool asked) const {
+    Stamp stamp{QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(), count,
+                asked};
+    if (asked && count > 0 && FirstByteAt >= SentAt)
+        stamp.After = std::chrono::duration_cast<std::chrono::milliseconds>(FirstByteAt - SentAt);
+    return stamp;
 }
 
 // What is blanked is blank whatever came there: an acknowledgement has three bytes.
@@ -88,31 +113,25 @@ void TEST::ShowPanels(std::span<const std::uint8_t> reply, Verdict verdict) {
 }
 
 void TEST::ShowLast() {
-    Controls.lblRXBUFFER->setText(QString::number(Last.Count));
+    const bool good = IsGood(Last.Judged);
+    Controls.lblRXBUFFER->setText(QString::number(Last.When.Bytes));
     Controls.lblRESULT->setText(QString::fromUtf8(TextOf(Last.Judged)));
-    PaintBackground(*Controls.lblRESULT, IsGood(Last.Judged) ? Colour::BrightGreen : Colour::Red);
+    Controls.lblRESULT->ShowSign(good ? Sign::Good : Sign::Bad);
+    PaintBackground(*Controls.lblRESULT, good ? Colour::BrightGreen : Colour::Red);
+    Controls.lblSTAMP->setText(QString::fromStdString(TextOf(Last.When)));
     for (std::size_t i = 0; i < Controls.lblRXDATA.size(); ++i) {
         Controls.lblRXDATA.at(i)->setText(Last.Header ? QString::number(Last.Header->at(i))
                                                       : QString());
     }
+    const bool old = Last.Judged != Verdict::GoodDle;
+    Controls.Fields->ShowOld(old);
+    Controls.Lamps->ShowOld(old);
 }
 
 void TEST::ShowFields(const Bytes& reply) {
     const auto bytes = std::span(reply).first<DataLength>();
-    const ReadBack values = ReadDataReply(bytes);
-    const RatingFields fields = ReadRatingFields(bytes);
-    Controls.lblSTATUS->setText(QString::number(values.Status));
-    Controls.lblERROR->setText(QString::fromStdString(ErrorText(values.Code)));
-    Controls.lblVOLTAGE->setText(QString::number(fields.Volt));
-    Controls.lblOVP->setText(QString::number(fields.Ovp));
-    Controls.lblCURRENT->setText(QString::number(fields.Curr));
-    Controls.lblSTEP->setText(QString::number(values.Step));
-    for (std::size_t bit = 0; bit < Controls.ledSTATUS.size(); ++bit) {
-        const bool set = (values.Status >> bit & 1U) != 0;
-        QLabel& lamp = *Controls.ledSTATUS.at(bit);
-        PaintBackground(lamp, set ? Colour::Red : Colour::White);
-        lamp.setAccessibleDescription(set ? QStringLiteral("켜짐") : QStringLiteral("꺼짐"));
-    }
+    Controls.Fields->Show(DecodeFields(bytes, Source.KnownAt(FormAddr)));
+    Controls.Lamps->Show(ReadDataReply(bytes).Status);
 }
 
 }  // namespace zps

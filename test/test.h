@@ -24,13 +24,15 @@ class TEST : public PortWindow {
     void txtPADDR_Change();
     void Probe(std::uint8_t controlCode);
     void comPOWER_OnComm();
+    Bytes Gather();
+    Stamp StampOf(std::size_t count, bool asked) const;
     void ShowPanels(std::span<const std::uint8_t> reply, Verdict verdict);
     void ShowLast();
     void ShowFields(const Bytes& reply);
 
     // Of the last reply.
     struct Heard {
-        std::size_t Count = 0;
+        Stamp When;
         Verdict Judged = Verdict::Nothing;
         std::optional<std::array<std::uint8_t, 3>> Header;
     };
@@ -40,6 +42,8 @@ class TEST : public PortWindow {
     Paced Display{[this] { ShowLast(); }};
     std::int16_t FormPort = 0;
     std::int16_t FormAddr = 0;
+    serial::Clock::time_point SentAt;       // the last probe
+    serial::Clock::time_point FirstByteAt;  // of the reply that is gathered
     unsigned ProbesOut = 0;
     unsigned ProbesJudged = 0;
     unsigned ExchangeNumber = 0;  // tells a handler that the window was closed while it waited

@@ -3,6 +3,9 @@
 
 #include "controls/number_panels.h"
 #include "controls/read_out.h"
+#include "controls/sign_label.h"
+#include "test/bit_lamps.h"
+#include "test/reply_fields.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -19,17 +22,13 @@ struct TestControls {
     QPushButton* cmdENQ = nullptr;
     QPushButton* cmdDLE = nullptr;
     QGroupBox* frmDATA = nullptr;
-    QLabel* lblRESULT = nullptr;
+    SignLabel* lblRESULT = nullptr;
+    QLabel* lblSTAMP = nullptr;  // when the verdict was given, and on what
     std::array<QLabel*, 3> lblRXDATA{};
     QLabel* lblRXBUFFER = nullptr;
     NumberPanels* StatusBar_RXDATA = nullptr;
-    QLabel* lblSTATUS = nullptr;
-    QLabel* lblERROR = nullptr;
-    QLabel* lblVOLTAGE = nullptr;
-    QLabel* lblOVP = nullptr;
-    QLabel* lblCURRENT = nullptr;
-    QLabel* lblSTEP = nullptr;
-    std::array<QLabel*, 8> ledSTATUS{};  // lamp k shows bit k of the status byte
+    ReplyFields* Fields = nullptr;
+    BitLamps* Lamps = nullptr;
 };
 
 // Makes the controls and lays them out in `window`.

@@ -124,6 +124,7 @@ class Looks : public testing::TestWithParam<Desktop> {
         SCOPED_TRACE(state.toStdString());
         ExpectGoodLooks(window);
         ExpectPainted(window, "cmdZPS_ENQ", Colour::LightGreen);
+        ExpectPainted(window, "optPORT_2", Colour::LightGrey);
         if (state.contains("test")) ExpectPainted(window, "cmdDLE", Colour::LightCyan);
         if (state.contains("running") || state.contains("steps")) ExpectInSight(window);
         const QString folder = qEnvironmentVariable("LOOKS_FOLDER");

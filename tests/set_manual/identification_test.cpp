@@ -158,7 +158,7 @@ TEST(Choice, PutsTheResultsBackAndKeepsTheOutcomeOfTheSameSupplyOnly) {
         ASSERT_TRUE(panel.WaitForDataResult(GoodData));
         const auto port = "optPORT_" + std::to_string(number);
         what == 'A' ? Pick(panel, "cmbADDR", number - 1) : Press(panel, port.c_str());
-        EXPECT_TRUE(Show(panel, NoResultLook, NoResultLook));
+        EXPECT_TRUE(Show(panel, NoResultLook, NoResultLook) && !Rail(panel).contains('+'));
         EXPECT_EQ(panel.Source().RatingsKnown(), same);
         panel.Run.Settings()->close();
         EXPECT_EQ(panel.Get<QFrame>("frmPOWERDISPLAY").isVisible(), same);

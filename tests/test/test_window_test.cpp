@@ -38,6 +38,9 @@ class Opened {
     QColor Paint(const QString& label) {
         return Get<QLabel>(label).palette().color(QPalette::Window);
     }
+    QColor Ink(const QString& label) {
+        return Get<QLabel>(label).palette().color(QPalette::WindowText);
+    }
     // The texts of several labels.
     QString Texts(const char* names) {
         QStringList texts;
@@ -93,23 +96,35 @@ TEST(TestWindow, ProbesTheSuppliesOnTheLineAndGivesThePortBack) {
     ASSERT_TRUE(panel.Open());
     Opened window(panel);
     EXPECT_EQ(window.Get<QLineEdit>("txtPCOMMPORT").text(), "1");
+    EXPECT_EQ(window.Text("lblSTAMP"), "아직 보내지 않음");
     const struct {
-        const char *Address, *Button, *Verdict, *Values;
+        const char *Address, *Button, *Verdict;
+        const char* Values;  // in volts and amperes where it is known whose they are
+        const char* Stamp;   // behind the time
+        bool Old;            // the values are those of a reply before
         Bytes Sent;
-    } probes[]{{"1", "cmdENQ", "GOOD  ENQ", "VOLTAGE CURRENT", {1, 5, 6}},
-               {"7", "cmdDLE", "GOOD  DLE", "200 50", {7, 16, 23}},
-               {"8", "cmdENQ", "ERROR  Nothing", "200 50", {8, 5, 13}}};
-    for (const auto& [address, button, verdict, values, frame] : probes) {
+    } probes[]{
+        {"1", "cmdENQ", "GOOD  ENQ", "VOLTAGE CURRENT  ", "3바이트 · 0", false, {1, 5, 6}},
+        {"7", "cmdDLE", "GOOD  DLE", "200 50  ", "14바이트 · 0", false, {7, 16, 23}},
+        {"1", "cmdDLE", "GOOD  DLE", "1500 100 = 150.0 V = 10.0 A", "14바이", false, {1, 16, 17}},
+        {"8", "cmdENQ", "ERROR  Nothing", nullptr, "0바이트 · 응답 없음", true, {8, 5, 13}}};
+    QString values;
+    for (const auto& [address, button, verdict, brought, stamp, old, frame] : probes) {
         panel.Line().TakeReceived();
         window.SetAddress(address);
         EXPECT_EQ(window.Verdict(button), verdict);
-        EXPECT_EQ(window.Texts("lblVOLTAGE lblCURRENT"), values);
+        if (brought != nullptr) values = brought;
+        EXPECT_EQ(window.Texts("lblVOLTAGE lblCURRENT lblVOLTAGE_SCALED lblCURRENT_SCALED"),
+                  values);
+        EXPECT_TRUE(
+            window.Text("lblSTAMP")
+                .contains(QRegularExpression(
+                    QStringLiteral("^\\d\\d:\\d\\d:\\d\\d · %1").arg(QString::fromUtf8(stamp)))));
+        EXPECT_EQ(window.Get<QLabel>("lblOLD").isVisible(), old);
         EXPECT_EQ(panel.Line().TakeReceived(), std::vector<Bytes>{frame});
     }
-    const QString volts = panel.Get<QLineEdit>("txtVOLT").text();
     window.Window->close();
     EXPECT_FALSE(panel.Source().MenuDialogFlag);
-    EXPECT_EQ(panel.Get<QLineEdit>("txtVOLT").text(), volts);
     panel.Click("cmdOCP");  // the main window has the line again
     EXPECT_TRUE(WaitFor([&] { return panel.Line().StateOf(1).OverCurrentProtection; }));
 }
@@ -148,13 +163,21 @@ TEST_F(ScriptedTest, JudgesEveryReplyByItsBytesAndTouchesOnlyWhatItBringsAnew) {
         EXPECT_EQ(Window->Text("lblRXBUFFER"), QString::number(one.Reply.size()));
         EXPECT_EQ(Window->Texts("lblRXDATA_0 lblRXDATA_1 lblRXDATA_2"), one.Header);
         EXPECT_EQ(Window->Panels(), one.Panels);
+        // A byte that is left from a reply before is fainter.
+        const bool left = one.Reply.size() < 14;
+        EXPECT_EQ(Contrast(Window->Ink("StatusBar_RXDATA_14"), Qt::black) > 3, left);
         EXPECT_EQ(Window->Texts("lblSTATUS lblERROR lblVOLTAGE lblOVP lblCURRENT lblSTEP"),
                   one.Fields);
     }
     for (int bit = 0; bit < 8; ++bit) {
+        const bool set = bit == 0 || bit == 2;
         EXPECT_EQ(Window->Paint(QString("ledSTATUS_%1").arg(bit)),
-                  bit == 0 || bit == 2 ? QColor(255, 0, 0) : QColor(255, 255, 255));
+                  set ? QColor(255, 0, 0) : QColor(255, 255, 255));
+        EXPECT_EQ(Window->Text(QString("lblBIT_%1").arg(bit)), set ? "1" : "0");
     }
+    // With the output on the counts are no tenths.
+    for (const FieldText& field : DecodeFields(std::span(DataReply).first<14>(), true))
+        EXPECT_EQ(field.Scaled, "");
     const auto meanings =
         QString(
             "0,OUT OFF ERROR VOLTAGE,2,MAX. OVER VOLTAGE,MAX. OVER CURRENT,SET OVER VOLTAGE,"
@@ -226,20 +249,18 @@ TEST_F(ScriptedTest, ASecondProbeInsideTheWaitGetsItsVerdictOnceInTheSameWaitOrT
     EXPECT_EQ(Line().WrittenData().size(), 4U);
 }
 
-TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedAndLeavesBothWindowsUsable) {
-    const auto reported = [&](std::size_t boxes, const QString& reason) {
-        return WaitFor([&] { return Panel.Boxes.Shown.size() == boxes; }) &&
-               Panel.Boxes.LastText().contains(reason);
+TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedEachTimeAndHidesThePanels) {
+    const auto boxes = [&](std::size_t count) {
+        return WaitFor([&] { return Panel.Boxes.Shown.size() == count; });
     };
     Window->Window->close();
     Panel.Main().ShowPanels(true);  // as if a supply had been found
     Line().Refuse(1, std::errc::permission_denied);
     Window.emplace(Panel);
-    EXPECT_TRUE(reported(1, "권한") && Window->Window->isEnabled());
+    EXPECT_TRUE(boxes(1));
     Click("cmdENQ");
-    EXPECT_TRUE(reported(2, "열려 있지 않습니다"));
     Window->Window->close();
-    EXPECT_TRUE(reported(3, "권한") && Panel.Main().isEnabled());
+    EXPECT_TRUE(boxes(3) && Panel.Main().isEnabled());
     EXPECT_FALSE(Panel.Get<QFrame>("frmPOWERDISPLAY").isVisible());
 }
 
