@@ -3,21 +3,18 @@
 #include "controls/error_texts.h"
 #include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
-#include "power/link/link_watch.h"
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
-#include "power/panel/header_layout.h"
-#include "power/panel/link_layout.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_sequence.h"
+#include "power/run/link_report.h"
 #include "power/run/output_switch.h"
 #include "power/run/remote_switch.h"
 #include "power/run/reply_handler.h"
 #include "power/steps/step_entry.h"
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
-#include "source/numbers.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -37,8 +34,6 @@ struct POWER::Inside {
     // The output has been switched, by whomever.
     void ShowOutput();
     void ShowScrolled();
-    void ShowConnection();
-    void TellLink();
     bool SendTopStep();
     // Nothing is sent by itself any more.
     void EndExchanges();
@@ -56,9 +51,9 @@ struct POWER::Inside {
     Output Out;
     LastEvent Happened;
     LinkQuality Quality;
-    LinkWatch Link;
     Polling Polls;
     HeldSteps Held;
+    LinkReport Report;
     ReadOuts Shown;
     EditLock Lock;
     FrameWatch Place;
@@ -92,9 +87,9 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
       Quality(Time, [this] { return Out.On(); }),
-      Link(Quality, TimeAtOnce),
       Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
       Held(source, *comPOWER, Sender, Time),
+      Report(Parts, Held, Quality, Happened, TimeAtOnce),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
       Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
@@ -124,25 +119,6 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     Held.OnChange([this] {
         Rows.Repaint();
         Refresh();
-    });
-    TellLink();
-}
-
-void POWER::Inside::TellLink() {
-    DescribeCounters(Controls, Quality);
-    Happened.OnChange([this] { ShowEvent(Controls, Happened.Get()); });
-    Held.OnRefusal([this](int step) {
-        Happened.Note(EventKind::Refused,
-                      QStringLiteral("전원 장치가 단계 %1의 값을 받지 않았습니다.")
-                          .arg(QString::fromStdString(FormatStep(step))));
-    });
-    Link.OnChange([this] { Controls.lblPOLL->Show(Link.Seen()); });
-    Link.OnLost([this] {
-        Happened.Note(EventKind::LinkLost, QStringLiteral("전원 장치의 응답이 끊겼습니다."));
-    });
-    Link.OnBack([this](std::chrono::seconds away) {
-        Happened.Note(EventKind::LinkBack,
-                      QStringLiteral("응답이 %1초 만에 돌아왔습니다.").arg(away.count()));
     });
 }
 
@@ -177,11 +153,7 @@ void POWER::Inside::ShowOutput() {
     ShowAsked(Controls, OutputFunction(), Out.ShownOn());
     OvpUnderLoad = false;
     Polls.Stop();
-    if (Out.On()) {
-        Happened.Forget();
-        Quality.OutputWentOn();
-    }
-    Link.Look();
+    Report.OutputSwitched(Out.On());
     if (!Out.On()) Functions.PollsEnded();
     Lock.ReleaseEditLock();
     Refresh();
@@ -191,12 +163,6 @@ void POWER::Inside::ShowScrolled() {
     OvpUnderLoad = Out.On();
     Lock.ReleaseEditLock();
     Refresh();
-}
-
-void POWER::Inside::ShowConnection() {
-    Controls.lblLINK->setText(
-        QStringLiteral("COM%1 · 주소 %2").arg(Parts.Source.CommPort).arg(Parts.Source.PowerAddr));
-    Controls.lblLINK->setToolTip(QString::fromStdString(comPOWER->Device()));
 }
 
 bool POWER::Inside::SendTopStep() {
@@ -234,7 +200,7 @@ void POWER::Form_Load() {
     source.SetStartScales();
     source.PowerAddr = source.SetAddr;
     ShowModel();
-    Self->ShowConnection();
+    Self->Report.ShowConnection(Self->comPOWER->Device());
     source.ReplyFlag = ExpectAck;
     Self->Controls.frmPOWERDISPLAY->setVisible(true);
     Self->Rows.Highlight(0);
@@ -284,7 +250,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
 void POWER::ConnectionChanged() {
     const bool hidden = !Self->Parts.Source.RatingsKnown() && !Self->Ratings.isEmpty();
     Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
-    Self->ShowConnection();
+    Self->Report.ShowConnection(Self->comPOWER->Device());
     Self->Shown.Refresh();
 }
 
@@ -356,17 +322,16 @@ void POWER::mnuData_Clear_Click() {
 
 namespace {
 
-Message EndQuestion(MessageIcon icon, bool outputOn) {
+Message EndQuestion(MessageIcon icon, const Output& output) {
     return {icon, QStringLiteral("프로그램 종료"), QStringLiteral("프로그램을 종료합니다."),
-            MessageButtons::YesNo, outputOn ? Answer::No : Answer::Yes};
+            MessageButtons::YesNo, output.On() || output.ShownOn() ? Answer::No : Answer::Yes};
 }
 
 }  // namespace
 
 void POWER::mnuPROGRAM_END_Click() {
     Self->Polls.Stop();
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information, Self->Out.On())) !=
-        Answer::Yes)
+    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information, Self->Out)) != Answer::Yes)
         return;
     const int address = Self->Parts.Source.PowerAddr;
     if (Self->comPOWER->PortOpen()) {
@@ -380,7 +345,7 @@ void POWER::mnuPROGRAM_END_Click() {
 }
 
 bool POWER::MayUnload() {
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out.On())) != Answer::Yes)
+    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out)) != Answer::Yes)
         return false;
     Self->EndExchanges();
     if (Self->comPOWER->PortOpen()) {
