@@ -3,15 +3,13 @@
 #include "controls/error_texts.h"
 #include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
-#include "power/link/link_watch.h"
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
-#include "power/panel/header_layout.h"
-#include "power/panel/link_layout.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
+#include "power/run/link_report.h"
 #include "power/run/output_switch.h"
 #include "power/run/remote_switch.h"
 #include "power/run/reply_handler.h"
@@ -19,7 +17,6 @@
 #include "power/steps/step_entry.h"
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
-#include "source/numbers.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -39,8 +36,6 @@ struct POWER::Inside {
     // The output has been switched, by whomever.
     void ShowOutput();
     void ShowScrolled();
-    void ShowConnection();
-    void TellLink();
     bool SendTopStep();
     // Nothing is sent by itself any more.
     void EndExchanges();
@@ -58,9 +53,9 @@ struct POWER::Inside {
     Output Out;
     LastEvent Happened;
     LinkQuality Quality;
-    LinkWatch Link;
     Polling Polls;
     HeldSteps Held;
+    LinkReport Report;
     ReadOuts Shown;
     EditLock Lock;
     FrameWatch Place;
@@ -96,9 +91,9 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
       Quality(Time, [this] { return Out.On(); }),
-      Link(Quality, TimeAtOnce),
       Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
       Held(source, *comPOWER, Sender, Time),
+      Report(Parts, Held, Quality, Happened, TimeAtOnce),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
       Place(*Controls.fraSTEPLIST, [this] { Lock.ResumeConfinement(); }),
@@ -131,25 +126,6 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     Rows.OnSelect([this] { Refresh(); });
     Held.OnChange([this] { Refresh(); });
     Progress.OnChange([this] { Rows.Repaint(); });
-    TellLink();
-}
-
-void POWER::Inside::TellLink() {
-    DescribeCounters(Controls, Quality);
-    Happened.OnChange([this] { ShowEvent(Controls, Happened.Get()); });
-    Held.OnRefusal([this](int step) {
-        Happened.Note(EventKind::Refused,
-                      QStringLiteral("전원 장치가 단계 %1의 값을 받지 않았습니다.")
-                          .arg(QString::fromStdString(FormatStep(step))));
-    });
-    Link.OnChange([this] { Controls.lblPOLL->Show(Link.Seen()); });
-    Link.OnLost([this] {
-        Happened.Note(EventKind::LinkLost, QStringLiteral("전원 장치의 응답이 끊겼습니다."));
-    });
-    Link.OnBack([this](std::chrono::seconds away) {
-        Happened.Note(EventKind::LinkBack,
-                      QStringLiteral("응답이 %1초 만에 돌아왔습니다.").arg(away.count()));
-    });
 }
 
 POWER::Inside::~Inside() {
@@ -184,11 +160,7 @@ void POWER::Inside::ShowOutput() {
     ShowAsked(Controls, OutputFunction(), Out.On());
     OvpUnderLoad = false;
     Polls.Stop();
-    if (Out.On()) {
-        Happened.Forget();
-        Quality.OutputWentOn();
-    }
-    Link.Look();
+    Report.OutputSwitched(Out.On());
     if (!Out.On()) Functions.PollsEnded();
     Progress.OutputSwitched(Out.On(), Functions.AutoOn());
     Display.OutputChanged();
@@ -200,12 +172,6 @@ void POWER::Inside::ShowScrolled() {
     OvpUnderLoad = Out.On();
     Lock.ReleaseEditLock();
     Refresh();
-}
-
-void POWER::Inside::ShowConnection() {
-    Controls.lblLINK->setText(
-        QStringLiteral("COM%1 · 주소 %2").arg(Parts.Source.CommPort).arg(Parts.Source.PowerAddr));
-    Controls.lblLINK->setToolTip(QString::fromStdString(comPOWER->Device()));
 }
 
 bool POWER::Inside::SendTopStep() {
@@ -242,7 +208,7 @@ void POWER::Form_Load() {
     source.SetStartScales();
     source.PowerAddr = source.SetAddr;
     ShowModel();
-    Self->ShowConnection();
+    Self->Report.ShowConnection(Self->comPOWER->Device());
     source.ReplyFlag = ExpectAck;
     Self->Controls.frmPOWERDISPLAY->setVisible(true);
     Self->Rows.Highlight(0);
@@ -292,7 +258,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
 void POWER::ConnectionChanged() {
     const bool hidden = !Self->Parts.Source.RatingsKnown() && !Self->Ratings.isEmpty();
     Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
-    Self->ShowConnection();
+    Self->Report.ShowConnection(Self->comPOWER->Device());
     Self->Shown.Refresh();
     Self->Rows.Repaint();
 }
@@ -366,17 +332,16 @@ void POWER::mnuData_Clear_Click() {
 
 namespace {
 
-Message EndQuestion(MessageIcon icon, bool outputOn) {
+Message EndQuestion(MessageIcon icon, const Output& output) {
     return {icon, QStringLiteral("프로그램 종료"), QStringLiteral("프로그램을 종료합니다."),
-            MessageButtons::YesNo, outputOn ? Answer::No : Answer::Yes};
+            MessageButtons::YesNo, output.On() || output.ShownOn() ? Answer::No : Answer::Yes};
 }
 
 }  // namespace
 
 void POWER::mnuPROGRAM_END_Click() {
     Self->Polls.Stop();
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information, Self->Out.On())) !=
-        Answer::Yes)
+    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information, Self->Out)) != Answer::Yes)
         return;
     const int address = Self->Parts.Source.PowerAddr;
     if (Self->comPOWER->PortOpen()) {
@@ -390,7 +355,7 @@ void POWER::mnuPROGRAM_END_Click() {
 }
 
 bool POWER::MayUnload() {
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out.On())) != Answer::Yes)
+    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out)) != Answer::Yes)
         return false;
     Self->EndExchanges();
     if (Self->comPOWER->PortOpen()) {
