@@ -49,7 +49,7 @@ class StepCells : public QWidget {
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         QColor line = palette().color(QPalette::WindowText);
-        line.setAlphaF(0.4F);
+        line.setAlphaF(0.33F);
         painter.fillRect(event->rect(), line);
     }
 };

@@ -37,10 +37,10 @@ void StepList::PaintButton(int row, const RowLook& look) {
     QStringList words{look.Spoken};
     if (mark != StepMark::None && Spoken(mark) != look.Spoken) words += Spoken(mark);
     const QString told = words.join(QStringLiteral(", "));
-    if (told == button.accessibleDescription()) return;
-    button.setAccessibleDescription(told);
+    if (told != button.accessibleDescription()) button.setAccessibleDescription(told);
     const bool sends = StepOf(row) != Selected;  // a click on the selected step does nothing more
-    button.setToolTip(sends ? QStringLiteral("번호를 누르면 송신 (%1)").arg(told) : told);
+    const QString tip = sends ? QStringLiteral("번호를 누르면 송신 (%1)").arg(told) : told;
+    if (tip != button.toolTip()) button.setToolTip(tip);
 }
 
 void StepList::PaintField(const StepField& kind, int row, const RowLook& look) {

@@ -107,7 +107,7 @@ def use_panel():
     wait_for(lambda: says("과전류 보호 상태", "ON"), "the switch pressed from outside")
     # What a person sees by colour alone.
     wait_for(lambda: says("과전류 보호 표시등", "켜짐") and says("출력 표시등", "꺼짐"), "the lamps")
-    wait_for(lambda: says("단계 00", "선택됨") and says("단계 01", "미송신"), "the rows' states")
+    wait_for(lambda: says("단계 00", "선택됨, 송신됨") and says("단계 01", "미송신"), "the rows' states")
     choose("프로그램 정보(A)")
     check_names("ZPS-RS232 정보", IN_ABOUT)
     close("ZPS-RS232 정보")
