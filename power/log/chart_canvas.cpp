@@ -61,6 +61,7 @@ struct ChartCanvas::Drawing {
     QCPItemText& MakeText();
     QCPItemStraightLine& MakeLine();
     void ApplyPalette(const QPalette& palette, QFont font);
+    void ColourNotes(const QPalette& palette, const QFont& font);
     void ColourAxis(QCPAxis& axis, const QColor& lines, const QColor& texts, const QFont& font);
     void SetMargins(const QFontMetrics& metrics);
 
@@ -156,7 +157,7 @@ void ChartCanvas::Drawing::ColourAxis(QCPAxis& axis, const QColor& lines, const 
 
 // Of one size, whatever is written there: the picture must not move under its axes.
 void ChartCanvas::Drawing::SetMargins(const QFontMetrics& metrics) {
-    const int side = metrics.horizontalAdvance(QStringLiteral("0.0000")) + 14;
+    const int side = metrics.horizontalAdvance(QStringLiteral("0.00000")) + 14;
     Plot.axisRect()->setMargins({side, metrics.height() / 2 + 2, side, 2 * metrics.height() + 12});
 }
 
@@ -184,8 +185,16 @@ void ChartCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) {
         axis->grid()->setZeroLinePen(Qt::NoPen);
     }
     Plot.yAxis->grid()->setZeroLinePen(QPen(FaintText(palette, 0.35F)));
+    Plot.setBackground(palette.color(QPalette::Base));
+    ColourNotes(palette, font);
+    SetMargins(QFontMetrics(font));
+    LabelTimes();
+    Plot.replot(QCustomPlot::rpQueuedReplot);
+}
+
+void ChartCanvas::Drawing::ColourNotes(const QPalette& palette, const QFont& font) {
+    const QColor text = palette.color(QPalette::Text);
     QColor ground = palette.color(QPalette::Base);
-    Plot.setBackground(ground);
     Cursor->setPen(QPen(text, 1));
     for (auto* line : MarkLines) line->setPen(QPen(text, 1, Qt::DashLine));
     ground.setAlphaF(0.9F);
@@ -193,11 +202,8 @@ void ChartCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) {
         note->setColor(text);
         note->setFont(font);
         note->setBrush(ground);
-        note->setPen(QPen(frame));
+        note->setPen(QPen(FaintText(palette, 0.5F)));
     }
-    SetMargins(QFontMetrics(font));
-    LabelTimes();
-    Plot.replot(QCustomPlot::rpQueuedReplot);
 }
 
 void ChartCanvas::Drawing::PlaceCurves(const ChartTable& table) {
