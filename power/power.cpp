@@ -334,7 +334,7 @@ namespace {
 
 Message EndQuestion(MessageIcon icon, const Output& output) {
     return {icon, QStringLiteral("프로그램 종료"), QStringLiteral("프로그램을 종료합니다."),
-            MessageButtons::YesNo, output.On() || output.ShownOn() ? Answer::No : Answer::Yes};
+            MessageButtons::YesNo, output.On() ? Answer::No : Answer::Yes};
 }
 
 }  // namespace
