@@ -80,12 +80,13 @@ QWidget* MakeSwitches(PowerControls& controls) {
         const bool output = &function == &OutputFunction();
         const int place = grid->rowCount();
         grid->addWidget(controls.*function.Button = MakeSwitch(function, output), place, 0);
-        grid->addWidget(controls.*function.Light = MakeLamp(function), place, 1);
+        // Aligned, or they would keep the row as low as they are.
+        grid->addWidget(controls.*function.Light = MakeLamp(function), place, 1, Qt::AlignCenter);
         Pill& state = *(controls.*function.Label = MakeState(function));
         if (&function == &RemoteFunction()) {
             grid->addLayout(WithCaption(state, *controls.lblPREMOTE), place, 2, Qt::AlignVCenter);
         } else {
-            grid->addWidget(&state, place, 2);
+            grid->addWidget(&state, place, 2, Qt::AlignVCenter);
         }
         grid->setRowStretch(place, output ? OutputHeight : OtherHeight);
         if (output) grid->addWidget(MakeLine(), place + 1, 0, 1, 3);
