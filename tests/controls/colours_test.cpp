@@ -1,5 +1,7 @@
 #include "controls/colours.h"
 
+#include "controls/lamp.h"
+
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
@@ -52,6 +54,33 @@ TEST(PaintedButtons, HaveExactlyTheirColourInEveryStateAndTellTheStatesApart) {
         }
     }
     QApplication::setPalette(usual);
+}
+
+// On light and dark desktops, and without the colours: the prescribed greens are almost as bright.
+TEST(TheLamp, IsSeenToBeLitInAPictureWithoutColours) {
+    for (const auto& [idle, lit] : {std::pair{Colour::PaleGreen, Colour::BrightGreen},
+                                    {Colour::PaleOrange, Colour::DarkRed},
+                                    {Colour::DarkRed, Colour::PaleOrange}}) {
+        for (const QColor& desktop : {QColor(0xEF, 0xEF, 0xEF), QColor(53, 53, 53)}) {
+            Lamp lamp(idle);
+            lamp.resize(lamp.sizeHint());
+            lamp.setPalette(QPalette(desktop, desktop));
+            const QImage off = lamp.grab().toImage();
+            lamp.Light(lit);
+            const QImage on = lamp.grab().toImage();
+            EXPECT_EQ(on.pixelColor(on.rect().center() + QPoint(5, 5)), ToQColor(lit));
+            EXPECT_GE(Contrast(ToQColor(lit), Qt::black), 3);  // the socket around it
+            EXPECT_EQ(off.pixelColor(off.rect().center()), ToQColor(idle));
+            int differing = 0;
+            for (int y = 0; y < on.height(); ++y) {
+                for (int x = 0; x < on.width(); ++x) {
+                    const int grey = qGray(on.pixel(x, y)) - qGray(off.pixel(x, y));
+                    differing += std::abs(grey) > 60;
+                }
+            }
+            EXPECT_GT(differing, on.width() * on.height() / 5);
+        }
+    }
 }
 
 }  // namespace

@@ -105,9 +105,11 @@ class Looks : public testing::TestWithParam<Desktop> {
             const auto* view = main.findChild<QScrollArea*>();
             const bool fine = main.devicePixelRatio() > 1;  // a small screen then
             const int digitsHere = screen.width() > 2000 && !fine ? 150 : 44;
+            const auto& lowest = panel.Get<QWidget>("cmdPREMOTE");
             EXPECT_TRUE(WaitFor(
                 [&] {
-                    return panel.Get<QLineEdit>("txtVOLT").font().pixelSize() >= digitsHere &&
+                    return lowest.visibleRegion().boundingRect() == lowest.rect() &&
+                           panel.Get<QLineEdit>("txtVOLT").font().pixelSize() >= digitsHere &&
                            !view->horizontalScrollBar()->isVisible() &&
                            (fine || !view->verticalScrollBar()->isVisible());
                 },
@@ -177,6 +179,11 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     const auto* log = panel.Main().findChild<MeasurementLog*>();
     ASSERT_TRUE(WaitFor([&] { return log->RowCount() >= 8; }));
     LookAtScreens(panel, "running");
+    const auto frame = [&] {
+        const QImage picture = panel.Get<QFrame>("fraOUTPUT").grab().toImage();
+        return picture.pixelColor(2, picture.height() / 2);
+    };
+    EXPECT_EQ(frame(), ToQColor(Colour::DarkRed));
     panel.Line().SetFaults({.Silent = true});
     ASSERT_TRUE(WaitFor([&] { return panel.Text("lblREADING").startsWith("응답 없음"); }));
     LookAtScreens(panel, "stale");
@@ -184,6 +191,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyWindow) {
     ASSERT_TRUE(WaitFor([&] { return panel.Text("lblREADING") == "측정값"; }));
     panel.Line().Trip(1, 5);
     ASSERT_TRUE(WaitFor([&] { return panel.Text("lblREADING") == "마지막 측정값"; }));
+    EXPECT_NE(frame(), ToQColor(Colour::DarkRed));
     LookAtScreens(panel, "tripped");
     panel.Type("txPVOLT_0", "100");
     panel.Leave();

@@ -92,5 +92,15 @@ TEST_F(RunPolling, AnAutomaticRunGoesThroughItsStepsToItsEnd) {
     EXPECT_EQ(steps, (std::set<QString>{"00", "01"}));
 }
 
+TEST_F(RunPolling, AReadingIsMarkedAsOldAlsoWhileAMessageBoxKeepsTheRepliesBack) {
+    Click("cmdOUTPUT");
+    ASSERT_TRUE(WaitFor([&] { return Text("lblREADING") == "측정값"; }));
+    Boxes.WhileUp = [this](const Message&) {
+        EXPECT_TRUE(WaitFor([&] { return Text("lblREADING").startsWith("응답 없음"); }, 3s));
+    };
+    Choose("mnuPROGRAM_END");
+    EXPECT_TRUE(WaitFor([&] { return Text("lblREADING") == "측정값"; }));
+}
+
 }  // namespace
 }  // namespace zps::tests
