@@ -1,6 +1,7 @@
 #include "controls/growing_frame.h"
 
 #include <QFontInfo>
+#include <QLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,7 @@ void GrowingFrame::resizeEvent(QResizeEvent* event) {
         widget->setFont(font);
     }
     Grow(factor);
+    layout()->activate();
 }
 
 }  // namespace zps

@@ -9,8 +9,8 @@
 
 namespace zps {
 
-// Tells how many times larger than `usual` it is in both directions: 1 to `most`, in eighths, so
-// that what it makes grow settles.
+// They are as many times larger as it is larger than `usual` in both directions: 1 to `most`, in
+// eighths, so that it settles. It has a layout.
 class GrowingFrame : public QFrame {
   public:
     GrowingFrame(QSize usual, double most) : Usual(usual), Most(most) {}

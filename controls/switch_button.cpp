@@ -14,7 +14,7 @@ namespace zps {
 namespace {
 
 constexpr int Gap = 6;         // px, around the key
-constexpr double Most = 2.4;   // times the usual height
+constexpr double Most = 1.7;   // times the usual height
 constexpr double Quiet = 0.4;  // of the ground in what is not to stand out
 
 QFont CaptionFont(const QFont& desktop, int height) {

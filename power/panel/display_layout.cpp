@@ -37,6 +37,7 @@ ReadOut* AddReadOut(QBoxLayout& column, const QString& name, const QString& text
 // What the numbers are, and which of them the supply keeps constant.
 void AddStates(QBoxLayout& column, PowerControls& controls) {
     auto* row = new QHBoxLayout;
+    row->setSpacing(6);
     controls.Plate.lblREADING = new Pill(QStringLiteral("lblREADING"), {}, {});
     SetPixels(*controls.Plate.lblREADING, SmallText, true);
     controls.lblMODE = new Pill(QStringLiteral("lblMODE"), {}, QStringLiteral("동작 모드"));
@@ -51,6 +52,7 @@ void AddStates(QBoxLayout& column, PowerControls& controls) {
 
 void AddStepAndPower(QBoxLayout& column, PowerControls& controls) {
     auto* row = new QHBoxLayout;
+    row->setSpacing(6);
     controls.txtSTEP =
         MakeLabel(QStringLiteral("txtSTEP"), QStringLiteral("00"), QStringLiteral("단계 번호"));
     SetPixels(*controls.txtSTEP, StepText, true);

@@ -138,7 +138,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     MakeMenus(controls, *window.menuBar());
     auto* centre = new Centre;
     auto* column = new QVBoxLayout(centre);
-    column->setContentsMargins(Gap, 0, Gap, 0);
+    column->setContentsMargins(Gap, Gap / 2, Gap, 0);
     column->setSpacing(Gap);
     column->addWidget(MakeIdentity(controls));
     column->addWidget(MakePowerDisplay(controls));

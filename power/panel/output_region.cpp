@@ -23,8 +23,7 @@ QString Caption(bool on) {
 }  // namespace
 
 OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content)
-    : Strip(new QWidget),
-      lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(false), QStringLiteral("출력"))) {
+    : Strip(new QWidget), lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(false))) {
     setObjectName(QStringLiteral("fraOUTPUT"));
     SetPixels(*lblRUNNING, StripText, true);
     for (QLabel* label : besides) SetPixels(*label, StripText, false);
@@ -47,6 +46,7 @@ void OutputRegion::ShowOn(bool on) {
     if (on == On) return;
     On = on;
     lblRUNNING->setText(Caption(on));
+    lblRUNNING->setAccessibleName(Caption(on));
     Strip->setAutoFillBackground(false);
     Strip->setPalette({});
     if (on) PaintBackground(*Strip, Colour::DarkRed);

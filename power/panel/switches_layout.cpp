@@ -9,6 +9,8 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace zps {
 
 namespace {
@@ -17,12 +19,11 @@ namespace {
 constexpr int OutputHeight = 56;
 constexpr int OtherHeight = 34;
 
-QPushButton* MakeSwitch(const Function& function, bool output) {
+SwitchButton* MakeSwitch(const Function& function, bool output) {
     const QString key = QKeySequence(function.Key).toString(QKeySequence::NativeText);
     auto* button = new SwitchButton(
         QString::fromUtf8(function.ButtonName), QString::fromUtf8(function.CaptionOff),
         QString::fromUtf8(function.Accessible), key, output ? OutputHeight : OtherHeight);
-    button->setMinimumWidth(button->WidthFor({function.CaptionOff, function.CaptionOn}));
     GiveKey(*button, function.Key, QString::fromUtf8(function.ToolTip));
     return button;
 }
@@ -76,20 +77,27 @@ QWidget* MakeSwitches(PowerControls& controls) {
     controls.lblPREMOTE =
         MakeLabel(QStringLiteral("lblPREMOTE"), QStringLiteral("LOC"), QStringLiteral("제어 경로"));
     controls.lblPREMOTE->setAlignment(Qt::AlignCenter);
+    int widest = 0;
     for (const Function& function : Functions()) {
         const bool output = &function == &OutputFunction();
         const int place = grid->rowCount();
-        grid->addWidget(controls.*function.Button = MakeSwitch(function, output), place, 0);
-        grid->addWidget(controls.*function.Light = MakeLamp(function), place, 1);
+        auto* button = MakeSwitch(function, output);
+        widest = std::max(widest, button->WidthFor({function.CaptionOff, function.CaptionOn}));
+        grid->addWidget(controls.*function.Button = button, place, 0);
+        // Aligned, or they would keep the row as low as they are.
+        grid->addWidget(controls.*function.Light = MakeLamp(function), place, 1, Qt::AlignCenter);
         Pill& state = *(controls.*function.Label = MakeState(function));
         if (&function == &RemoteFunction()) {
             grid->addLayout(WithCaption(state, *controls.lblPREMOTE), place, 2, Qt::AlignVCenter);
         } else {
-            grid->addWidget(&state, place, 2);
+            grid->addWidget(&state, place, 2, Qt::AlignVCenter);
         }
         grid->setRowStretch(place, output ? OutputHeight : OtherHeight);
         if (output) grid->addWidget(MakeLine(), place + 1, 0, 1, 3);
     }
+    // Equally wide, so that their captions grow alike.
+    for (const Function& function : Functions())
+        (controls.*function.Button)->setMinimumWidth(widest);
     for (auto* label : box->findChildren<QLabel*>()) box->GrowText(*label);
     box->OnGrow([controls](double factor) {
         for (const Function& function : Functions()) {

@@ -1,5 +1,6 @@
 #include "controls/colours.h"
 #include "controls/error_texts.h"
+#include "controls/lamp.h"
 #include "controls/message_boxes.h"
 #include "controls/number_panels.h"
 #include "controls/timer.h"
@@ -275,6 +276,33 @@ TEST(KeyThatIsHeld, CountsOnceHoweverTheSystemTellsOfIt) {
     EXPECT_EQ(clicks, 2);
     release(Qt::Key_Backspace, 3000);  // text keys go on repeating
     EXPECT_TRUE(press(Qt::Key_Backspace, 3000));
+}
+
+// On light and dark desktops, and without the colours: the prescribed greens are almost as bright.
+TEST(TheLamp, IsSeenToBeLitInAPictureWithoutColours) {
+    for (const auto& [idle, lit] : {std::pair{Colour::PaleGreen, Colour::BrightGreen},
+                                    {Colour::PaleOrange, Colour::DarkRed},
+                                    {Colour::DarkRed, Colour::PaleOrange}}) {
+        for (const QColor& desktop : {QColor(0xEF, 0xEF, 0xEF), QColor(53, 53, 53)}) {
+            Lamp lamp(idle);
+            lamp.resize(lamp.sizeHint());
+            lamp.setPalette(QPalette(desktop, desktop));
+            const QImage off = lamp.grab().toImage();
+            lamp.Light(lit);
+            const QImage on = lamp.grab().toImage();
+            EXPECT_EQ(on.pixelColor(on.rect().center() + QPoint(5, 5)), ToQColor(lit));
+            EXPECT_GE(Contrast(ToQColor(lit), Qt::black), 3);  // the socket around it
+            EXPECT_EQ(off.pixelColor(off.rect().center()), ToQColor(idle));
+            int differing = 0;
+            for (int y = 0; y < on.height(); ++y) {
+                for (int x = 0; x < on.width(); ++x) {
+                    const int grey = qGray(on.pixel(x, y)) - qGray(off.pixel(x, y));
+                    differing += std::abs(grey) > 60;
+                }
+            }
+            EXPECT_GT(differing, on.width() * on.height() / 5);
+        }
+    }
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include "power/log/measurement_log.h"
 #include "tests/power/run_panel.h"
 
+#include <QHelpEvent>
+
 namespace zps::tests {
 namespace {
 
@@ -94,6 +96,26 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
         EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
         EXPECT_EQ(Sent(), code == 7 ? "A1??R3" : "A1??");
     }
+}
+
+TEST_F(RunReplies, OldReadingsAreMarkedAlsoWhileABoxKeepsTheRepliesBack) {
+    const auto shows = [this](const char* badge, const char* pill) {
+        return WaitFor([=, this] {
+            return Text("lblREADING").startsWith(badge) && Text("lblPOLL").startsWith(pill);
+        });
+    };
+    ASSERT_TRUE(SwitchOn() && shows("측정값", "응답 0.2초 전"));
+    Boxes.WhileUp = [&](const Message&) { EXPECT_TRUE(shows("응답 없음", "조회 멈춤")); };
+    Choose("mnuPROGRAM_END");
+    EXPECT_EQ(Boxes.Shown[0].Default, Answer::No);
+    ASSERT_TRUE(shows("측정값", "응답 0.2초 전"));
+    Data.clear();
+    EXPECT_TRUE(shows("응답 없음", "응답 없음"));
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF", "txtVOLT"}), "ON 12.100");
+    auto& counter = Get<QLabel>("lblZPS_ERR");
+    QHelpEvent hover(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(&counter, &hover);
+    EXPECT_TRUE(counter.toolTip().contains("올바른 응답"));
 }
 
 TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {

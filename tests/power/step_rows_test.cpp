@@ -174,32 +174,33 @@ TEST_F(StepRows, TellWhatAFieldTakesWhichButtonMakesItUsableAndHowAnEditEnds) {
     const auto& editing = Get<QLabel>("lblEDITING");
     const auto& legend = Get<QWidget>("fraSTEPLEGEND");
     const QSize before = legend.size();
-    EXPECT_EQ(Field("txPVOLT", 0).toolTip() + "|" + Field("txPSLOPE", 0).toolTip() + "|" +
-                  Field("txPVOLT", 1).toolTip() + "|" + Text("lblSTEPRANGE"),
+    EXPECT_EQ(InRow(0, "txPVOLT").toolTip() + "|" + InRow(0, "txPSLOPE").toolTip() + "|" +
+                  InRow(1, "txPVOLT").toolTip() + "|" + Text("lblSTEPRANGE"),
               "0 ~ 200 V|0, 0.001 ~ 50 sec|단계 번호를 눌러 선택하십시오|00\u201306 / 99");
-    const auto isPlain = [&button = Button(1)] {
+    const auto isPlain = [&button = StepButton(1)] {
         return button.grab().toImage().pixelColor(5, 5) ==
                QApplication::palette().color(QPalette::Button);
     };
     EXPECT_TRUE(isPlain());
-    QTest::mouseClick(&Field("txPVOLT", 1), Qt::LeftButton);
+    QTest::mouseClick(&InRow(1, "txPVOLT"), Qt::LeftButton);
     EXPECT_FALSE(isPlain());
     EXPECT_TRUE(WaitFor(isPlain, 2s));
     Type("txPVOLT_0", "3");
     EXPECT_TRUE(editing.isVisible() && legend.size() == before);
-    EXPECT_EQ(Button(0).accessibleDescription(), "선택됨, 바뀐 값을 보내지 않음");
-    QTest::mouseClick(&Field("txPVOLT", 1), Qt::LeftButton);
+    EXPECT_EQ(StepButton(0).accessibleDescription(), "선택됨, 바뀐 값을 보내지 않음");
+    QTest::mouseClick(&InRow(1, "txPVOLT"), Qt::LeftButton);
     EXPECT_TRUE(isPlain());  // no click on the button would help
-    QTest::keyClick(&Field("txPVOLT", 0), Qt::Key_Escape);
+    QTest::keyClick(&InRow(0, "txPVOLT"), Qt::Key_Escape);
     EXPECT_FALSE(editing.isVisible());
-    EXPECT_EQ(Button(0).accessibleDescription(), "선택됨, 송신됨");
-    ASSERT_TRUE(SwitchOutput(true));
-    EXPECT_TRUE(WaitFor([&] { return Button(0).accessibleDescription() == "선택됨, 실행 중"; }));
-    ASSERT_TRUE(SwitchOutput(false));
-    EXPECT_EQ(Button(0).accessibleDescription(), "선택됨, 송신됨");
+    EXPECT_EQ(StepButton(0).accessibleDescription(), "선택됨, 송신됨");
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_TRUE(
+        WaitFor([&] { return StepButton(0).accessibleDescription() == "선택됨, 실행 중"; }));
+    ASSERT_TRUE(Press("cmdOUTPUT"));
+    EXPECT_EQ(StepButton(0).accessibleDescription(), "선택됨, 송신됨");
     Source().Forget();
     Source().PaintStepRows(0);
-    EXPECT_TRUE(Field("txPVOLT", 1).toolTip().contains("정격을 모릅니다"));
+    EXPECT_TRUE(InRow(1, "txPVOLT").toolTip().contains("정격을 모릅니다"));
 }
 
 TEST_F(StepRows, AClickSendsTheWholeRowOnceAndShowsItsValues) {
