@@ -10,7 +10,7 @@
 namespace zps {
 
 // How much of its colour is left to what is no longer, or not yet, true.
-inline constexpr double Stale = 0.55;
+inline constexpr double Stale = 0.56;
 // And to what names a value beside it.
 inline constexpr double FaintCaption = 0.72;
 

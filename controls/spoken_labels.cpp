@@ -2,6 +2,7 @@
 
 #include "controls/focus_holder.h"
 #include "controls/lamp.h"
+#include "controls/switch_button.h"
 
 #include <QAccessibleWidget>
 
@@ -59,6 +60,42 @@ class SpokenParent : public QAccessibleWidget {
     }
 };
 
+// Known by its caption and by what it switches; checked while that is on.
+class SpokenSwitch : public QAccessibleWidget {
+  public:
+    explicit SpokenSwitch(SwitchButton& button)
+        : QAccessibleWidget(&button, QAccessible::Button), Button(button) {}
+
+    QString text(QAccessible::Text part) const override {
+        if (part == QAccessible::Name)
+            return Button.text().trimmed() + u' ' + Button.accessibleName();
+        if (part == QAccessible::Description)
+            return Button.IsOn() ? QStringLiteral("켜짐") : QStringLiteral("꺼짐");
+        return QAccessibleWidget::text(part);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = Button.IsOn();
+        return state;
+    }
+    QStringList actionNames() const override {
+        const QStringList pressing =
+            Button.isEnabled() ? QStringList(pressAction()) : QStringList();
+        return pressing + QAccessibleWidget::actionNames();
+    }
+    // Later, as with other buttons: a message box would hold up whoever asks.
+    void doAction(const QString& name) override {
+        if (name == pressAction())
+            Button.animateClick();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+  private:
+    SwitchButton& Button;
+};
+
 bool HoldsFocus(const QObject* child) {
     return dynamic_cast<const FocusHolder*>(child) != nullptr;
 }
@@ -68,6 +105,7 @@ QAccessibleInterface* MakeSpoken(const QString& className, QObject* object) {
     if (className == QLatin1String("QLabel"))
         return new SpokenLabel(*qobject_cast<QLabel*>(object));
     if (HoldsFocus(object)) return new SpokenHolder(*qobject_cast<QWidget*>(object));
+    if (auto* button = dynamic_cast<SwitchButton*>(object)) return new SpokenSwitch(*button);
     if (auto* lamp = dynamic_cast<Lamp*>(object))
         return new QAccessibleWidget(lamp, QAccessible::Graphic);
     const QObjectList& children = object->children();
@@ -85,6 +123,10 @@ void SpeakLabels() {
 void Say(QLabel& label, const QString& text) {
     if (label.text() == text) return;
     label.setText(text);
+    Say(label);
+}
+
+void Say(QLabel& label) {
     QAccessibleEvent told(&label, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&told);
 }

@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/widgets.h"
 
+#include <QAccessible>
 #include <QResizeEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -13,9 +14,8 @@ namespace zps {
 
 namespace {
 
-constexpr int Gap = 6;         // px, around the key
-constexpr double Most = 1.7;   // times the usual height
-constexpr double Quiet = 0.4;  // of the ground in what is not to stand out
+constexpr int Gap = 6;        // px, around the key
+constexpr double Most = 1.7;  // times the usual height
 
 QFont CaptionFont(const QFont& desktop, int height) {
     QFont font = desktop;
@@ -29,7 +29,8 @@ QFont CaptionFont(const QFont& desktop, int height) {
 
 SwitchButton::SwitchButton(const QString& name, const QString& caption,
                            const QString& accessibleName, const QString& key, int height)
-    : QPushButton(caption), Key(key), Height(height), Usual(CaptionFont(font(), height)) {
+    : Key(key), Height(height), Usual(CaptionFont(font(), height)) {
+    setText(caption);  // only now: it makes what screen readers hear of this
     setObjectName(name);
     setAccessibleName(accessibleName);
     setFocusPolicy(Qt::TabFocus);
@@ -63,6 +64,15 @@ QSize SwitchButton::sizeHint() const {
     return {0, Height};  // its least width is that of all its captions
 }
 
+void SwitchButton::ShowOn(bool on) {
+    if (on == On) return;
+    On = on;
+    QAccessible::State checked;
+    checked.checked = true;
+    QAccessibleStateChangeEvent told(this, checked);
+    QAccessible::updateAccessibility(&told);
+}
+
 // The caption has as many pixels as the height gives it and the width allows.
 void SwitchButton::resizeEvent(QResizeEvent* event) {
     QPushButton::resizeEvent(event);
@@ -84,9 +94,9 @@ void SwitchButton::paintEvent(QPaintEvent* /*event*/) {
     const QColor ground = palette().color(QPalette::Button);
     const QColor usual = palette().color(QPalette::Active, QPalette::ButtonText);
     const QRect inside = rect().adjusted(Gap, 0, -Gap, 0);
-    painter.setPen(isEnabled() ? usual : Between(usual, ground, Quiet));
+    painter.setPen(isEnabled() ? usual : DisabledText(usual, ground));
     painter.drawText(inside.adjusted(0, 0, -KeyWidth(), 0), Qt::AlignCenter, text());
-    painter.setPen(Between(usual, ground, Quiet));
+    painter.setPen(FaintOn(ground));
     painter.setFont(KeyFont());
     painter.drawText(inside, Qt::AlignRight | Qt::AlignVCenter, Key);
 }

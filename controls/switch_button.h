@@ -14,6 +14,10 @@ class SwitchButton : public QPushButton {
     SwitchButton(const QString& name, const QString& caption, const QString& accessibleName,
                  const QString& key, int height);
 
+    // Tells screen readers whether what it switches is on. A click changes nothing by itself.
+    void ShowOn(bool on);
+    bool IsOn() const { return On; }
+
     // The least width at which any of these captions and the key are wholly there.
     int WidthFor(const std::vector<const char*>& captions) const;
 
@@ -31,6 +35,7 @@ class SwitchButton : public QPushButton {
     const QString Key;
     const int Height;  // usual, px
     const QFont Usual;
+    bool On = false;
 };
 
 }  // namespace zps

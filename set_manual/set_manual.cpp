@@ -4,6 +4,7 @@
 #include "controls/error_texts.h"
 #include "controls/faded.h"
 #include "controls/show_only.h"
+#include "controls/spoken_labels.h"
 #include "set_manual/models.h"
 #include "set_manual/result_look.h"
 #include "source/numbers.h"
@@ -21,7 +22,7 @@ QString Fixed(double value, int decimals) {
 }
 
 void Show(SignLabel& result, const ResultLook& look) {
-    result.setText(QString::fromUtf8(look.Caption));
+    Say(result, QString::fromUtf8(look.Caption));
     result.ShowSign(look.Mark);
     PaintBackground(result, look.Paint);
 }

@@ -1,6 +1,7 @@
 #include "test/test.h"
 
 #include "controls/colours.h"
+#include "controls/spoken_labels.h"
 #include "source/errors.h"
 #include "source/numbers.h"
 
@@ -115,7 +116,7 @@ void TEST::ShowPanels(std::span<const std::uint8_t> reply, Verdict verdict) {
 void TEST::ShowLast() {
     const bool good = IsGood(Last.Judged);
     Controls.lblRXBUFFER->setText(QString::number(Last.When.Bytes));
-    Controls.lblRESULT->setText(QString::fromUtf8(TextOf(Last.Judged)));
+    Say(*Controls.lblRESULT, QString::fromUtf8(TextOf(Last.Judged)));
     Controls.lblRESULT->ShowSign(good ? Sign::Good : Sign::Bad);
     PaintBackground(*Controls.lblRESULT, good ? Colour::BrightGreen : Colour::Red);
     Controls.lblSTAMP->setText(QString::fromStdString(TextOf(Last.When)));

@@ -5,12 +5,14 @@
 
 #include <QAbstractItemView>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
 
 #include <chrono>
 #include <iostream>
@@ -42,6 +44,7 @@ void Click(QWidget& window, const char* button) {
 QPalette DarkDesktop() {
     QPalette dark(QColor(53, 53, 53), QColor(45, 45, 45));
     dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    QApplication::style()->polish(dark);  // as it does with a desktop's own
     return dark;
 }
 

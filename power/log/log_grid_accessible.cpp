@@ -3,6 +3,7 @@
 #include "power/log/log_grid.h"
 
 #include <QAccessibleWidget>
+#include <QAction>
 
 #include <algorithm>
 #include <vector>
@@ -96,6 +97,20 @@ class SpokenGrid : public QAccessibleWidget, public QAccessibleTableInterface {
         return static_cast<QAccessibleTableInterface*>(this);
     }
 
+    // Its context menu is what can be done with it.
+    QStringList actionNames() const override {
+        QStringList names;
+        for (const QAction* action : Grid.actions()) names += NameOf(*action);
+        return names + QAccessibleWidget::actionNames();
+    }
+    QString localizedActionName(const QString& name) const override { return name; }
+    void doAction(const QString& name) override {
+        for (QAction* action : Grid.actions()) {
+            if (NameOf(*action) == name) return action->trigger();
+        }
+        QAccessibleWidget::doAction(name);
+    }
+
     QAccessibleInterface* caption() const override { return nullptr; }
     QAccessibleInterface* summary() const override { return nullptr; }
     QAccessibleInterface* cellAt(int row, int column) const override {
@@ -124,6 +139,7 @@ class SpokenGrid : public QAccessibleWidget, public QAccessibleTableInterface {
     void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
 
   private:
+    static QString NameOf(const QAction& action) { return action.text().section(u'(', 0, 0); }
     // The header is one of them.
     int LinesInSight() const {
         return std::min(Grid.RowCount(), Grid.TopRow() + Grid.VisibleRows()) - Grid.TopRow() + 2;

@@ -11,7 +11,7 @@ namespace zps {
 struct Function {
     char Letter;       // of its command; 0 for remote control, which has control codes
     std::uint8_t Bit;  // in the status byte
-    QPushButton* PowerControls::*Button;
+    SwitchButton* PowerControls::*Button;
     const char* ButtonName;
     const char* Accessible;
     Pill* PowerControls::*Label;  // "ON" or "OFF", or who controls

@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "controls/flowing_row.h"
+#include "controls/spoken_labels.h"
 #include "controls/widgets.h"
 
 #include <QHBoxLayout>
@@ -112,8 +113,7 @@ QWidget* MakeIdentity(PowerControls& controls) {
 void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) {
     const QColor amber(0xFF, 0xE0, 0x8A);
     QLabel& line = *controls.lblNOTICE;
-    line.setText(event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text
-                       : QString());
+    Say(line, event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text : QString());
     QPalette colours;
     if (event && IsAlarm(event->Kind)) {
         colours.setColor(QPalette::Window, amber);

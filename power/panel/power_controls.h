@@ -7,6 +7,7 @@
 #include "controls/number_panels.h"
 #include "controls/pill.h"
 #include "controls/read_out.h"
+#include "controls/switch_button.h"
 #include "power/panel/link_pill.h"
 #include "power/panel/no_link_card.h"
 #include "power/panel/plate_controls.h"
@@ -51,11 +52,11 @@ struct PowerControls {
     PlateControls Plate;
 
     // Switches, their labels and lamps
-    QPushButton* cmdOUTPUT = nullptr;
-    QPushButton* cmdAUTO = nullptr;
-    QPushButton* cmdPVsense = nullptr;
-    QPushButton* cmdOCP = nullptr;
-    QPushButton* cmdPREMOTE = nullptr;
+    SwitchButton* cmdOUTPUT = nullptr;
+    SwitchButton* cmdAUTO = nullptr;
+    SwitchButton* cmdPVsense = nullptr;
+    SwitchButton* cmdOCP = nullptr;
+    SwitchButton* cmdPREMOTE = nullptr;
     Pill* Output_ONOFF = nullptr;
     Pill* Auto_ONOFF = nullptr;
     Pill* Vsense_ONOFF = nullptr;

@@ -1,5 +1,6 @@
 #include "power/panel/status_display.h"
 
+#include "controls/spoken_labels.h"
 #include "power/panel/plate_look.h"
 #include "source/reply.h"
 
@@ -15,6 +16,7 @@ QString OnOff(bool on) {
 
 void Light(PowerControls& c, const Function& function, bool on) {
     (c.*function.Light)->Light(on ? function.Active : function.Idle);
+    (c.*function.Button)->ShowOn(on);
 }
 
 QColor StateColour(const Function& function, bool on) {
@@ -49,7 +51,10 @@ void ShowStatus(PowerControls& c, std::uint8_t bits) {
 // Filled where it is on, an outline where it is off.
 void ShowAsked(PowerControls& c, const Function& function, bool on) {
     Pill& label = *(c.*function.Label);
-    label.setText(OnOff(on));
+    if (&function == &OutputFunction())
+        label.setText(OnOff(on));  // said where the cause is known
+    else
+        Say(label, OnOff(on));
     label.Fill(StateColour(function, on));
     Light(c, function, on);
 }
@@ -70,7 +75,7 @@ void ShowControl(PowerControls& c, Control control) {
     const bool remote = control != Control::Local;
     const QString state = QString::fromUtf8(remote ? function.CaptionOn : function.CaptionOff);
     c.cmdPREMOTE->setText(state);
-    c.Rem_Loc->setText(state);
+    Say(*c.Rem_Loc, state);
     c.Rem_Loc->Fill(StateColour(function, remote));
     c.lblPREMOTE->setText(control == Control::Serial   ? QStringLiteral("RS232")
                           : control == Control::Remote ? QStringLiteral("REMOTE")

@@ -1,5 +1,6 @@
 #include "power/run/output_switch.h"
 
+#include "controls/spoken_labels.h"
 #include "power/panel/plate_look.h"
 #include "power/panel/status_display.h"
 #include "source/numbers.h"
@@ -38,6 +39,7 @@ void OutputSwitch::cmdOUTPUT_Click() {
 
 void OutputSwitch::SwitchOff() {
     Around.Out.WentOff();
+    Say(*Parts.Controls.Output_ONOFF);
     Around.Shown.ShowStep(Around.Rows.CurStep());
     RefusalsBeforeOff = Around.Out.Objected().Refusals;
     Send(false);
@@ -71,6 +73,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     Parts.Sender.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
     Around.Out.WentOn();
+    Say(*Parts.Controls.Output_ONOFF);
     if (Around.Held.Refused(step).any()) {
         Around.Happened.Note(
             EventKind::NotDone,

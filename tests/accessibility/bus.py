@@ -46,9 +46,9 @@ def find(name):
 
 
 def says(name, text):
-    """A label shows `text`, or something is described by it."""
+    """A label shows `text`, or it is in what something is described by."""
     node = find(name)
-    return find(f"{name} {text}") or (node is not None and node.get_description() == text)
+    return find(f"{name} {text}") or (node is not None and text in node.get_description())
 
 
 def press(name):

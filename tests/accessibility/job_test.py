@@ -24,10 +24,7 @@ def shown(name):
 
 
 def is_on(switch):
-    states = find(switch).get_state_set()
-    if not states.contains(Atspi.StateType.CHECKABLE):
-        fail(f"{switch} is no switch")
-    return states.contains(Atspi.StateType.CHECKED)
+    return find(switch).get_state_set().contains(Atspi.StateType.CHECKED)
 
 
 def do_job():
@@ -49,6 +46,7 @@ def do_job():
     wait_for(lambda: find("측정 데이타 표").get_n_rows() >= 5, "five rows")
     press("OUTPUT 출력")
     wait_for(lambda: not is_on("OUTPUT 출력") and says("출력 상태", "OFF"), "the output off")
+    act("측정 데이타 표", "모두 선택")
     act("측정 데이타 표", "복사")
     copied = subprocess.run(["xclip", "-out", "-selection", "clipboard"], check=True, text=True,
                             capture_output=True).stdout.splitlines()

@@ -13,6 +13,7 @@ from bus import Atspi, below, choose, fail, find, press, running, says, wait_for
 
 CONTROLS = {
     Atspi.Role.PUSH_BUTTON,
+    Atspi.Role.TOGGLE_BUTTON,
     Atspi.Role.TEXT,
     Atspi.Role.COMBO_BOX,
     Atspi.Role.RADIO_BUTTON,
@@ -20,7 +21,7 @@ CONTROLS = {
     Atspi.Role.TABLE,
 }
 IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 모델 이름", "통신 확인", "DATA 확인"}
-IN_MAIN = {"단계 03 전압 V", "단계 00", "출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
+IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
 
@@ -59,7 +60,7 @@ def close(window_name):
 
 def check_log():
     grid = find("측정 데이타 표")
-    press("출력")
+    press("OUTPUT 출력")
     wait_for(lambda: grid.get_n_rows() > 2, "rows in the log")
     second = [grid.get_accessible_at(2, column) for column in range(grid.get_n_columns())]
     texts = [cell.get_name() for cell in second]
@@ -78,7 +79,7 @@ def windows():
 
 def check_disabled(panel, supply):
     """While the settings window probes a silent supply, no command of the main window does anything."""
-    press("출력")
+    press("OUTPUT 출력")
     wait_for(lambda: says("출력 상태", "OFF"), "the output switched off")
     choose("ZPS설정(R)")
     wait_for(lambda: find("통신 확인"), "the settings window")
@@ -103,7 +104,7 @@ def use_panel():
     check_names("ZPS-RS232", IN_MAIN)
     if find("입력 대기") or find("cmdFOCUS"):
         fail("what only holds the focus is in the tree")
-    press("과전류 보호")
+    press("O.C.P 과전류 보호")
     wait_for(lambda: says("과전류 보호 상태", "ON"), "the switch pressed from outside")
     # What a person sees by colour alone.
     wait_for(lambda: says("과전류 보호 표시등", "켜짐") and says("출력 표시등", "꺼짐"), "the lamps")

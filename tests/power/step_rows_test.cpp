@@ -176,7 +176,7 @@ TEST_F(StepRows, TellWhatAFieldTakesWhichButtonMakesItUsableAndHowAnEditEnds) {
     const QSize before = legend.size();
     EXPECT_EQ(InRow(0, "txPVOLT").toolTip() + "|" + InRow(0, "txPSLOPE").toolTip() + "|" +
                   InRow(1, "txPVOLT").toolTip() + "|" + Text("lblSTEPRANGE"),
-              "0 ~ 200 V|0, 0.001 ~ 50 sec|단계 번호를 눌러 선택하십시오|00\u201306 / 99");
+              "0 ~ 150 V|0, 0.001 ~ 50 sec|단계 번호를 눌러 선택하십시오|00\u201306 / 99");
     const auto isPlain = [&button = StepButton(1)] {
         return button.grab().toImage().pixelColor(5, 5) ==
                QApplication::palette().color(QPalette::Button);
@@ -195,7 +195,7 @@ TEST_F(StepRows, TellWhatAFieldTakesWhichButtonMakesItUsableAndHowAnEditEnds) {
     EXPECT_EQ(StepButton(0).accessibleDescription(), "선택됨, 송신됨");
     ASSERT_TRUE(SwitchOn());
     EXPECT_TRUE(
-        WaitFor([&] { return StepButton(0).accessibleDescription() == "선택됨, 실행 중"; }));
+        WaitFor([&] { return StepButton(3).accessibleDescription() == "미송신, 실행 중"; }));
     ASSERT_TRUE(Press("cmdOUTPUT"));
     EXPECT_EQ(StepButton(0).accessibleDescription(), "선택됨, 송신됨");
     Source().Forget();
