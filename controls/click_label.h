@@ -2,25 +2,19 @@
 #pragma once
 
 #include "controls/colours.h"
+#include "controls/tab_label.h"
 
 #include <QKeyEvent>
-#include <QLabel>
-#include <QPainter>
-#include <QStyleOptionFocusRect>
 
 #include <functional>
 
 namespace zps {
 
-class ClickLabel : public QLabel {
+class ClickLabel : public TabLabel {
   public:
     ClickLabel(const QString& name, const QString& text, const QString& accessibleName)
-        : QLabel(text) {
-        setObjectName(name);
-        setAccessibleName(accessibleName);
-        setTextFormat(Qt::PlainText);
+        : TabLabel(name, text, accessibleName) {
         setCursor(Qt::PointingHandCursor);
-        setFocusPolicy(Qt::TabFocus);
         setMargin(3);
         // The desktop's own colour of links is often too dark for a dark desktop.
         QPalette colours = palette();
@@ -43,20 +37,11 @@ class ClickLabel : public QLabel {
         if (press && OnDoubleClick) {
             OnDoubleClick();
         } else {
-            QLabel::keyPressEvent(event);
+            TabLabel::keyPressEvent(event);
         }
     }
     void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {
         if (OnDoubleClick) OnDoubleClick();
-    }
-    void paintEvent(QPaintEvent* event) override {
-        QLabel::paintEvent(event);
-        if (!hasFocus()) return;
-        QPainter painter(this);
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        option.backgroundColor = palette().color(QPalette::Window);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
 };
 

@@ -38,7 +38,8 @@ ReadOut* AddReadOut(QBoxLayout& column, const QString& name, const QString& text
 void AddStates(QBoxLayout& column, PowerControls& controls) {
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
-    controls.Plate.lblREADING = new Pill(QStringLiteral("lblREADING"), {}, {});
+    controls.Plate.lblREADING =
+        new Pill(QStringLiteral("lblREADING"), {}, QStringLiteral("표시값"));
     SetPixels(*controls.Plate.lblREADING, SmallText, true);
     controls.lblMODE = new Pill(QStringLiteral("lblMODE"), {}, QStringLiteral("동작 모드"));
     SetPixels(*controls.lblMODE, SmallText, true);

@@ -51,11 +51,11 @@ QWidget* MakeAutoSequence(PowerControls& controls) {
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     controls.lblAutoStep = MakeLabel(QStringLiteral("lblAutoStep"), QStringLiteral("AUTO STEP"));
-    controls.txtPAUTOSTEP =
-        new EntryField(QStringLiteral("txtPAUTOSTEP"), QStringLiteral("자동 운전 단계 순서"), box);
+    controls.txtPAUTOSTEP = new EntryField(QStringLiteral("txtPAUTOSTEP"),
+                                           QStringLiteral("AUTO STEP 자동 운전 단계 순서"), box);
     controls.lblCount = MakeLabel(QStringLiteral("lblCount"), QStringLiteral("COUNT"));
-    controls.txtPAUTOCOUNT =
-        new EntryField(QStringLiteral("txtPAUTOCOUNT"), QStringLiteral("자동 운전 반복 횟수"), box);
+    controls.txtPAUTOCOUNT = new EntryField(QStringLiteral("txtPAUTOCOUNT"),
+                                            QStringLiteral("COUNT 자동 운전 반복 횟수"), box);
     controls.txtPAUTOCOUNT->setText(QStringLiteral("0"));
     controls.txtPAUTOCOUNT->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     controls.txtPAUTOCOUNT->setMaximumWidth(
@@ -153,6 +153,8 @@ PowerControls MakePowerControls(QMainWindow& window) {
     view->verticalScrollBar()->setAccessibleName(QStringLiteral("창 위아래 이동"));
     view->horizontalScrollBar()->setAccessibleName(QStringLiteral("창 좌우 이동"));
     window.setCentralWidget(view);
+    window.menuBar()->setAccessibleName(QStringLiteral("메뉴"));
+    window.statusBar()->setAccessibleName(QStringLiteral("통신 줄"));
     window.statusBar()->addWidget(MakeLinkLine(controls), 1);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; the address is last.

@@ -4,6 +4,7 @@
 #include "controls/focus_holder.h"
 #include "controls/live_tool_tip.h"
 #include "controls/number_face.h"
+#include "controls/tab_label.h"
 #include "controls/widgets.h"
 
 #include <QHBoxLayout>
@@ -18,7 +19,7 @@ namespace {
 constexpr int ReplyPanels = 14;
 
 QLabel* MakeCounter(const QString& name, const QString& what) {
-    auto* counter = MakeLabel(name, QStringLiteral("ZPS"), what);
+    auto* counter = new TabLabel(name, QStringLiteral("ZPS"), what);
     counter->setAlignment(Qt::AlignCenter);
     QFont face = counter->font();
     SetNumberFace(face);

@@ -1,6 +1,7 @@
 #include "power/panel/plate_look.h"
 
 #include "controls/colours.h"
+#include "controls/spoken_labels.h"
 
 #include <QPainter>
 
@@ -64,12 +65,11 @@ void PlateFrame::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(rect(), radius, radius);
 }
 
-void ShowBadge(PowerControls& c, const ReadingBadge& badge) {
+void ShowBadge(PowerControls& c, const ReadingBadge& badge, bool other) {
     Pill& pill = *c.Plate.lblREADING;
     if (pill.text() != badge.Text) pill.setText(badge.Text);
-    const QString spoken = QStringLiteral("표시값: %1").arg(badge.Spoken);
-    if (pill.accessibleName() == spoken) return;
-    pill.setAccessibleName(spoken);
+    if (!other) return;
+    Say(pill);
     pill.Fill(BadgeColour(badge.Is));
     for (const auto& [shown, measured] : Numbers(c)) {
         QPalette colours = shown->palette();

@@ -16,8 +16,9 @@ class PlateFrame : public GrowingFrame {
     void paintEvent(QPaintEvent* event) override;
 };
 
-// The colours of the numbers and of the badge over them.
-void ShowBadge(PowerControls& controls, const ReadingBadge& badge);
+// The badge over the numbers; where it says something other than before, also its colour and
+// theirs, and screen readers say it.
+void ShowBadge(PowerControls& controls, const ReadingBadge& badge, bool other);
 // "CV" or, limited by the current, "CC".
 void ShowMode(PowerControls& controls, bool limited);
 

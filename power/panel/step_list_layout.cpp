@@ -129,7 +129,8 @@ QWidget* MakeCells(PowerControls& controls) {
 
 QLayout* MakeFoot(PowerControls& controls) {
     controls.fraSTEPLEGEND = new StepLegend(controls.fraSTEPLIST);
-    controls.lblSTEPRANGE = MakeLabel(QStringLiteral("lblSTEPRANGE"), {});
+    controls.lblSTEPRANGE =
+        MakeLabel(QStringLiteral("lblSTEPRANGE"), {}, QStringLiteral("보이는 단계"));
     QFont face = controls.lblSTEPRANGE->font();
     SetNumberFace(face);
     controls.lblSTEPRANGE->setFont(face);
@@ -165,7 +166,6 @@ void ShowStepRange(PowerControls& controls, int top) {
     QLabel& label = *controls.lblSTEPRANGE;
     label.setText(QStringLiteral("%1\u2013%2 / %3")
                       .arg(StepText(top), StepText(top + RowCount - 1), StepText(StepCount - 1)));
-    label.setAccessibleName(QStringLiteral("보이는 단계 ") + label.text());
 }
 
 }  // namespace zps

@@ -66,11 +66,13 @@ void RunDisplay::NumbersShown() {
 
 void RunDisplay::Refresh() {
     const bool known = Around.Source.RatingsKnown();
-    ShowBadge(Controls, BadgeFor({.RatingsKnown = known,
-                                  .OutputOn = Around.Out.On(),
-                                  .Volt = Around.Shown.VoltFrom(),
-                                  .Curr = Around.Shown.CurrFrom(),
-                                  .Age = Around.ReadingAge()}));
+    const ReadingBadge badge = BadgeFor({.RatingsKnown = known,
+                                         .OutputOn = Around.Out.On(),
+                                         .Volt = Around.Shown.VoltFrom(),
+                                         .Curr = Around.Shown.CurrFrom(),
+                                         .Age = Around.ReadingAge()});
+    ShowBadge(Controls, badge, badge.Spoken != Badge.Spoken);
+    Badge = badge;
     const QString watts = WattText(known ? Around.Shown.Watts() : std::nullopt);
     if (Controls.Plate.txtWATT->text() != watts) Controls.Plate.txtWATT->ShowValue(watts);
     ShowText(*Controls.Plate.lblELAPSED, ElapsedText(Clock.Elapsed(), Around.Out.On()));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "power/panel/read_outs.h"
+#include "power/panel/reading_badge.h"
 #include "power/run/auto_progress.h"
 #include "power/run/output.h"
 #include "power/run/run_clock.h"
@@ -48,6 +49,7 @@ class RunDisplay {
     RunClock Clock;
     std::optional<serial::Clock::time_point> EndShown;
     QString EndText;
+    ReadingBadge Badge;
     std::unique_ptr<Ticker> tmrPLATE;  // while the output is shown on
 };
 

@@ -8,6 +8,7 @@ pressed. On a display and a bus of its own:
 import signal
 import subprocess
 import sys
+import time
 
 from bus import Atspi, below, choose, fail, find, press, running, says, wait_for
 
@@ -21,9 +22,41 @@ CONTROLS = {
     Atspi.Role.TABLE,
 }
 IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 모델 이름", "통신 확인", "DATA 확인"}
-IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
+IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "AUTO STEP 자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
+# What a reader is told of the main window with the output on: role, name, description or text, and
+# what of it is checked, editable and reached with Tab. Roles by the bus's own words.
+TREE = """
+frame|ZPS-RS232||
+menu bar|메뉴||
+status bar|통신 줄||
+label|모델 이름 ZPS-1500||
+label|최대 전압과 전류 150V/10A||
+push button|단계 00|선택됨, 실행 중|focusable
+push button|단계 01|미송신|focusable
+text|단계 00 전압 V|0.00|editable focusable
+text|AUTO STEP 자동 운전 단계 순서||editable focusable
+text|COUNT 자동 운전 반복 횟수|0|editable focusable
+scroll bar|단계 목록 이동||focusable
+label|출력 중||
+push button|OUTPUT 출력|켜짐|checked focusable
+push button|AUTO 자동 운전|꺼짐|focusable
+push button|Vsense ON 원격 센싱|꺼짐|focusable
+push button|O.C.P 과전류 보호|꺼짐|focusable
+push button|REMOTE 원격 제어|켜짐|checked focusable
+image|출력 표시등|켜짐|
+label|출력 상태 ON||
+label|제어 경로 RS232||
+label|표시값 측정값||
+label|동작 모드 CV||
+text|전압 V|0.000|editable focusable read-only
+text|전류 A|0.0000|editable focusable read-only
+label|단계 번호 00||
+label|무응답 횟수 0||focusable
+label|길이 오류 횟수 0||focusable
+label|헤더 오류 횟수 0||focusable
+"""
 
 
 def name_of(control):
@@ -58,9 +91,35 @@ def close(window_name):
     wait_for(gone, f"the end of {window_name}")
 
 
+def told_of(node):
+    states = node.get_state_set()
+    told = node.get_description()
+    if node.get_role() == Atspi.Role.TEXT:
+        told = Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+    kept = ("CHECKED", "EDITABLE", "FOCUSABLE", "READ_ONLY")
+    has = [state for state in kept if states.contains(getattr(Atspi.StateType, state))]
+    marks = " ".join(has).lower().replace("_", "-")
+    return f"{node.get_role_name()}|{node.get_name()}|{told}|{marks}"
+
+
+def check_tree():
+    """While it runs; in a moment a badge may not have followed yet."""
+    expected = set(TREE.split("\n")) - {""}
+
+    def missing():
+        return expected - {told_of(node) for node in below(find("ZPS-RS232"))}
+    end = time.monotonic() + 5
+    while missing() and time.monotonic() < end:
+        time.sleep(0.2)
+    if missing():
+        fail(f"not told: {sorted(missing())}")
+    print(f"{len(expected)} of the main window are told with role, state and value")
+
+
 def check_log():
     grid = find("측정 데이타 표")
     press("OUTPUT 출력")
+    check_tree()
     wait_for(lambda: grid.get_n_rows() > 2, "rows in the log")
     second = [grid.get_accessible_at(2, column) for column in range(grid.get_n_columns())]
     texts = [cell.get_name() for cell in second]
