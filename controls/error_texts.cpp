@@ -12,9 +12,8 @@ namespace {
 
 constexpr const char* NoDevice = "이 번호의 장치가 없습니다. 어댑터와 링크를 확인하십시오.";
 constexpr const char* OpenFolder =
-    "이 포트의 링크가 있는 폴더(zps-rs232)가 본인만 쓸 수 있는 것이 아닙니다. 폴더를 본인 소유, "
-    "권한 "
-    "0700으로 바꾸거나 링크를 지우십시오.";
+    "이 포트의 링크가 있는 폴더(zps-rs232)가 본인만 쓸 수 있는 폴더가 아닙니다. 폴더를 본인 소유, "
+    "권한 0700으로 바꾸거나 링크를 지우십시오.";
 constexpr const char* NoRight =
     "이 포트를 사용할 권한이 없습니다. (Linux: dialout 그룹, Windows: 다른 프로그램이 사용 중)";
 
@@ -41,10 +40,10 @@ struct Complaint {
     const char* Text;
 };
 constexpr std::array Complaints{
-    Complaint{Overflow::NoByte, "%1은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
-    Complaint{Overflow::NoNumber, "'%1'은(는) 숫자가 아닙니다."},
-    Complaint{Overflow::OutOfRange, "%1은(는) 범위 %2~%3을(를) 벗어납니다."},
-    Complaint{Overflow::TooLarge, "%1은(는) 너무 커서 보낼 수 없습니다."},
+    Complaint{Overflow::NoByte, "보낼 수 있는 값은 0~255입니다. (보내려던 값: %1)"},
+    Complaint{Overflow::NoNumber, "숫자만 쓸 수 있습니다. (입력: '%1')"},
+    Complaint{Overflow::OutOfRange, "쓸 수 있는 값은 %2~%3입니다. (입력: %1)"},
+    Complaint{Overflow::TooLarge, "값이 너무 커서 보낼 수 없습니다. (보내려던 값: %1)"},
     Complaint{Overflow::NoStep, "%1번 단계는 없습니다(0~99)."},
 };
 

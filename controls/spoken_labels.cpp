@@ -54,8 +54,10 @@ class SpokenParent : public QAccessibleWidget {
 
   private:
     int HolderPlace() const {
+        const int count = QAccessibleWidget::childCount();
         int index = 0;
-        while (dynamic_cast<SpokenHolder*>(QAccessibleWidget::child(index)) == nullptr) ++index;
+        while (index < count && !dynamic_cast<SpokenHolder*>(QAccessibleWidget::child(index)))
+            ++index;
         return index;
     }
 };

@@ -97,9 +97,9 @@ void MakePower(SetManualControls& controls) {
     MakeAddress(controls);
     MakeModel(controls);
     controls.POWERVoltage =
-        MakeRating(QStringLiteral("POWERVoltage"), QStringLiteral("Max.Voltage 최대 전압 V"));
+        MakeRating(QStringLiteral("POWERVoltage"), QStringLiteral("Max.Voltage 정격 전압 V"));
     controls.POWERCurrent =
-        MakeRating(QStringLiteral("POWERCurrent"), QStringLiteral("Max.Current 최대 전류 A"));
+        MakeRating(QStringLiteral("POWERCurrent"), QStringLiteral("Max.Current 정격 전류 A"));
     auto* grid = new QGridLayout(controls.frmPOW_SETTING);
     grid->setColumnStretch(1, 1);
     grid->setHorizontalSpacing(10);

@@ -73,7 +73,7 @@ std::string ErrorText(std::uint8_t errorCode) {
 
 std::string TextOf(const Stamp& stamp) {
     constexpr double millisecondsPerSecond = 1000;
-    std::string outcome = stamp.Asked ? "응답 없음" : "보내지 않았는데 수신";
+    std::string outcome = stamp.Asked ? "응답 없음" : "조회 없이 수신";
     if (stamp.After) {
         const auto seconds = static_cast<double>(stamp.After->count()) / millisecondsPerSecond;
         outcome = FormatFixed(seconds, 2) + "초";

@@ -45,7 +45,7 @@ void ReserveFor(QLabel& label, const char* widest) {
 }
 
 QLabel* MakeOld() {
-    auto* old = MakeLabel(QStringLiteral("lblOLD"), QStringLiteral("앞의 응답"));
+    auto* old = MakeLabel(QStringLiteral("lblOLD"), QStringLiteral("이전 응답"));
     PaintBackground(*old, QColor(0xFF, 0xC1, 0x4D));
     old->setContentsMargins(6, 0, 6, 0);
     QSizePolicy policy = old->sizePolicy();

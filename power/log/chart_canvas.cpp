@@ -331,7 +331,7 @@ ChartCanvas::ChartCanvas(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&Plotting->Plot);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    Plotting->Plot.xAxis->setLabel(QStringLiteral("시간 (초)"));
+    Plotting->Plot.xAxis->setLabel(QStringLiteral("시간(초)"));
     Plot({});
 }
 

@@ -32,9 +32,9 @@ std::optional<int> SampleFrom(const ChartTable& table, int row, int step) {
 
 LogChart::LogChart(QWidget* parent)
     : QWidget(parent),
-      lblCHARTVOLT(MakeLabel(QStringLiteral("lblCHARTVOLT"), QStringLiteral("● 전압 (V)"))),
+      lblCHARTVOLT(MakeLabel(QStringLiteral("lblCHARTVOLT"), QStringLiteral("● 전압(V)"))),
       lblCHARTDIFF(MakeLabel(QStringLiteral("lblCHARTDIFF"), {})),
-      lblCHARTCURR(MakeLabel(QStringLiteral("lblCHARTCURR"), QStringLiteral("전류 (A) ■"))),
+      lblCHARTCURR(MakeLabel(QStringLiteral("lblCHARTCURR"), QStringLiteral("전류(A) ■"))),
       Canvas(new ChartCanvas) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

@@ -63,9 +63,9 @@ void LogCopy::AddLine(const std::function<QString(int column)>& cell) {
 
 // The box leaves the window usable: the output must be within reach at any time.
 void LogCopy::ShowProgress() {
-    Progress = new QProgressDialog(QStringLiteral("측정 데이타를 복사하고 있습니다."),
+    Progress = new QProgressDialog(QStringLiteral("측정 데이터를 복사하고 있습니다."),
                                    QStringLiteral("취소"), 0, Last - First + 1, &Owner);
-    Progress->setWindowTitle(QStringLiteral("측정 데이타 복사"));
+    Progress->setWindowTitle(QStringLiteral("측정 데이터 복사"));
     Progress->setAutoReset(false);
     Progress->setMinimumDuration(0);
     connect(Progress, &QProgressDialog::canceled, this, &LogCopy::Cancel);

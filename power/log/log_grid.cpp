@@ -32,7 +32,7 @@ QRect TextRect(const QRect& cell) {
 
 LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
-    verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이타 표 이동"));
+    verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이터 표 이동"));
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);

@@ -20,9 +20,9 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     SpeakLogGrids();
     SpeakLogCharts();
     MSFlexGrid1->setObjectName(QStringLiteral("MSFlexGrid1"));
-    MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이타 표"));
+    MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이터 표"));
     MSChart1->setObjectName(QStringLiteral("MSChart1"));
-    MSChart1->setAccessibleName(QStringLiteral("측정 데이타 그래프"));
+    MSChart1->setAccessibleName(QStringLiteral("측정 데이터 그래프"));
     Label6->setObjectName(QStringLiteral("Label6"));
     Label6->setAccessibleName(QStringLiteral("표시 시작 행"));
     // Of one size, so that a growing number moves nothing and costs no lay-out.

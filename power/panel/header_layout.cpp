@@ -24,7 +24,7 @@ QWidget* MakeSupply(PowerControls& controls) {
     controls.lblZPS_MODEL =
         MakeLabel(QStringLiteral("lblZPS_MODEL"), {}, QStringLiteral("모델 이름"));
     controls.lblSPEC_VA =
-        MakeLabel(QStringLiteral("lblSPEC_VA"), {}, QStringLiteral("최대 전압과 전류"));
+        MakeLabel(QStringLiteral("lblSPEC_VA"), {}, QStringLiteral("정격 전압과 전류"));
     controls.lblLINK = MakeLabel(QStringLiteral("lblLINK"), {}, QStringLiteral("포트와 주소"));
     Enlarge(*controls.lblZPS_MODEL, 1.5);
     Enlarge(*controls.lblSPEC_VA, 1.5);
@@ -66,7 +66,7 @@ QLabel* MakeEventLine() {
     constexpr int lines = 2;
     auto* line = new EventLine;
     line->setObjectName(QStringLiteral("lblNOTICE"));
-    line->setAccessibleName(QStringLiteral("마지막 사건"));
+    line->setAccessibleName(QStringLiteral("최근 알림"));
     line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
     line->setContentsMargins(Inset, Inset / 2, Inset, Inset / 2);

@@ -36,9 +36,9 @@ void MakeMenus(PowerControls& controls, QMenuBar& bar) {
         MakeAction(*connection, QStringLiteral("mnuSET_MANU"), QStringLiteral("ZPS설정(&R)"));
     controls.mnuTEST =
         MakeAction(*connection, QStringLiteral("mnuTEST"), QStringLiteral("TEST(&T)"));
-    auto* data = bar.addMenu(QStringLiteral("데이타(&D)"));
+    auto* data = bar.addMenu(QStringLiteral("데이터(&D)"));
     controls.mnuData_Clear =
-        MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이타 삭제(&C)"));
+        MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이터 삭제(&C)"));
     auto* program = bar.addMenu(QStringLiteral("프로그램(&P)"));
     controls.mnuHELP =
         MakeAction(*program, QStringLiteral("mnuHELP"), QStringLiteral("프로그램 정보(&A)"));
@@ -52,7 +52,7 @@ QWidget* MakeAutoSequence(PowerControls& controls) {
     row->setContentsMargins(0, 0, 0, 0);
     controls.lblAutoStep = MakeLabel(QStringLiteral("lblAutoStep"), QStringLiteral("AUTO STEP"));
     controls.txtPAUTOSTEP = new EntryField(QStringLiteral("txtPAUTOSTEP"),
-                                           QStringLiteral("AUTO STEP 자동 운전 단계 순서"), box);
+                                           QStringLiteral("AUTO STEP 자동 운전 순서"), box);
     controls.lblCount = MakeLabel(QStringLiteral("lblCount"), QStringLiteral("COUNT"));
     controls.txtPAUTOCOUNT = new EntryField(QStringLiteral("txtPAUTOCOUNT"),
                                             QStringLiteral("COUNT 자동 운전 반복 횟수"), box);
@@ -113,8 +113,8 @@ class Centre : public QWidget {
 QFrame* MakeData(PowerControls& controls) {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("fraDATA"));
-    frame->setAccessibleName(QStringLiteral("측정 데이타"));
-    auto* box = new QGroupBox(QStringLiteral("측정 데이타"));
+    frame->setAccessibleName(QStringLiteral("측정 데이터"));
+    auto* box = new QGroupBox(QStringLiteral("측정 데이터"));
     controls.Log = new MeasurementLog(box);
     for (auto [outer, inner] : {std::pair<QWidget*, QWidget*>{box, controls.Log}, {frame, box}}) {
         (new QVBoxLayout(outer))->addWidget(inner);

@@ -18,8 +18,8 @@ QString CauseOf(Reply result) {
         case Reply::BadAck:
         case Reply::BadData:
             return QStringLiteral(
-                "알아볼 수 없는 응답이 왔습니다. 케이블을 확인하고, 같은 주소의 전원 장치가 둘이 "
-                "아닌지 확인하십시오.");
+                "알아볼 수 없는 응답이 왔습니다. 케이블을 확인하고, 같은 주소의 전원 장치가 두 대 "
+                "있지 않은지 확인하십시오.");
         case Reply::None:
         case Reply::Ack:
         case Reply::Data:
@@ -43,7 +43,7 @@ NoLinkCard::NoLinkCard(const QString& name)
     constexpr int iconSize = 56;
     constexpr int cardWidth = 440;
     setObjectName(name);
-    setAccessibleName(QStringLiteral("전원 장치 없음"));
+    setAccessibleName(QStringLiteral("통신 실패"));
     auto* card = new QFrame;
     card->setFrameShape(QFrame::StyledPanel);
     card->setAutoFillBackground(true);

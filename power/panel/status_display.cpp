@@ -62,8 +62,7 @@ void ShowAsked(PowerControls& c, const Function& function, bool on) {
 void ShowDifference(PowerControls& c, const Function& function, bool askedOn, bool differs) {
     Pill& label = *(c.*function.Label);
     const QString words =
-        differs ? QStringLiteral("전원 장치는 %1 상태라고 알립니다").arg(OnOff(!askedOn))
-                : QString();
+        differs ? QStringLiteral("전원 장치가 알린 상태: %1").arg(OnOff(!askedOn)) : QString();
     if (label.toolTip() == words) return;
     label.setToolTip(words);
     label.setAccessibleDescription(words);

@@ -28,8 +28,8 @@ struct Column {
 constexpr std::array Columns{
     Column{&PowerControls::txPVOLT, "txPVOLT", "VOLTAGE(V)", "전압 V", "0.00", "600.000"},
     Column{&PowerControls::txPCURR, "txPCURR", "CURRENT(A)", "전류 A", "1.000", "600.000"},
-    Column{&PowerControls::txPTIME, "txPTIME", "TIME(sec)", "시간 초", "0.00000", "50000.00000"},
-    Column{&PowerControls::txPSLOPE, "txPSLOPE", "SLOPE(sec)", "기울기 시간 초", "0.00000",
+    Column{&PowerControls::txPTIME, "txPTIME", "TIME(sec)", "시간(초)", "0.00000", "50000.00000"},
+    Column{&PowerControls::txPSLOPE, "txPSLOPE", "SLOPE(sec)", "전압 변화 시간(초)", "0.00000",
            "50.00000"},
     Column{&PowerControls::txPOVP, "txPOVP", "O.V.P(V)", "과전압 보호 V", "218.0", "654.000"},
 };
@@ -106,7 +106,7 @@ StepScrollBar* MakeBar(QWidget* parent) {
     constexpr int width = 18;  // px
     auto* bar = new StepScrollBar(parent);
     bar->setObjectName(QStringLiteral("vscAUTOSTEP"));
-    bar->setAccessibleName(QStringLiteral("단계 목록 이동"));
+    bar->setAccessibleName(QStringLiteral("단계표 이동"));
     bar->setRange(0, StepCount - RowCount);
     bar->setPageStep(RowCount);
     bar->setFocusPolicy(Qt::TabFocus);
@@ -151,7 +151,7 @@ QString SpokenName(std::array<EntryField*, RowCount> PowerControls::*column, int
 void MakeStepList(PowerControls& controls) {
     auto* frame = new StepListFrame;
     frame->setObjectName(QStringLiteral("fraSTEPLIST"));
-    frame->setAccessibleName(QStringLiteral("단계 목록"));
+    frame->setAccessibleName(QStringLiteral("단계표"));
     controls.fraSTEPLIST = frame;
 
     auto* column = new QVBoxLayout(frame);

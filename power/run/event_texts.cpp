@@ -20,7 +20,7 @@ constexpr std::array FaultTexts{
     FaultText{4, "MAX. OVER CURRENT!!!", "출력 전류가 전원 장치의 최대 전류를 넘었습니다."},
     FaultText{5, "SET OVER VOLTAGE!!!", "출력 전압이 설정한 O.V.P 전압을 넘었습니다."},
     FaultText{6, "SET OVER CURRENT!!!",
-              "과전류 보호가 켜진 상태에서 출력 전류가 설정값에 이르렀습니다."},
+              "과전류 보호가 켜진 상태에서 출력 전류가 설정값에 도달했습니다."},
     FaultText{OutputCurrentFault, "OUT OFF ERROR CURRENT!!!", "출력을 껐는데도 전류가 흐릅니다."},
 };
 
@@ -74,7 +74,7 @@ QString RequestText(const Bytes& frame) {
     const char asked = static_cast<char>(frame[letterPlace]);
     const int data = frame[dataPlace];
     if (asked == letter::Step)
-        return QStringLiteral("단계 %1").arg(QString::fromStdString(FormatStep(data)));
+        return QStringLiteral("단계 %1 송신").arg(QString::fromStdString(FormatStep(data)));
     const auto* found = std::ranges::find(Requests, asked, &Request::Letter);
     if (found == Requests.end()) return QStringLiteral("제어 명령");
     const QString text = QString::fromUtf8(found->Text);

@@ -19,7 +19,7 @@ std::optional<Message> FaultMessage(std::uint8_t faultCode);
 // The same for the line of the last event; every code has one.
 QString FaultEvent(std::uint8_t faultCode);
 
-// What a frame asks for: "전압 설정", "단계 03", "출력 켜기".
+// What a frame asks for: "전압 설정", "단계 03 송신", "출력 켜기".
 QString RequestText(const Bytes& frame);
 
 }  // namespace zps

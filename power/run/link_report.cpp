@@ -41,7 +41,7 @@ void LinkReport::NoteRefusal(int step) {
 
 void LinkReport::NoteBack(std::chrono::seconds away) {
     Happened.Note(EventKind::LinkBack,
-                  QStringLiteral("응답이 %1초 만에 돌아왔습니다.").arg(away.count()));
+                  QStringLiteral("응답이 %1초 만에 다시 왔습니다.").arg(away.count()));
 }
 
 }  // namespace zps

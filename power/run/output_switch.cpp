@@ -55,8 +55,9 @@ void OutputSwitch::tmrOFF_Timer() {
     if (Around.Out.On() || (!unanswered && !refused)) return;
     Around.Happened.Note(
         refused ? EventKind::Refused : EventKind::NotDone,
-        refused ? QStringLiteral("전원 장치가 출력 끄기를 거부했습니다. 본체에서 확인하십시오.")
-                : QStringLiteral("출력 끄기에 응답이 없습니다. 본체에서 확인하십시오."));
+        refused
+            ? QStringLiteral("전원 장치가 출력 끄기 명령을 거부했습니다. 본체에서 확인하십시오.")
+            : QStringLiteral("출력 끄기 명령에 응답이 없습니다. 본체에서 확인하십시오."));
 }
 
 void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
@@ -77,7 +78,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     if (Around.Held.Refused(step).any()) {
         Around.Happened.Note(
             EventKind::NotDone,
-            QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있는 채로 출력을 켰습니다.")
+            QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있지만 출력을 켰습니다.")
                 .arg(QString::fromStdString(FormatStep(step))));
     }
     Around.Log.Restart(c.txtSTEP->text());
@@ -111,7 +112,7 @@ QString OutputSwitch::WaitForReplyInProgress(serial::Clock::time_point deadline)
             .arg(now.LastFault);
     }
     if (now.Refusals != before.Refusals)
-        return QStringLiteral("전원 장치가 앞의 명령을 거부하여 출력을 켜지 않았습니다.");
+        return QStringLiteral("전원 장치가 바로 앞의 명령을 거부하여 출력을 켜지 않았습니다.");
     if (Around.Fields.RefusalCount() != refusals)
         return QStringLiteral("범위를 벗어난 입력이 있어 출력을 켜지 않았습니다.");
     if (serial::Clock::now() > deadline + Lateness)

@@ -43,11 +43,11 @@ def do_job():
         fail("the output is on before it has been switched on")
     press("OUTPUT 출력")
     wait_for(lambda: is_on("OUTPUT 출력") and shown("전압 V") == "12.500", "the reading")
-    wait_for(lambda: find("측정 데이타 표").get_n_rows() >= 5, "five rows")
+    wait_for(lambda: find("측정 데이터 표").get_n_rows() >= 5, "five rows")
     press("OUTPUT 출력")
     wait_for(lambda: not is_on("OUTPUT 출력") and says("출력 상태", "OFF"), "the output off")
-    act("측정 데이타 표", "모두 선택")
-    act("측정 데이타 표", "복사")
+    act("측정 데이터 표", "모두 선택")
+    act("측정 데이터 표", "복사")
     copied = subprocess.run(["xclip", "-out", "-selection", "clipboard"], check=True, text=True,
                             capture_output=True).stdout.splitlines()
     if len(copied) < 5 or "12.500" not in copied[-1]:

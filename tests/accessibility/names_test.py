@@ -22,7 +22,7 @@ CONTROLS = {
     Atspi.Role.TABLE,
 }
 IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 모델 이름", "통신 확인", "DATA 확인"}
-IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "AUTO STEP 자동 운전 단계 순서", "단계 목록 이동", "측정 데이타 표"}
+IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "AUTO STEP 자동 운전 순서", "단계표 이동", "측정 데이터 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
 # What a reader is told of the main window with the output on: role, name, description or text, and
@@ -30,20 +30,19 @@ IN_ABOUT = {"확인(O)"}
 TREE = """
 frame|ZPS-RS232||
 menu bar|메뉴||
-status bar|통신 줄||
 label|모델 이름 ZPS-1500||
-label|최대 전압과 전류 150V/10A||
+label|정격 전압과 전류 150V/10A||
 push button|단계 00|선택됨, 실행 중|focusable
 push button|단계 01|미송신|focusable
 text|단계 00 전압 V|0.00|editable focusable
-text|AUTO STEP 자동 운전 단계 순서||editable focusable
+text|AUTO STEP 자동 운전 순서||editable focusable
 text|COUNT 자동 운전 반복 횟수|0|editable focusable
-scroll bar|단계 목록 이동||focusable
+scroll bar|단계표 이동||focusable
 label|출력 중||
 push button|OUTPUT 출력|켜짐|checked focusable
 push button|AUTO 자동 운전|꺼짐|focusable
 push button|Vsense ON 원격 센싱|꺼짐|focusable
-push button|O.C.P 과전류 보호|꺼짐|focusable
+push button|O.C.P 과전류 보호|켜짐|checked focusable
 push button|REMOTE 원격 제어|켜짐|checked focusable
 image|출력 표시등|켜짐|
 label|출력 상태 ON||
@@ -117,7 +116,7 @@ def check_tree():
 
 
 def check_log():
-    grid = find("측정 데이타 표")
+    grid = find("측정 데이터 표")
     press("OUTPUT 출력")
     check_tree()
     wait_for(lambda: grid.get_n_rows() > 2, "rows in the log")
@@ -145,7 +144,7 @@ def check_disabled(panel, supply):
     expected = windows()
     supply.send_signal(signal.SIGSTOP)
     press("통신 확인")
-    for command in ("TEST(T)", "ZPS설정(R)", "측정 데이타 삭제(C)", "프로그램 종료(X)"):
+    for command in ("TEST(T)", "ZPS설정(R)", "측정 데이터 삭제(C)", "프로그램 종료(X)"):
         choose(command)
         if panel.poll() is not None or windows() != expected:
             fail(f"{command} in a disabled window: {windows()}, exit code {panel.poll()}")

@@ -75,10 +75,13 @@ TEST_F(HandlersOfAWindow, ReportEachErrorInABoxAndGoOn) {
     const std::vector<std::pair<std::function<void()>, QString>> errors{
         {[] { throw serial::PortError(2, make_error_code(std::errc::device_or_resource_busy)); },
          "COM2 포트를 사용할 수 없습니다.\n다른 프로그램이 이 포트를 사용하고 있습니다."},
-        {[] { ControlFrame(240, code::Dle); }, "\n256은(는) 0~255 범위를 벗어나 보낼 수 없습니다."},
-        {[] { StrictInteger("x", 0, 9); }, "\n'x'은(는) 숫자가 아닙니다."},
-        {[] { StrictInteger("65536", 0, 65535); }, "\n65536은(는) 범위 0~65535을(를) 벗어납니다."},
-        {[] { SetPointBytes(1e9, 100); }, "\n100000000000은(는) 너무 커서 보낼 수 없습니다."}};
+        {[] { ControlFrame(240, code::Dle); },
+         "\n보낼 수 있는 값은 0~255입니다. (보내려던 값: 256)"},
+        {[] { StrictInteger("x", 0, 9); }, "\n숫자만 쓸 수 있습니다. (입력: 'x')"},
+        {[] { StrictInteger("65536", 0, 65535); },
+         "\n쓸 수 있는 값은 0~65535입니다. (입력: 65536)"},
+        {[] { SetPointBytes(1e9, 100); },
+         "\n값이 너무 커서 보낼 수 없습니다. (보내려던 값: 100000000000)"}};
     for (int time = 0; time < 2; ++time) {
         for (const auto& [handler, text] : errors) {
             Events.Run(handler);

@@ -163,7 +163,7 @@ TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
 TEST_F(RunSwitches, WhatTheSupplyReportsOtherwiseThanAskedIsMarkedFromTheSecondPollOn) {
     auto& label = Get<QLabel>("OCP_ONOFF");
     ASSERT_TRUE(Press("cmdOCP") && SwitchOn() && Handled(Reading(4, 1)));
-    EXPECT_EQ(label.text() + label.toolTip(), "ON전원 장치는 OFF 상태라고 알립니다");
+    EXPECT_EQ(label.text() + label.toolTip(), "ON전원 장치가 알린 상태: OFF");
     ASSERT_TRUE(Handled(Reading(4 + 32)));
     EXPECT_EQ(label.text() + label.toolTip(), "ON");
     ASSERT_TRUE(Handled(Reading(4)) && Handled(Reading(4)));
