@@ -25,8 +25,12 @@ class Connection final : public serial::OpenDevice {
 
 }  // namespace
 
-SimulatedSupply::SimulatedSupply(std::unique_ptr<simulator::MemoryEnd> end)
-    : End(*end), Supplies(std::move(end), {{.Address = Address}}) {}
+SimulatedSupply::SimulatedSupply(const std::vector<simulator::SupplyOptions>& supplies)
+    : SimulatedSupply(std::make_unique<simulator::MemoryEnd>("모의 전원 장치"), supplies) {}
+
+SimulatedSupply::SimulatedSupply(std::unique_ptr<simulator::MemoryEnd> end,
+                                 const std::vector<simulator::SupplyOptions>& supplies)
+    : End(*end), Supplies(std::move(end), supplies) {}
 
 std::string SimulatedSupply::PathOf(int number) const {
     return number == Port ? Supplies.DeviceName() : std::string();

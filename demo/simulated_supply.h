@@ -1,5 +1,4 @@
-// The supply that stands in the place of the machine's serial devices: 150 V, 10 A, address 1,
-// COM1.
+// Supplies that stand in the place of the machine's serial devices, at COM1.
 #pragma once
 
 #include "serial/devices.h"
@@ -14,7 +13,9 @@ class SimulatedSupply final : public serial::Devices {
   public:
     static constexpr int Address = 1;
 
-    SimulatedSupply() : SimulatedSupply(std::make_unique<simulator::MemoryEnd>("모의 전원 장치")) {}
+    // Throws as simulator::Line. One supply of 150 V and 10 A, if nothing else is said.
+    explicit SimulatedSupply(const std::vector<simulator::SupplyOptions>& supplies = {
+                                 {.Address = Address}});
 
     simulator::Line& Line() { return Supplies; }
 
@@ -23,7 +24,8 @@ class SimulatedSupply final : public serial::Devices {
     std::unique_ptr<serial::OpenDevice> Open(const std::string& path, Received received) override;
 
   private:
-    explicit SimulatedSupply(std::unique_ptr<simulator::MemoryEnd> end);
+    SimulatedSupply(std::unique_ptr<simulator::MemoryEnd> end,
+                    const std::vector<simulator::SupplyOptions>& supplies);
 
     simulator::MemoryEnd& End;  // the line's
     simulator::Line Supplies;

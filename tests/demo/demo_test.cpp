@@ -2,6 +2,7 @@
 #include "demo/simulated_supply.h"
 #include "demo/supply_menu.h"
 #include "power/log/measurement_log.h"
+#include "serial/asio_port.h"
 #include "tests/support/panel.h"
 
 #include <QMenuBar>
