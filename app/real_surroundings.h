@@ -13,10 +13,13 @@
 namespace zps {
 
 // Make it on the window thread, after the application object; it outlives the Program that it is
-// handed to.
+// handed to; `devices` outlive it.
 struct RealSurroundings {
+    explicit RealSurroundings(serial::Devices& devices = serial::MachineDevices())
+        : Ports(Loop, devices) {}
+
     platform::QtEventLoop Loop;
-    serial::AsioPortMaker Ports{Loop};
+    serial::AsioPortMaker Ports;
     ToolkitMessageBoxes Boxes;
     std::unique_ptr<platform::PointerConfinement> Pointer = platform::MakePointerConfinement();
     platform::SystemWebBrowser Browser;

@@ -19,6 +19,6 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 at the bench one window for set values, switches and read-outs. Several
 supplies can share one line. The user interface is Korean.
 
-zps-simulator plays such supplies on a pseudo-terminal, to try the panel
-without any. To open serial ports a user has to be in the group dialout.")
+zps-demo is the same panel on a simulated supply, for trying and training.
+zps-simulator plays such supplies on a pseudo-terminal. To open serial ports a user has to be in the group dialout.")
 include(CPack)

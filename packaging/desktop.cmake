@@ -6,11 +6,12 @@ foreach(size IN LISTS ZPS_ICON_SIZES)
         DESTINATION ${icons}/${size}x${size}/apps RENAME zps-rs232.png)
 endforeach()
 
-install(FILES zps-rs232.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES zps-rs232.desktop zps-demo.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 
 set(metainfo com.example.zps_rs232.metainfo.xml)
 configure_file(${metainfo}.in ${metainfo} @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${metainfo}
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
-install(FILES man/zps-rs232.1 man/zps-simulator.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES man/zps-rs232.1 man/zps-demo.1 man/zps-simulator.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -22,9 +22,7 @@
 namespace zps::serial {
 
 struct AsioDevice::Inside {
-    using Received = std::function<void(std::span<const std::uint8_t>)>;
-
-    Inside(const std::string& path, Received received);
+    Inside(const std::string& path, Devices::Received received);
     ~Inside();
 
     void Open(const std::string& path);
@@ -37,12 +35,13 @@ struct AsioDevice::Inside {
     asio::executor_work_guard<asio::io_context::executor_type> Present{Context.get_executor()};
     asio::serial_port Device{Context};  // after the constructor, the device's thread only
     std::array<std::uint8_t, 256> Chunk{};
-    const Received Pass;
+    const Devices::Received Pass;
     std::atomic<bool> Lost = false;
     std::thread Thread;
 };
 
-AsioDevice::Inside::Inside(const std::string& path, Received received) : Pass(std::move(received)) {
+AsioDevice::Inside::Inside(const std::string& path, Devices::Received received)
+    : Pass(std::move(received)) {
     try {
         Open(path);
     } catch (const std::system_error& error) {
@@ -120,8 +119,7 @@ void AsioDevice::Inside::Close() {
     Lost = true;
 }
 
-AsioDevice::AsioDevice(const std::string& path,
-                       std::function<void(std::span<const std::uint8_t>)> received)
+AsioDevice::AsioDevice(const std::string& path, Devices::Received received)
     : Self(std::make_unique<Inside>(path, std::move(received))) {}
 
 AsioDevice::~AsioDevice() = default;

@@ -6,20 +6,19 @@
 // device is closed at once then: a pulled adapter gets its name back only when nobody holds it any
 // more.
 //
-// Threading: one thread makes, uses and destroys the object; `received` alone is called on the
-// device's thread.
 #pragma once
+
+#include "serial/devices.h"
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 
 namespace zps::serial {
 
-class AsioDevice {
+class AsioDevice final : public OpenDevice {
   public:
     // The longest that a write or the wait for written bytes at closing takes.
     static constexpr std::chrono::milliseconds LongestWrite{200};
@@ -27,19 +26,14 @@ class AsioDevice {
     // Opens and claims the device at 9600 baud, 8N1, raw. Throws std::system_error with a
     // code that compares with std::errc. `received` is called with what has been read, on the
     // device's thread; the device waits meanwhile.
-    AsioDevice(const std::string& path,
-               std::function<void(std::span<const std::uint8_t>)> received);
+    AsioDevice(const std::string& path, Devices::Received received);
     // Lets written bytes leave, for LongestWrite at most, closes, and ends the thread.
-    ~AsioDevice();
-    AsioDevice(const AsioDevice&) = delete;
-    AsioDevice& operator=(const AsioDevice&) = delete;
+    ~AsioDevice() override;
 
-    // Stays so once it is true.
-    bool IsLost() const;
-
-    // Writes the block whole; returns when the system has taken it or the device is lost, after
-    // LongestWrite at most.
-    void Write(std::span<const std::uint8_t> block);
+    bool IsLost() const override;
+    // Returns when the system has taken the block or the device is lost, after LongestWrite at
+    // most.
+    void Write(std::span<const std::uint8_t> block) override;
 
   private:
     struct Inside;

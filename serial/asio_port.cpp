@@ -24,13 +24,13 @@ struct Session {
     std::string Path;  // the device that was opened
     bool Ended = false;
     Inbox Arrived;
-    std::unique_ptr<AsioDevice> Device;  // absent while it is lost and can't be opened again
+    std::unique_ptr<OpenDevice> Device;  // absent while it is lost and can't be opened again
 };
 
 class AsioPort final : public Port {
   public:
-    explicit AsioPort(EventLoop& loop)
-        : Loop(loop), Event(loop, [this] { return InBufferCount() > 0; }) {}
+    AsioPort(EventLoop& loop, serial::Devices& devices)
+        : Loop(loop), Devices(devices), Event(loop, [this] { return InBufferCount() > 0; }) {}
     ~AsioPort() override { SetPortOpen(false); }
 
     bool PortOpen() const override { return Present != nullptr; }
@@ -51,10 +51,11 @@ class AsioPort final : public Port {
     }
 
   private:
-    void OpenDevice(Session& session);
+    void OpenDeviceOf(Session& session);
     bool OpenDeviceAgain(Session& session);
 
     EventLoop& Loop;
+    serial::Devices& Devices;
     ReceiveEvent Event;
     std::shared_ptr<Session> Present;  // absent while the port is closed
 };
@@ -70,7 +71,7 @@ void AsioPort::SetPortOpen(bool open) {
     }
     auto session = std::make_shared<Session>(CommPort());
     try {
-        OpenDevice(*session);
+        OpenDeviceOf(*session);
     } catch (const std::system_error& error) {
         throw PortError(CommPort(), error.code());
     }
@@ -79,14 +80,14 @@ void AsioPort::SetPortOpen(bool open) {
 }
 
 // The session outlives its device, and this object the session's device.
-void AsioPort::OpenDevice(Session& session) {
+void AsioPort::OpenDeviceOf(Session& session) {
     // Another device that has moved up in the meantime may lead to another supply.
     const bool again = !session.Path.empty();
-    const auto path = again ? session.Path : DevicePath(session.Number);
+    const auto path = again ? session.Path : Devices.PathOf(session.Number);
     if (path.empty()) throw std::system_error(std::make_error_code(std::errc::no_such_device));
-    if (const auto refusal = Refusal(path)) throw std::system_error(refusal);
-    session.Device = std::make_unique<AsioDevice>(
-        path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
+    if (const auto refusal = Devices.RefusalOf(path)) throw std::system_error(refusal);
+    session.Device =
+        Devices.Open(path, [this, &arrived = session.Arrived](std::span<const std::uint8_t> bytes) {
             arrived.Put(bytes);
             Event.BytesArrived();
         });
@@ -96,7 +97,7 @@ void AsioPort::OpenDevice(Session& session) {
 bool AsioPort::OpenDeviceAgain(Session& session) {
     session.Device.reset();
     try {
-        OpenDevice(session);
+        OpenDeviceOf(session);
         return true;
     } catch (const std::system_error&) {
         return false;  // still away: the line stays silent
@@ -147,16 +148,28 @@ std::error_code make_error_code(PortFault fault) {
     return {static_cast<int>(fault), category};
 }
 
-AsioPortMaker::AsioPortMaker(EventLoop& loop) : Loop(loop) {}
+Devices& MachineDevices() {
+    static class : public Devices {
+        std::string PathOf(int number) const override { return DevicePath(number); }
+        std::error_code RefusalOf(const std::string& path) const override { return Refusal(path); }
+        std::unique_ptr<OpenDevice> Open(const std::string& path, Received received) override {
+            return std::make_unique<AsioDevice>(path, std::move(received));
+        }
+    } devices;
+    return devices;
+}
+
+AsioPortMaker::AsioPortMaker(EventLoop& loop, serial::Devices& devices)
+    : Loop(loop), Devices(devices) {}
 
 std::unique_ptr<Port> AsioPortMaker::MakePort() {
-    return std::make_unique<AsioPort>(Loop);
+    return std::make_unique<AsioPort>(Loop, Devices);
 }
 
 std::string AsioPortMaker::DeviceOf(int number) const {
-    const auto path = DevicePath(number);
+    const auto path = Devices.PathOf(number);
     if (path.empty()) return {};
-    if (const auto refusal = Refusal(path)) throw PortError(number, refusal);
+    if (const auto refusal = Devices.RefusalOf(path)) throw PortError(number, refusal);
     std::error_code none;
     const auto target = std::filesystem::read_symlink(path, none);
     return none ? path : target.string();

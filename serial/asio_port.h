@@ -1,6 +1,7 @@
-// The port of the real machine, on Linux and Windows.
+// The ports of the panel: numbers, events, and coming back after a loss, on devices.
 #pragma once
 
+#include "serial/devices.h"
 #include "serial/port.h"
 
 #include <memory>
@@ -8,16 +9,16 @@
 
 namespace zps::serial {
 
-// Ports on the machine's own serial devices (serial/device.h tells which number is which). `loop`
-// must outlive every port made here.
+// Ports on the devices given. `loop` and `devices` must outlive every port made here.
 class AsioPortMaker : public PortMaker {
   public:
-    explicit AsioPortMaker(EventLoop& loop);
+    explicit AsioPortMaker(EventLoop& loop, serial::Devices& devices = MachineDevices());
     std::unique_ptr<Port> MakePort() override;
     std::string DeviceOf(int number) const override;
 
   private:
     EventLoop& Loop;
+    serial::Devices& Devices;
 };
 
 }  // namespace zps::serial

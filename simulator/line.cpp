@@ -1,7 +1,5 @@
 #include "simulator/line.h"
 
-#include "simulator/pty.h"
-
 #include <algorithm>
 #include <array>
 #include <deque>
@@ -21,7 +19,8 @@ constexpr std::size_t MostReceived = 100'000;
 }  // namespace
 
 struct Line::Inside {
-    Inside(const std::vector<SupplyOptions>& options, std::uint32_t seed);
+    Inside(std::unique_ptr<LineEnd> wire, const std::vector<SupplyOptions>& options,
+           std::uint32_t seed);
     ~Inside();
 
     void Serve(const std::stop_token& stop);
@@ -33,9 +32,9 @@ struct Line::Inside {
     Time NextEvent() const;
     Supply& SupplyAt(int address);
 
-    // Guards everything below but Wire.Wait and Wire.Wake.
+    // Guards everything below but Wire->Wait and Wire->Wake.
     std::mutex Guard;
-    Pty Wire;
+    const std::unique_ptr<LineEnd> Wire;
     std::vector<Supply> Supplies;
     FrameSplitter Splitter;
     std::deque<Frame> Received;
@@ -46,20 +45,21 @@ struct Line::Inside {
     std::jthread Server;
 };
 
-Line::Inside::Inside(const std::vector<SupplyOptions>& options, std::uint32_t seed)
-    : Mangler(seed) {
+Line::Inside::Inside(std::unique_ptr<LineEnd> wire, const std::vector<SupplyOptions>& options,
+                     std::uint32_t seed)
+    : Wire(std::move(wire)), Mangler(seed) {
     for (const SupplyOptions& option : options) {
         if (std::ranges::find(Supplies, option.Address, &Supply::Address) != Supplies.end())
             throw std::invalid_argument("two supplies have one address");
         Supplies.emplace_back(option);
     }
-    Wire.Open();
+    Wire->Open();
     Server = std::jthread([this](const std::stop_token& stop) { Serve(stop); });
 }
 
 Line::Inside::~Inside() {
     Server.request_stop();
-    Wire.Wake();
+    Wire->Wake();
     Server.join();
 }
 
@@ -74,13 +74,13 @@ void Line::Inside::Serve(const std::stop_token& stop) {
             SendDueReplies(now);
             next = NextEvent();
         }
-        Wire.Wait(next);
+        Wire->Wait(next);
     }
 }
 
 void Line::Inside::ReadBytes(Time now) {
     std::array<std::uint8_t, 512> room{};
-    while (const std::size_t count = Wire.Read(room))
+    while (const std::size_t count = Wire->Read(room))
         Splitter.Take(ByteView(room).first(count), now);
 }
 
@@ -112,7 +112,7 @@ void Line::Inside::Schedule(const Frame& request, const Bytes& reply, Time now) 
 
 void Line::Inside::SendDueReplies(Time now) {
     while (!Outgoing.empty() && Outgoing.begin()->first <= now) {
-        Wire.Write(Outgoing.begin()->second);
+        Wire->Write(Outgoing.begin()->second);
         Outgoing.erase(Outgoing.begin());
     }
 }
@@ -129,14 +129,15 @@ Supply& Line::Inside::SupplyAt(int address) {
     return *supply;
 }
 
-Line::Line(const std::vector<SupplyOptions>& supplies, std::uint32_t seed)
-    : Self(std::make_unique<Inside>(supplies, seed)) {}
+Line::Line(std::unique_ptr<LineEnd> end, const std::vector<SupplyOptions>& supplies,
+           std::uint32_t seed)
+    : Self(std::make_unique<Inside>(std::move(end), supplies, seed)) {}
 
 Line::~Line() = default;
 
 std::string Line::DeviceName() const {
     const std::lock_guard lock(Self->Guard);
-    return Self->Wire.Name();
+    return Self->Wire->Name();
 }
 
 void Line::SetFaults(const Faults& faults) {
@@ -163,14 +164,14 @@ std::vector<std::vector<std::uint8_t>> Line::TakeReceived() {
 
 void Line::Unplug() {
     const std::lock_guard lock(Self->Guard);
-    Self->Wire.Close();
+    Self->Wire->Close();
     Self->Splitter.Clear();
     Self->Outgoing.clear();
 }
 
 void Line::Plug() {
     const std::lock_guard lock(Self->Guard);
-    Self->Wire.Open();
+    Self->Wire->Open();
 }
 
 std::vector<int> Line::Addresses() const {

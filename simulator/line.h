@@ -1,9 +1,9 @@
-// A simulated serial line with one or more supplies on it, served by a thread of its own on the
-// master side of a pseudo-terminal. The panel, a person or a test opens DeviceName(), as often as
-// it likes.
+// A simulated serial line with one or more supplies on it, served by a thread of its own. The
+// panel, a person or a test opens DeviceName(), as often as it likes.
 #pragma once
 
 #include "simulator/faults.h"
+#include "simulator/line_end.h"
 #include "simulator/supply.h"
 
 #include <cstdint>
@@ -15,9 +15,11 @@ namespace zps::simulator {
 
 class Line {
   public:
-    // Throws std::system_error where no pseudo-terminal can be had and std::invalid_argument where
-    // an option is out of its range or two supplies have one address. `seed` makes the faults
-    // repeatable.
+    // Throws what `end` throws when it is opened, and std::invalid_argument where an option is out
+    // of its range or two supplies have one address. `seed` makes the faults repeatable.
+    Line(std::unique_ptr<LineEnd> end, const std::vector<SupplyOptions>& supplies,
+         std::uint32_t seed = 1);
+    // On a pseudo-terminal, where the system has them; std::system_error where none can be had.
     explicit Line(const std::vector<SupplyOptions>& supplies, std::uint32_t seed = 1);
     ~Line();
 

@@ -1,3 +1,4 @@
+#include "simulator/line.h"
 #include "simulator/pty.h"
 
 #include <algorithm>
@@ -172,5 +173,8 @@ void Pty::Write(ByteView bytes) {
     // A short write is a receiver that was overrun: the rest is lost, as on a real line.
     [[maybe_unused]] const auto written = write(*Self->Master, bytes.data(), bytes.size());
 }
+
+Line::Line(const std::vector<SupplyOptions>& supplies, std::uint32_t seed)
+    : Line(std::make_unique<Pty>(), supplies, seed) {}
 
 }  // namespace zps::simulator

@@ -5,10 +5,8 @@
 #include "platform/pointer_confinement.h"
 #include "platform/qt_event_loop.h"
 #include "platform/web_browser.h"
-#include "serial/asio_port.h"
-#include "simulator/line.h"
-#include "tests/support/runtime_folder.h"
 #include "tests/support/scripted_port.h"
+#include "tests/support/simulated_parts.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -129,24 +127,14 @@ class Panel {
     }
 };
 
-struct SimulatedParts {
-    explicit SimulatedParts(const std::vector<simulator::SupplyOptions>& supplies)
-        : Line(supplies) {}
-    RuntimeFolder Folder;
-    simulator::Line Line;
-    simulator::PortLink Link{1, Line.DeviceName()};
-    platform::QtEventLoop Loop;
-    serial::AsioPortMaker Ports{Loop};
-};
-
-// The panel on COM1 with simulated supplies behind a real pseudo-terminal.
+// The panel on COM1 with simulated supplies.
 class SimulatedPanel : private SimulatedParts, public Panel {
   public:
     explicit SimulatedPanel(const std::vector<simulator::SupplyOptions>& supplies = {{}})
-        : SimulatedParts(supplies), Panel(SimulatedParts::Ports, SimulatedParts::Loop) {}
+        : SimulatedParts(supplies), Panel(Ports(), Loop) {}
 
-    simulator::Line& Line() { return SimulatedParts::Line; }
-    simulator::PortLink& Link() { return SimulatedParts::Link; }
+    using SimulatedParts::Line;
+    using SimulatedParts::Link;
 
     // Starts the program and waits until the supply is identified; the settings window is open.
     bool Identify();
