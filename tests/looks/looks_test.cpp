@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/number_face.h"
 #include "tests/support/panel.h"
+#include "tests/support/runtime_folder.h"
 #include "tour/session.h"
 
 #include <QAbstractButton>
