@@ -157,9 +157,14 @@ PowerControls MakePowerControls(QMainWindow& window) {
     window.statusBar()->setAccessibleName(QStringLiteral("통신 줄"));
     window.statusBar()->addWidget(MakeLinkLine(controls), 1);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
-    // Tab goes along the work; the address is last.
-    QWidget::setTabOrder(controls.Log->findChild<LogChart*>(), controls.lblORV_URL);
-    QWidget::setTabOrder(controls.lblORV_URL, controls.cmdFOCUS);
+    // Tab goes along the work; what is only read or seldom used is last.
+    QWidget* before = controls.Log->findChild<LogChart*>();
+    for (QWidget* next : std::initializer_list<QWidget*>{controls.lblZPS_ERR, controls.lblZPS_ERR1,
+                                                         controls.lblZPS_ENQ, controls.lblORV_URL,
+                                                         controls.cmdFOCUS}) {
+        QWidget::setTabOrder(before, next);
+        before = next;
+    }
     return controls;
 }
 
