@@ -20,7 +20,7 @@ namespace {
 
 constexpr int CellMargin = 5;         // px, left and right of a cell's text
 constexpr int RuleWidth = 2;          // px, above a run
-constexpr int LeastColumnWidth = 84;  // px
+constexpr int LeastColumnWidth = 91;  // px
 constexpr int SuggestedRows = 12;
 constexpr int MinRows = 4;
 

@@ -36,7 +36,7 @@ QWidget* MakeSupply(PowerControls& controls) {
          {controls.lblSPEC_VA, QStringLiteral("600V/200A")},
          {controls.lblLINK, QStringLiteral("COM4 · 주소 31")}}};
     for (const auto& [label, longest] : parts) {
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest));
+        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest) + 2);
         row->addWidget(label);
         row->addSpacing(10);
     }

@@ -120,10 +120,9 @@ QFrame* MakeData(PowerControls& controls) {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("fraDATA"));
     frame->setAccessibleName(QStringLiteral("측정 데이타"));
-    frame->setFrameShape(QFrame::StyledPanel);
     controls.Log = new MeasurementLog(frame);
     auto* column = new QVBoxLayout(frame);
-    column->setContentsMargins(Inset, Inset, Inset, Inset);
+    column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(controls.Log);
     controls.fraDATA = frame;
     return frame;
