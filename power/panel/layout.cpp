@@ -88,8 +88,8 @@ OutputRegion* MakeOutputRegion(PowerControls& controls) {
     auto* row = new QHBoxLayout(inside);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Gap);
-    row->addWidget(MakeSwitches(controls), 16);
-    row->addWidget(MakeReadOuts(controls), 38);
+    row->addWidget(MakeSwitches(controls), 18);
+    row->addWidget(MakeReadOuts(controls), 36);
     PlateControls& plate = controls.Plate;
     plate.lblAUTORUN =
         MakeLabel(QStringLiteral("lblAUTORUN"), {}, QStringLiteral("자동 운전 진행"));
