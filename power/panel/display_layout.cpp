@@ -23,7 +23,7 @@ QLabel* AddSetValue(QBoxLayout& column, const QString& name, const QString& acce
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // the widest text decides
     label->setMinimumWidth(
-        label->fontMetrics().horizontalAdvance(QStringLiteral("설정 600.000 V · O.V.P 654.0 V")));
+        label->fontMetrics().horizontalAdvance(QStringLiteral("설정 600.00 V · O.V.P 654.0 V")));
     column.addWidget(label);
     return label;
 }

@@ -63,7 +63,7 @@ QWidget* MakeMeanings(QWidget* parent) {
     for (const Item& item : Items) {
         row->addWidget(new Swatch(item, page));
         row->addWidget(MakeLabel({}, QString::fromUtf8(item.Text)));
-        row->addSpacing(3);
+        row->addSpacing(1);
     }
     row->addWidget(MakeLabel({}, QStringLiteral("번호를 누르면 송신")));
     row->addStretch(1);

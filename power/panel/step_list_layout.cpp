@@ -41,12 +41,12 @@ QString StepText(int step) {
 
 constexpr int TextMargin = 5;  // px, from the digits to the line beside them
 
-constexpr int HeadingText = 11;
+constexpr int HeadingText = 10;  // px, in the smallest table
 
 // Lines of one pixel show between its cells.
 class StepCells : public GrowingFrame {
   public:
-    StepCells() : GrowingFrame({460, 220}, 3) {}
+    StepCells() : GrowingFrame({450, 200}, 3) {}
 
   protected:
     void paintEvent(QPaintEvent* event) override {
