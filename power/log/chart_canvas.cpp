@@ -35,7 +35,7 @@ constexpr std::array<Curve, ChartColumns> Curves{
 };
 
 constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
-const QString TimeTitle = QStringLiteral("시간 (초)");
+const QString TimeTitle = QStringLiteral("시간(초)");
 constexpr int LowPicture = 130;       // px
 constexpr double BelowZero = 0.04;    // of an axis: a curve at zero does not hide in the frame
 constexpr double BeforeStart = 0.02;  // the same for a sample at the start

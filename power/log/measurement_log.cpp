@@ -38,7 +38,7 @@ MeasurementLog::MeasurementLog(QWidget* parent)
 
 void MeasurementLog::LayOut() {
     auto* top = new QHBoxLayout;
-    auto* title = MakeLabel({}, QStringLiteral("측정 데이타"));
+    auto* title = MakeLabel({}, QStringLiteral("측정 데이터"));
     Enlarge(*title, 1);
     top->addWidget(title);
     top->addSpacing(12);
