@@ -17,11 +17,7 @@ constexpr int LeastUnit = 18;
 
 BigReadOut::BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
                        const QString& widest, Range pixels)
-    : ReadOut(name, {}, accessibleName),
-      Unit(unit),
-      Pixels(pixels),
-      Base(font()),
-      ByWidth(pixels.Least) {
+    : ReadOut(name, {}, accessibleName), Unit(unit), Pixels(pixels), Base(font()) {
     setFrame(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     SetNumberFace(Base);
@@ -44,28 +40,15 @@ QSize BigReadOut::BoxFor(int pixels) const {
 }
 
 QSize BigReadOut::sizeHint() const {
-    // A little less than the width allows leaves room beside the digits and below them.
-    const int wanted = std::max(Pixels.Least, ByWidth * 7 / 8);
-    return {BoxFor(Pixels.Least).width(), BoxFor(wanted).height()};
-}
-
-QSize BigReadOut::minimumSizeHint() const {
     return BoxFor(Pixels.Least);
 }
 
 void BigReadOut::resizeEvent(QResizeEvent* event) {
     ReadOut::resizeEvent(event);
     const QSizeF room = size() - Border;
-    const auto within = [this](double pixels) {
-        return std::clamp(static_cast<int>(pixels), Pixels.Least, Pixels.Most);
-    };
-    const int byWidth = within(room.width() / Text.width());
-    if (byWidth != ByWidth) {
-        ByWidth = byWidth;
-        updateGeometry();
-    }
+    const double fits = std::min(room.width() / Text.width(), room.height() / Text.height());
     QFont digits = Base;
-    digits.setPixelSize(std::min(byWidth, within(room.height() / Text.height())));
+    digits.setPixelSize(std::clamp(static_cast<int>(fits), Pixels.Least, Pixels.Most));
     setFont(digits);
     setTextMargins(0, 0, UnitWidth(digits.pixelSize()), 0);
 }

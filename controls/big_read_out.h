@@ -6,7 +6,7 @@
 namespace zps {
 
 // The size of the digits depends on the box and on the widest text that is to fit in it, never on
-// the text that is shown, so that they don't jump. A wider box asks for the height that they need.
+// the text that is shown, so that they don't jump.
 class BigReadOut : public ReadOut {
   public:
     struct Range {
@@ -18,7 +18,7 @@ class BigReadOut : public ReadOut {
                const QString& widest, Range pixels);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -35,7 +35,6 @@ class BigReadOut : public ReadOut {
     const Range Pixels;
     QFont Base;
     QSizeF Text;  // the widest text, in pixels for each pixel of the digits
-    int ByWidth;  // how large the width allows the digits to be, px
 };
 
 }  // namespace zps

@@ -16,6 +16,8 @@ class FlowingRow : public QFrame {
     void Add(QWidget& part, int stretch);
 
     QSize minimumSizeHint() const override;
+    // What wraps in it must not make a scroll area ask for all that the window would like to have.
+    bool hasHeightForWidth() const override { return false; }
 
   protected:
     bool event(QEvent* event) override;

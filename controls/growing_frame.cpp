@@ -12,6 +12,10 @@ void GrowingFrame::GrowText(QWidget& widget) {
     Texts.emplace_back(&widget, QFontInfo(widget.font()).pixelSize());
 }
 
+QSize GrowingFrame::minimumSizeHint() const {
+    return Factor == 1 ? QFrame::minimumSizeHint() : Least;
+}
+
 void GrowingFrame::resizeEvent(QResizeEvent* event) {
     QFrame::resizeEvent(event);
     constexpr double steps = 8;
@@ -20,6 +24,7 @@ void GrowingFrame::resizeEvent(QResizeEvent* event) {
     const double factor =
         std::floor(std::clamp(std::min(wider, higher), 1.0, Most) * steps) / steps;
     if (factor == Factor) return;
+    if (Factor == 1) Least = QFrame::minimumSizeHint();
     Factor = factor;
     for (const auto& [widget, pixels] : Texts) {
         QFont font = widget->font();

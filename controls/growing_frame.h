@@ -10,7 +10,8 @@
 namespace zps {
 
 // They are as many times larger as it is larger than `usual` in both directions: 1 to `most`, in
-// eighths, so that it settles. It has a layout.
+// eighths, so that it settles. It has a layout. The least room that it needs is that of contents
+// that have not grown: a window that has become large can become small again.
 class GrowingFrame : public QFrame {
   public:
     GrowingFrame(QSize usual, double most) : Usual(usual), Most(most) {}
@@ -20,6 +21,8 @@ class GrowingFrame : public QFrame {
     // Calls `grow` with each new factor.
     void OnGrow(std::function<void(double factor)> grow) { Grow = std::move(grow); }
 
+    QSize minimumSizeHint() const override;
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -27,6 +30,7 @@ class GrowingFrame : public QFrame {
     const QSize Usual;  // px
     const double Most;
     double Factor = 1;
+    QSize Least;                                  // before it has grown, px
     std::vector<std::pair<QWidget*, int>> Texts;  // and their usual pixels
     std::function<void(double)> Grow = [](double) {};
 };

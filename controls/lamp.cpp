@@ -12,7 +12,7 @@ constexpr int Glass = 28;
 }  // namespace
 
 Lamp::Lamp(Colour idle, QWidget* parent) : QWidget(parent), Idle(idle), Shown(idle) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
     Describe();
 }
 
@@ -29,6 +29,10 @@ void Lamp::Describe() {
 
 QSize Lamp::sizeHint() const {
     return QSize(Socket, Socket) * Factor;
+}
+
+QSize Lamp::minimumSizeHint() const {
+    return QSize(Glass, Glass) * 6 / 7;
 }
 
 void Lamp::Enlarge(double factor) {

@@ -20,6 +20,7 @@ class Lamp : public QWidget {
     Colour Lit() const { return Shown; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

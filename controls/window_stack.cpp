@@ -11,6 +11,10 @@
 
 namespace zps {
 
+namespace {
+const QSize AllInSight(900, 470);  // px; with less a window may have to scroll
+}
+
 void StandAbove(QWidget& window, QWidget& owner) {
     window.winId();  // the native windows are made on first use
     owner.winId();
@@ -27,7 +31,9 @@ void FitToScreen(QWidget& window) {
             wanted = view->widget()->sizeHint() + QSize(0, bars);
         }
     }
-    window.resize(wanted.boundedTo(window.screen()->availableSize() * 0.9));
+    const QSize screen = window.screen()->availableSize();
+    const QSize whole = screen - QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    window.resize(wanted.boundedTo((screen * 0.9).expandedTo(AllInSight.boundedTo(whole))));
 }
 
 void Centre(QWidget& window) {

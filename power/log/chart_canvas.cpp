@@ -35,6 +35,8 @@ constexpr std::array<Curve, ChartColumns> Curves{
 };
 
 constexpr double Gap = std::numeric_limits<double>::quiet_NaN();
+const QString TimeTitle = QStringLiteral("시간(초)");
+constexpr int LowPicture = 130;       // px
 constexpr double BelowZero = 0.04;    // of an axis: a curve at zero does not hide in the frame
 constexpr double BeforeStart = 0.02;  // the same for a sample at the start
 
@@ -158,7 +160,9 @@ void ChartCanvas::Drawing::ColourAxis(QCPAxis& axis, const QColor& lines, const 
 // Of one size, whatever is written there: the picture must not move under its axes.
 void ChartCanvas::Drawing::SetMargins(const QFontMetrics& metrics) {
     const int side = metrics.horizontalAdvance(QStringLiteral("0.00000")) + 14;
-    Plot.axisRect()->setMargins({side, metrics.height() / 2 + 2, side, 2 * metrics.height() + 12});
+    const int lines = Plot.xAxis->label().isEmpty() ? 1 : 2;
+    Plot.axisRect()->setMargins(
+        {side, metrics.height() / 2 + 2, side, lines * metrics.height() + 6 * lines});
 }
 
 void ChartCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) {
@@ -331,7 +335,7 @@ ChartCanvas::ChartCanvas(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&Plotting->Plot);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    Plotting->Plot.xAxis->setLabel(QStringLiteral("시간(초)"));
+    Plotting->Plot.xAxis->setLabel(TimeTitle);
     Plot({});
 }
 
@@ -376,6 +380,9 @@ void ChartCanvas::changeEvent(QEvent* event) {
 
 void ChartCanvas::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    // The curves need the room more than the title does.
+    Plotting->Plot.xAxis->setLabel(height() < LowPicture ? QString() : TimeTitle);
+    Plotting->SetMargins(QFontMetrics(Plotting->Plot.xAxis->tickLabelFont()));
     Plotting->LabelTimes();
 }
 

@@ -38,7 +38,7 @@ LogChart::LogChart(QWidget* parent)
       Canvas(new ChartCanvas) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setMinimumSize(280, 160);
+    setMinimumSize(260, 100);
     lblCHARTDIFF->setAlignment(Qt::AlignCenter);
     lblCHARTDIFF->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     QFont figures = font();
@@ -58,6 +58,7 @@ void LogChart::LayOut() {
     framed->addWidget(Canvas);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(2);
     all->addLayout(head);
     all->addLayout(framed, 1);
 }

@@ -22,7 +22,7 @@ constexpr int CellMargin = 5;         // px, left and right of a cell's text
 constexpr int RuleWidth = 2;          // px, above a run
 constexpr int LeastColumnWidth = 91;  // px
 constexpr int SuggestedRows = 12;
-constexpr int MinRows = 5;
+constexpr int MinRows = 4;
 
 QRect TextRect(const QRect& cell) {
     return cell.adjusted(CellMargin, 0, -CellMargin, 0);

@@ -38,6 +38,10 @@ MeasurementLog::MeasurementLog(QWidget* parent)
 
 void MeasurementLog::LayOut() {
     auto* top = new QHBoxLayout;
+    auto* title = MakeLabel({}, QStringLiteral("측정 데이터"));
+    Enlarge(*title, 1);
+    top->addWidget(title);
+    top->addSpacing(12);
     top->addWidget(new QLabel(QStringLiteral("표시 시작 행")));
     top->addWidget(Label6);
     top->addStretch(1);
@@ -45,6 +49,7 @@ void MeasurementLog::LayOut() {
     auto* table = new QWidget;
     auto* column = new QVBoxLayout(table);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
     column->addLayout(top);
     column->addWidget(MSFlexGrid1, 1);
     auto* parts = new FlowingRow(QBoxLayout::TopToBottom);

@@ -12,7 +12,7 @@ namespace zps {
 
 namespace {
 
-constexpr int SmallText = 14;  // px
+constexpr int SmallText = 12;  // px
 constexpr int StepText = 20;
 
 // What is set for the number above.
@@ -21,6 +21,9 @@ QLabel* AddSetValue(QBoxLayout& column, const QString& name, const QString& acce
     SetPixels(*label, SmallText, false);
     SetNumberFace(*label);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // the widest text decides
+    label->setMinimumWidth(
+        label->fontMetrics().horizontalAdvance(QStringLiteral("설정 600.00 V · O.V.P 654.0 V")));
     column.addWidget(label);
     return label;
 }
@@ -28,7 +31,7 @@ QLabel* AddSetValue(QBoxLayout& column, const QString& name, const QString& acce
 ReadOut* AddReadOut(QBoxLayout& column, const QString& name, const QString& text,
                     const QString& accessible, const QString& unit) {
     auto* value = new BigReadOut(name, unit, accessible, QStringLiteral("600.000"),
-                                 {.Least = 44, .Most = 280});
+                                 {.Least = 30, .Most = 280});
     value->ShowValue(text);
     column.addWidget(value, 2);
     return value;
@@ -60,7 +63,7 @@ void AddStepAndPower(QBoxLayout& column, PowerControls& controls) {
     SetNumberFace(*controls.txtSTEP);
     controls.Plate.txtWATT =
         new BigReadOut(QStringLiteral("txtWATT"), QStringLiteral("W"), QStringLiteral("전력 W"),
-                       QStringLiteral("0000.0"), {.Least = 22, .Most = 120});
+                       QStringLiteral("0000.0"), {.Least = 18, .Most = 120});
     row->addWidget(MakeLabel({}, QStringLiteral("STEP")));
     row->addWidget(controls.txtSTEP);
     row->addWidget(controls.Plate.txtWATT, 1);
@@ -72,7 +75,7 @@ void AddStepAndPower(QBoxLayout& column, PowerControls& controls) {
 QWidget* MakeReadOuts(PowerControls& controls) {
     auto* frame = new PlateFrame;
     auto* column = new QVBoxLayout(frame);
-    column->setContentsMargins(10, 6, 8, 6);
+    column->setContentsMargins(8, 5, 6, 4);
     column->setSpacing(1);
     AddStates(*column, controls);
     controls.txtVOLT = AddReadOut(*column, QStringLiteral("txtVOLT"), QStringLiteral("0.00"),

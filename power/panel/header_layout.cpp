@@ -8,6 +8,9 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+#include <array>
+#include <utility>
+
 namespace zps {
 
 namespace {
@@ -28,12 +31,16 @@ QWidget* MakeSupply(PowerControls& controls) {
     controls.lblLINK = MakeLabel(QStringLiteral("lblLINK"), {}, QStringLiteral("포트와 주소"));
     Enlarge(*controls.lblZPS_MODEL, 1.5);
     Enlarge(*controls.lblSPEC_VA, 1.5);
-    row->addWidget(controls.lblZPS_MODEL);
-    row->addSpacing(16);
-    row->addWidget(controls.lblSPEC_VA);
-    row->addSpacing(16);
-    row->addWidget(controls.lblLINK);
-    row->addSpacing(6);
+    // Of the width of the longest texts there are: what is found out moves nothing.
+    const std::array<std::pair<QLabel*, QString>, 3> parts{
+        {{controls.lblZPS_MODEL, QStringLiteral("ZPS-1500")},
+         {controls.lblSPEC_VA, QStringLiteral("600V/200A")},
+         {controls.lblLINK, QStringLiteral("COM4 · 주소 31")}}};
+    for (const auto& [label, longest] : parts) {
+        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest) + 2);
+        row->addWidget(label);
+        row->addSpacing(10);
+    }
     row->addStretch(1);
     return box;
 }
@@ -71,9 +78,9 @@ QLabel* MakeEventLine() {
     line->setWordWrap(true);
     line->setContentsMargins(Inset, Inset / 2, Inset, Inset / 2);
     Enlarge(*line, 1.0);
-    // However long its text is, it moves nothing beside it, and up to two lines nothing below.
-    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    line->setMinimumHeight(lines * QFontMetrics(line->font()).height() + Inset);
+    // However long its text is, it moves nothing beside it and nothing below.
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    line->setFixedHeight(lines * QFontMetrics(line->font()).height() + Inset);
     return line;
 }
 
@@ -114,6 +121,7 @@ void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) 
     const QColor amber(0xFF, 0xE0, 0x8A);
     QLabel& line = *controls.lblNOTICE;
     Say(line, event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text : QString());
+    line.setToolTip(line.text());  // a narrow window may have no room for all of it
     QPalette colours;
     if (event && IsAlarm(event->Kind)) {
         colours.setColor(QPalette::Window, amber);

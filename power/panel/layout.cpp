@@ -10,7 +10,6 @@
 #include "power/panel/step_list_layout.h"
 #include "power/panel/switches_layout.h"
 
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -22,7 +21,10 @@ namespace zps {
 
 namespace {
 
-constexpr int Gap = 6;  // px, between the regions and around them
+// px
+constexpr int Gap = 6;  // between the regions and around them
+constexpr int Inset = 4;
+constexpr int MostDisplay = 1000;  // higher, its numbers and rows would only drift apart
 
 QAction* MakeAction(QMenu& menu, const QString& name, const QString& text) {
     auto* action = menu.addAction(text);
@@ -68,9 +70,12 @@ QWidget* MakeAutoSequence(PowerControls& controls) {
 }
 
 QWidget* MakeSteps(PowerControls& controls) {
-    auto* box = new QGroupBox(QStringLiteral("단계표"));
+    auto* box = new QFrame;
+    box->setFrameShape(QFrame::StyledPanel);
+    box->setAccessibleName(QStringLiteral("단계표"));
     auto* column = new QVBoxLayout(box);
-    column->setContentsMargins(Gap, Gap, Gap, Gap);
+    column->setContentsMargins(Inset, Inset, Inset, Inset);
+    column->setSpacing(Inset);
     MakeStepList(controls);
     column->addWidget(controls.fraSTEPLIST, 1);
     column->addWidget(MakeAutoSequence(controls));
@@ -83,8 +88,8 @@ OutputRegion* MakeOutputRegion(PowerControls& controls) {
     auto* row = new QHBoxLayout(inside);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Gap);
-    row->addWidget(MakeSwitches(controls), 16);
-    row->addWidget(MakeReadOuts(controls), 38);
+    row->addWidget(MakeSwitches(controls), 18);
+    row->addWidget(MakeReadOuts(controls), 36);
     PlateControls& plate = controls.Plate;
     plate.lblAUTORUN =
         MakeLabel(QStringLiteral("lblAUTORUN"), {}, QStringLiteral("자동 운전 진행"));
@@ -100,6 +105,7 @@ QFrame* MakePowerDisplay(PowerControls& controls) {
     frame->setAccessibleName(QStringLiteral("전원 장치 제어"));
     frame->Add(*MakeSteps(controls), 46);
     frame->Add(*MakeOutputRegion(controls), 54);
+    frame->setMaximumHeight(MostDisplay);
     controls.frmPOWERDISPLAY = frame;
     return frame;
 }
@@ -114,12 +120,10 @@ QFrame* MakeData(PowerControls& controls) {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("fraDATA"));
     frame->setAccessibleName(QStringLiteral("측정 데이터"));
-    auto* box = new QGroupBox(QStringLiteral("측정 데이터"));
-    controls.Log = new MeasurementLog(box);
-    for (auto [outer, inner] : {std::pair<QWidget*, QWidget*>{box, controls.Log}, {frame, box}}) {
-        (new QVBoxLayout(outer))->addWidget(inner);
-    }
-    frame->layout()->setContentsMargins(0, 0, 0, 0);
+    controls.Log = new MeasurementLog(frame);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(controls.Log);
     controls.fraDATA = frame;
     return frame;
 }
@@ -141,8 +145,8 @@ PowerControls MakePowerControls(QMainWindow& window) {
     column->setContentsMargins(Gap, Gap / 2, Gap, 0);
     column->setSpacing(Gap);
     column->addWidget(MakeIdentity(controls));
-    column->addWidget(MakePowerDisplay(controls));
-    column->addWidget(MakeData(controls), 1);
+    column->addWidget(MakePowerDisplay(controls), 5);
+    column->addWidget(MakeData(controls), 3);
     column->addWidget(MakeCard(controls), 1);
     // On a small or finely scaled screen the window may be smaller than what stands in it.
     auto* view = new QScrollArea(&window);

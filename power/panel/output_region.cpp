@@ -27,6 +27,8 @@ OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content
     setObjectName(QStringLiteral("fraOUTPUT"));
     SetPixels(*lblRUNNING, StripText, true);
     for (QLabel* label : besides) SetPixels(*label, StripText, false);
+    // What is written there changes, the room that the region needs does not.
+    Strip->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* strip = new QHBoxLayout(Strip);
     strip->setContentsMargins(8, 1, 8, 1);
     strip->setSpacing(16);

@@ -47,7 +47,7 @@ QColor BadgeColour(Kind kind) {
 
 }  // namespace
 
-PlateFrame::PlateFrame() : GrowingFrame({360, 320}, 3) {
+PlateFrame::PlateFrame() : GrowingFrame({300, 245}, 3) {
     setObjectName(QStringLiteral("fraPLATE"));
     QPalette colours = palette();
     for (const auto role : {QPalette::Window, QPalette::Base}) colours.setColor(role, Ground);

@@ -11,7 +11,7 @@ namespace zps {
 
 namespace {
 constexpr int UsualHeight = 28;  // px, as long as the text leaves it at that
-constexpr int LeastHeight = 24;
+constexpr int LeastHeight = 20;
 constexpr int FlashTime = 400;  // ms
 constexpr int MarkSize = 12;    // px
 constexpr int MarkMargin = 7;

@@ -32,7 +32,7 @@ constexpr std::array Items{
 class Swatch : public QWidget {
   public:
     Swatch(const Item& item, QWidget* parent) : QWidget(parent), Shown(item) {
-        setFixedSize(20, 16);
+        setFixedSize(16, 14);
     }
 
   protected:
@@ -59,11 +59,11 @@ QWidget* MakeMeanings(QWidget* parent) {
     auto* page = new QWidget(parent);
     auto* row = new QHBoxLayout(page);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(3);
+    row->setSpacing(2);
     for (const Item& item : Items) {
         row->addWidget(new Swatch(item, page));
         row->addWidget(MakeLabel({}, QString::fromUtf8(item.Text)));
-        row->addSpacing(3);
+        row->addSpacing(1);
     }
     row->addWidget(MakeLabel({}, QStringLiteral("번호를 누르면 송신")));
     row->addStretch(1);

@@ -1,5 +1,6 @@
 #include "power/panel/step_list_layout.h"
 
+#include "controls/growing_frame.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 #include "source/numbers.h"
@@ -40,10 +41,12 @@ QString StepText(int step) {
 
 constexpr int TextMargin = 5;  // px, from the digits to the line beside them
 
+constexpr int HeadingText = 10;  // px, in the smallest table
+
 // Lines of one pixel show between its cells.
-class StepCells : public QWidget {
+class StepCells : public GrowingFrame {
   public:
-    using QWidget::QWidget;
+    StepCells() : GrowingFrame({450, 200}, 3) {}
 
   protected:
     void paintEvent(QPaintEvent* event) override {
@@ -64,7 +67,10 @@ EntryField* MakeField(const Column& column, int row, QWidget* parent) {
     field->setTextMargins(0, 0, TextMargin, 0);
     field->setText(QString::fromUtf8(column.Start));
     field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    field->setMinimumWidth(WidthFor(*field, QString::fromUtf8(column.Widest)));
+    constexpr int ownMargins = 4;
+    field->setMinimumWidth(
+        field->fontMetrics().horizontalAdvance(QString::fromUtf8(column.Widest)) + TextMargin +
+        ownMargins);
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);  // the number decides
     return field;
 }
@@ -72,7 +78,8 @@ EntryField* MakeField(const Column& column, int row, QWidget* parent) {
 void AddHeading(QGridLayout& grid, int place, const QString& text, Qt::Alignment alignment) {
     auto* heading = MakeLabel({}, text);
     heading->setAlignment(alignment | Qt::AlignBottom);
-    heading->setContentsMargins(TextMargin, 3, TextMargin + 3, 2);  // as the fields have it
+    SetPixels(*heading, HeadingText, false);
+    heading->setContentsMargins(2, 3, TextMargin + 2, 2);  // as the fields have it
     heading->setAutoFillBackground(true);
     grid.addWidget(heading, 0, place);
 }
@@ -90,9 +97,9 @@ void MakeRow(PowerControls& controls, QGridLayout& grid, int row) {
     auto* button = new StepButton(QStringLiteral("txPSTEP_%1").arg(row));
     button->setText(StepText(row));
     button->setAccessibleName(QStringLiteral("단계 %1").arg(StepText(row)));
-    button->setMaximumHeight(button->sizeHint().height() * 3 / 2);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     controls.txPSTEP.at(index) = button;
+    grid.setRowStretch(row + 1, 1);
     int place = 0;
     grid.addWidget(button, row + 1, place++);
     for (const auto& column : Columns) {
@@ -115,7 +122,7 @@ StepScrollBar* MakeBar(QWidget* parent) {
 }
 
 QWidget* MakeCells(PowerControls& controls) {
-    auto* cells = new StepCells(controls.fraSTEPLIST);
+    auto* cells = new StepCells;
     auto* grid = new QGridLayout(cells);
     grid->setContentsMargins(1, 1, 1, 1);
     grid->setSpacing(1);
@@ -124,6 +131,9 @@ QWidget* MakeCells(PowerControls& controls) {
     controls.vscAUTOSTEP = MakeBar(cells);
     controls.fraSTEPLIST->SetBar(*controls.vscAUTOSTEP);
     grid->addWidget(controls.vscAUTOSTEP, 1, static_cast<int>(Columns.size()) + 1, RowCount, 1);
+    for (auto* heading : cells->findChildren<QLabel*>()) cells->GrowText(*heading);
+    for (auto* button : cells->findChildren<StepButton*>()) cells->GrowText(*button);
+    for (auto* field : cells->findChildren<EntryField*>()) cells->GrowText(*field);
     return cells;
 }
 

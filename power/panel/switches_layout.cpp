@@ -18,12 +18,14 @@ namespace {
 // px
 constexpr int OutputHeight = 56;
 constexpr int OtherHeight = 34;
+constexpr double Lowest = 0.7;  // of these, in a low window
 
 SwitchButton* MakeSwitch(const Function& function, bool output) {
     const QString key = QKeySequence(function.Key).toString(QKeySequence::NativeText);
     auto* button = new SwitchButton(
         QString::fromUtf8(function.ButtonName), QString::fromUtf8(function.CaptionOff),
         QString::fromUtf8(function.Accessible), key, output ? OutputHeight : OtherHeight);
+    button->setMinimumHeight(static_cast<int>((output ? OutputHeight : OtherHeight) * Lowest));
     GiveKey(*button, function.Key, QString::fromUtf8(function.ToolTip));
     return button;
 }
@@ -52,7 +54,7 @@ QWidget* MakeLine() {
     faint.setColor(QPalette::WindowText,
                    Between(faint.color(QPalette::WindowText), faint.color(QPalette::Window), 0.7));
     line->setPalette(faint);
-    line->setFixedHeight(13);
+    line->setFixedHeight(9);
     return line;
 }
 

@@ -5,6 +5,8 @@
 #include "tests/power/run_panel.h"
 
 #include <QHelpEvent>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace zps::tests {
 namespace {
@@ -68,6 +70,25 @@ TEST_F(RunReplies, EachStatusBitHasItsCaptionAndLampSetAndClear) {
             EXPECT_EQ(Lit(lamp), on ? lit : dark) << text;
         }
     }
+}
+
+TEST_F(RunReplies, WhateverHasHappenedASmallWindowShowsAllAndANarrowOneTheWholeWidth) {
+    const auto& view = *Main().findChild<QScrollArea*>();
+    const auto shows = [&view](QSize window) {
+        view.window()->resize(window);
+        return WaitFor([&] {
+            const bool high = window.width() < 900 || view.verticalScrollBar()->maximum() == 0;
+            return high && view.horizontalScrollBar()->maximum() == 0;
+        });
+    };
+    const auto least = [&view] { return view.widget()->minimumSizeHint(); };
+    EXPECT_TRUE(shows({900, 470}));
+    const QSize before = least();
+    Main().resize(3000, 1800);
+    ASSERT_TRUE(SwitchOn() && Handled(Reading(5, 5)));
+    EXPECT_TRUE(shows({500, 700}));
+    EXPECT_TRUE(shows({900, 470}));
+    EXPECT_EQ(least(), before);
 }
 
 TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
