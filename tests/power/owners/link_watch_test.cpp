@@ -64,6 +64,22 @@ TEST_F(WatchingALink, DoesNotBlameTheSupplyWhereNothingIsAsked) {
               "P2400 P2600 P2800 P3000 P4000 ");
     EXPECT_EQ(In(300ms, false), "P5000 L5000 ");
     EXPECT_EQ(In(1s, true), "A200 ");
+    Quality.Asked();
+    EXPECT_EQ(In(5s, false, false).find('G'), std::string::npos);  // the box may hold the answer
+}
+
+TEST_F(WatchingALink, ALinkThatIsLostIsSoThroughABoxUntilAnAnswerComes) {
+    for (const bool answered : {true, false}) {
+        Switch(true);
+        In(1s, answered);
+        EXPECT_NE(In(4s, false).find("lost"), std::string::npos);
+        EXPECT_NE(In(2s, false, false).find('P'), std::string::npos);
+        const std::string behind = In(4s, false);
+        EXPECT_EQ(behind.find_first_of("wLlb"), std::string::npos) << behind;
+        EXPECT_EQ(In(2s, true), answered ? "A200 back after 10" : "A200 back after 11");
+        Switch(false);
+        In(1s, true);
+    }
 }
 
 TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
