@@ -16,7 +16,8 @@ void LinkQuality::Restart() {
 }
 
 void LinkQuality::OutputWentOn() {
-    FreshAt = LastAsked = Time.Now();
+    Begun = LastAsked = Time.Now();
+    FreshAt.reset();
     UnansweredFrom.reset();
 }
 
@@ -67,7 +68,7 @@ std::optional<LinkQuality::milliseconds> LinkQuality::Median() const {
 
 std::optional<LinkQuality::milliseconds> LinkQuality::ReadingAge() const {
     if (!OutputOn()) return std::nullopt;
-    return Since(FreshAt);
+    return Since(FreshAt.value_or(Begun));
 }
 
 std::optional<LinkQuality::milliseconds> LinkQuality::UnansweredFor() const {

@@ -46,6 +46,8 @@ class LinkQuality {
     // Time since the last good data reply of the present output period, or since the output went on
     // if none has come yet. Empty while the output is off and so nothing is polled.
     std::optional<milliseconds> ReadingAge() const;
+    // Whether a good data reply of the present output period has come.
+    bool HasReading() const { return FreshAt.has_value(); }
     // Time since the last poll or the beginning of the period: nothing is asked while a message box
     // is up, and the age of the reading then says nothing about the supply.
     milliseconds SinceAsked() const { return Since(LastAsked); }
@@ -72,7 +74,8 @@ class LinkQuality {
     std::optional<serial::Clock::time_point> AskedAt;  // until its answer
     serial::Clock::time_point LastAsked;
     std::optional<serial::Clock::time_point> UnansweredFrom;  // the first poll without one
-    serial::Clock::time_point FreshAt;  // the last good reply, or the beginning of the period
+    serial::Clock::time_point Begun;                          // the present output period
+    std::optional<serial::Clock::time_point> FreshAt;         // the last good reply of the period
 };
 
 }  // namespace zps

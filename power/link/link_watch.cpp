@@ -42,7 +42,7 @@ LinkWatch::View LinkWatch::ViewNow() const {
     const auto age = Quality.ReadingAge();
     if (!age) return {};
     const auto shown = *age < Coarse ? RoundedUp(*age) : *age - *age % 1s;
-    const bool answered = Quality.Polled().Answered > 0;
+    const bool answered = Quality.HasReading();
     if (answered && *age < LateFrom) return {Pulse::Answers, shown};
     // While nothing is asked, the answer to the last poll may be there and wait to be handled.
     const bool asks = Quality.SinceAsked() <= LinkQuality::LongestGap;

@@ -70,7 +70,8 @@ void RunDisplay::Refresh() {
                                          .OutputOn = Around.Out.On(),
                                          .Volt = Around.Shown.VoltFrom(),
                                          .Curr = Around.Shown.CurrFrom(),
-                                         .Age = Around.ReadingAge()});
+                                         .Age = Around.Quality.ReadingAge(),
+                                         .Answered = Around.Quality.HasReading()});
     ShowBadge(Controls, badge, badge.Spoken != Badge.Spoken);
     Badge = badge;
     const QString watts = WattText(known ? Around.Shown.Watts() : std::nullopt);

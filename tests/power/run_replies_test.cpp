@@ -96,6 +96,8 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
         EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
         EXPECT_EQ(Sent(), code == 7 ? "A1??R3" : "A1??");
     }
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Text("lblREADING"), "마지막 측정값");  // of the period before
 }
 
 TEST_F(RunReplies, OldReadingsAreMarkedAlsoWhileABoxKeepsTheRepliesBack) {

@@ -59,8 +59,10 @@ TEST_F(QualityOfALink, TheAgeOfAReadingRunsFromTheBeginningOfThePeriodOrItsLastG
     EXPECT_EQ(Quality.ReadingAge(), 700ms);
     Poll(50ms, Reply::None, 0);
     EXPECT_EQ(Quality.ReadingAge(), 750ms);
+    EXPECT_FALSE(Quality.HasReading());  // that of the period before is none
     Poll(30ms);
     EXPECT_EQ(Quality.ReadingAge(), 0ms);
+    EXPECT_TRUE(Quality.HasReading());
     Time.Pass(20s);
     EXPECT_EQ(Quality.ReadingAge(), 20s);
     On = false;
