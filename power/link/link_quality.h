@@ -37,8 +37,10 @@ class LinkQuality {
     void OutputWentOn();
     // A poll is out.
     void Asked();
-    // A receive event that found `length` bytes where a data reply was expected.
-    void Answered(Reply result, std::size_t length);
+    // A receive event that found `length` bytes where a data reply was expected. Returns whether it
+    // brings a reading: one to a poll that went out longer than LatestAnswer ago, as it may be
+    // behind a message box, proves only that the supply answers.
+    bool Answered(Reply result, std::size_t length);
 
     // Empty until the first Restart or the first such fault.
     std::optional<int> Count(Fault fault) const;
@@ -54,6 +56,7 @@ class LinkQuality {
     // How long polls have been going out without a good answer; empty where there is none to wait
     // for. Begins anew behind a pause of the polls.
     std::optional<milliseconds> UnansweredFor() const;
+    static constexpr milliseconds LatestAnswer{1000};
     // The polls are never further apart than this while they go on.
     static constexpr milliseconds LongestGap{1500};
 
@@ -61,7 +64,7 @@ class LinkQuality {
     static constexpr std::size_t Remembered = 256;
 
     milliseconds Since(serial::Clock::time_point moment) const;
-    void NoteResponse();
+    void NoteFault(std::size_t length);
     std::optional<milliseconds> Median() const;
 
     const Timekeeper& Time;

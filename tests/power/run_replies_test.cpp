@@ -120,6 +120,32 @@ TEST_F(RunReplies, OldReadingsAreMarkedAlsoWhileABoxKeepsTheRepliesBack) {
     EXPECT_TRUE(counter.toolTip().contains("올바른 응답"));
 }
 
+TEST_F(RunReplies, OldValuesBehindABoxAreNoReadingButWhatTheySayOfTheOutputHolds) {
+    auto& log = *Main().findChild<MeasurementLog*>();
+    for (const bool on : {true, false}) {
+        ASSERT_TRUE(SwitchOn());
+        Bytes late = Reading(on ? 4 : 0);
+        late[6] = late[11] = 9;
+        Data.clear();
+        Line().ForgetWritten();
+        ASSERT_TRUE(AreSent(1));
+        Boxes.WhileUp = [&](const Message&) {
+            Line().Arrive(late);
+            QTest::qWait(1100);
+        };
+        Choose("mnuPROGRAM_END");
+        Boxes.WhileUp = nullptr;
+        const int rows = log.RowCount();
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == late; }));
+        EXPECT_EQ(log.RowCount(), rows);
+        EXPECT_EQ(Texts(*this, {"txtVOLT", "txtSTEP", "Output_ONOFF"}),
+                  on ? "12.100 03 ON" : "12.100 09 OFF");
+        EXPECT_TRUE(Text("lblREADING").startsWith(on ? "응답 없음" : "마지막 측정값"));
+        Data = Reading(4);
+        ASSERT_TRUE(!on || (Handled(Data) && Press("cmdOUTPUT")));
+    }
+}
+
 TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {
     auto& log = *Main().findChild<MeasurementLog*>();
     const auto row = [&](int number) {
