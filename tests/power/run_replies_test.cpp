@@ -98,6 +98,10 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
     }
     Click("cmdOUTPUT");
     EXPECT_EQ(Text("lblREADING"), "마지막 측정값");  // of the period before
+    Bytes beyond = Reading(4);
+    beyond[11] = 100;  // no step of the table
+    ASSERT_TRUE(Handled(beyond));
+    EXPECT_EQ(Texts(*this, {"lblSETVOLT", "lblSETCURR"}), "설정 ---- V · O.V.P ---- V 설정 ---- A");
 }
 
 TEST_F(RunReplies, OldReadingsAreMarkedAlsoWhileABoxKeepsTheRepliesBack) {
