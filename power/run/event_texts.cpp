@@ -67,11 +67,16 @@ QString FaultEvent(std::uint8_t faultCode) {
                : QStringLiteral("%1 (코드 %2)").arg(QString::fromUtf8(fault->Text)).arg(faultCode);
 }
 
-QString RequestText(const Bytes& frame) {
+std::optional<char> LetterOf(const Bytes& frame) {
     constexpr std::size_t letterPlace = 4;
+    if (frame.size() <= letterPlace) return std::nullopt;
+    return static_cast<char>(frame[letterPlace]);
+}
+
+QString RequestText(const Bytes& frame) {
     constexpr std::size_t dataPlace = 5;
     if (frame.size() <= dataPlace) return QStringLiteral("제어 명령");
-    const char asked = static_cast<char>(frame[letterPlace]);
+    const char asked = *LetterOf(frame);
     const int data = frame[dataPlace];
     if (asked == letter::Step)
         return QStringLiteral("단계 %1").arg(QString::fromStdString(FormatStep(data)));

@@ -19,6 +19,9 @@ std::optional<Message> FaultMessage(std::uint8_t faultCode);
 // The same for the line of the last event; every code has one.
 QString FaultEvent(std::uint8_t faultCode);
 
+// The letter of a framed command, of the first one in it; none in a control frame.
+std::optional<char> LetterOf(const Bytes& frame);
+
 // What a frame asks for: "전압 설정", "단계 03", "출력 켜기".
 QString RequestText(const Bytes& frame);
 

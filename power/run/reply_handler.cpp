@@ -83,6 +83,9 @@ Message ReplyHandler::EndOfOutput(std::uint8_t code) {
 
 void ReplyHandler::Refused() {
     Around.Out.Refused();
+    const std::optional<char> asked = LetterOf(Parts.Source.TxFrame);
+    if (asked == letter::Sequence) Around.Progress.SequenceRefused();
+    if (asked == letter::Count) Around.Progress.CountRefused();
     Around.Happened.Note(
         EventKind::Refused,
         QStringLiteral("전원 장치가 거부했습니다: %1").arg(RequestText(Parts.Source.TxFrame)));
