@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zps {
 
@@ -85,6 +86,20 @@ QString RequestText(const Bytes& frame) {
     const QString text = QString::fromUtf8(found->Text);
     if (!found->Switches) return text;
     return text + (data == 0 ? QStringLiteral(" 끄기") : QStringLiteral(" 켜기"));
+}
+
+QString RefusalText(int step, StepValues values) {
+    QString what = values.none() ? QStringLiteral("선택") : QStringLiteral("값");
+    for (const auto& [value, asked] : {std::pair{StepValue::Volt, letter::Volt},
+                                       {StepValue::Curr, letter::Curr},
+                                       {StepValue::Time, letter::Time},
+                                       {StepValue::Slope, letter::Slope},
+                                       {StepValue::Ovp, letter::Ovp}}) {
+        if (values == Only(value))
+            what = QString::fromUtf8(std::ranges::find(Requests, asked, &Request::Letter)->Text);
+    }
+    return QStringLiteral("전원 장치가 단계 %1의 %2을 받지 않았습니다.")
+        .arg(QString::fromStdString(FormatStep(step)), what);
 }
 
 }  // namespace zps

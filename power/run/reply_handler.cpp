@@ -86,6 +86,7 @@ void ReplyHandler::Refused() {
     const std::optional<char> asked = LetterOf(Parts.Source.TxFrame);
     if (asked == letter::Sequence) Around.Progress.SequenceRefused();
     if (asked == letter::Count) Around.Progress.CountRefused();
+    if (Around.Held.Awaits()) return;  // tells which value of which step it was
     Around.Happened.Note(
         EventKind::Refused,
         QStringLiteral("전원 장치가 거부했습니다: %1").arg(RequestText(Parts.Source.TxFrame)));

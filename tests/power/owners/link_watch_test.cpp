@@ -94,6 +94,9 @@ TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
               "14:31:05 SET OVER VOLTAGE!!! (코드 5)");
     last.Note(EventKind::Refused, RequestText({1, 2, 4, 27, 'A', 0, 0, 3, 0}));
     EXPECT_EQ(last.Get()->Text + RequestText({1, 17, 18}), "출력 끄기제어 명령");
+    EXPECT_TRUE(RefusalText(3, Only(StepValue::Ovp)).contains("단계 03의 O.V.P 설정을"));
+    EXPECT_TRUE(RefusalText(3, AllValues()).contains("단계 03의 값을"));
+    EXPECT_TRUE(RefusalText(3, {}).contains("단계 03의 선택을"));
     last.Forget();
     EXPECT_TRUE(!last.Get() && told == 3);
 }
