@@ -113,8 +113,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
                     Log, around.Loop, Time}),
       Sequence(Parts, Fields, Progress),
-      Display(Controls, TimeAtOnce,
-              {source, Out, Shown, Rows, Progress, [this] { return Quality.ReadingAge(); }}),
+      Display(Controls, TimeAtOnce, {source, Out, Shown, Rows, Progress, Quality}),
       Replies(Parts, {*comPOWER, Held, Out, Happened, Start, Polls, Quality, Functions, Shown, Log,
                       Progress}) {
     source.Rows = &Rows;

@@ -100,7 +100,7 @@ void HeldSteps::Refuse(const Sent& sent) {
     Refusals.at(Index(sent.Step)) |= sent.Values;
     Lose(sent.Step, sent.Values);
     Told();
-    ToldRefusal(sent.Step);
+    ToldRefusal(sent.Step, sent.Values);
 }
 
 void HeldSteps::Mark(int step, bool held) {

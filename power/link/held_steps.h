@@ -57,8 +57,13 @@ class HeldSteps {
 
     // Called whenever a mark or a refusal has changed.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
-    // Called when values of `step` have been refused or not acknowledged.
-    void OnRefusal(std::function<void(int step)> told) { ToldRefusal = std::move(told); }
+    // Called when `values` of `step`, or with none its selection, have been refused or not
+    // acknowledged.
+    void OnRefusal(std::function<void(int step, StepValues values)> told) {
+        ToldRefusal = std::move(told);
+    }
+    // Whether the last frame was one of these and has no answer yet.
+    bool Awaits() const { return Awaited.has_value(); }
 
   private:
     struct Sent {
@@ -88,7 +93,7 @@ class HeldSteps {
     std::array<StepValues, StepCount> Changes{};
     std::bitset<StepCount> MaybeAt = std::bitset<StepCount>().set();  // the supply's selected step
     std::function<void()> Told = [] {};
-    std::function<void(int)> ToldRefusal = [](int) {};
+    std::function<void(int, StepValues)> ToldRefusal = [](int, StepValues) {};
 };
 
 }  // namespace zps

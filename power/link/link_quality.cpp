@@ -16,7 +16,8 @@ void LinkQuality::Restart() {
 }
 
 void LinkQuality::OutputWentOn() {
-    FreshAt = LastAsked = Time.Now();
+    Begun = LastAsked = Time.Now();
+    FreshAt.reset();
     UnansweredFrom.reset();
 }
 
@@ -27,23 +28,25 @@ void LinkQuality::Asked() {
     LastAsked = *AskedAt;
 }
 
-void LinkQuality::Answered(Reply result, std::size_t length) {
-    if (result == Reply::Data) {
-        FreshAt = Time.Now();
-        UnansweredFrom.reset();
-        NoteResponse();
-    } else {
-        const Fault fault = length == 0            ? Fault::Nothing
-                            : length == DataLength ? Fault::WrongHeader
-                                                   : Fault::WrongLength;
-        auto& count = Faults.at(static_cast<std::size_t>(fault));
-        count = count.value_or(0) + 1;
+bool LinkQuality::Answered(Reply result, std::size_t length) {
+    const auto asked = std::exchange(AskedAt, std::nullopt);
+    if (result != Reply::Data) {
+        NoteFault(length);
+        return false;
     }
-    AskedAt.reset();
+    UnansweredFrom.reset();
+    if (asked && Since(*asked) > LatestAnswer) return false;
+    FreshAt = Time.Now();
+    if (asked) Responses.at(Taken++ % Remembered) = Since(*asked);
+    return true;
 }
 
-void LinkQuality::NoteResponse() {
-    if (AskedAt) Responses.at(Taken++ % Remembered) = Since(*AskedAt);
+void LinkQuality::NoteFault(std::size_t length) {
+    const Fault fault = length == 0            ? Fault::Nothing
+                        : length == DataLength ? Fault::WrongHeader
+                                               : Fault::WrongLength;
+    auto& count = Faults.at(static_cast<std::size_t>(fault));
+    count = count.value_or(0) + 1;
 }
 
 std::optional<int> LinkQuality::Count(Fault fault) const {
@@ -67,7 +70,7 @@ std::optional<LinkQuality::milliseconds> LinkQuality::Median() const {
 
 std::optional<LinkQuality::milliseconds> LinkQuality::ReadingAge() const {
     if (!OutputOn()) return std::nullopt;
-    return Since(FreshAt);
+    return Since(FreshAt.value_or(Begun));
 }
 
 std::optional<LinkQuality::milliseconds> LinkQuality::UnansweredFor() const {

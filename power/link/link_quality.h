@@ -37,8 +37,10 @@ class LinkQuality {
     void OutputWentOn();
     // A poll is out.
     void Asked();
-    // A receive event that found `length` bytes where a data reply was expected.
-    void Answered(Reply result, std::size_t length);
+    // A receive event that found `length` bytes where a data reply was expected. Returns whether it
+    // brings a reading: one to a poll that went out longer than LatestAnswer ago, as it may be
+    // behind a message box, proves only that the supply answers.
+    bool Answered(Reply result, std::size_t length);
 
     // Empty until the first Restart or the first such fault.
     std::optional<int> Count(Fault fault) const;
@@ -46,12 +48,15 @@ class LinkQuality {
     // Time since the last good data reply of the present output period, or since the output went on
     // if none has come yet. Empty while the output is off and so nothing is polled.
     std::optional<milliseconds> ReadingAge() const;
+    // Whether a good data reply of the present output period has come.
+    bool HasReading() const { return FreshAt.has_value(); }
     // Time since the last poll or the beginning of the period: nothing is asked while a message box
     // is up, and the age of the reading then says nothing about the supply.
     milliseconds SinceAsked() const { return Since(LastAsked); }
     // How long polls have been going out without a good answer; empty where there is none to wait
     // for. Begins anew behind a pause of the polls.
     std::optional<milliseconds> UnansweredFor() const;
+    static constexpr milliseconds LatestAnswer{1000};
     // The polls are never further apart than this while they go on.
     static constexpr milliseconds LongestGap{1500};
 
@@ -59,7 +64,7 @@ class LinkQuality {
     static constexpr std::size_t Remembered = 256;
 
     milliseconds Since(serial::Clock::time_point moment) const;
-    void NoteResponse();
+    void NoteFault(std::size_t length);
     std::optional<milliseconds> Median() const;
 
     const Timekeeper& Time;
@@ -72,7 +77,8 @@ class LinkQuality {
     std::optional<serial::Clock::time_point> AskedAt;  // until its answer
     serial::Clock::time_point LastAsked;
     std::optional<serial::Clock::time_point> UnansweredFrom;  // the first poll without one
-    serial::Clock::time_point FreshAt;  // the last good reply, or the beginning of the period
+    serial::Clock::time_point Begun;                          // the present output period
+    std::optional<serial::Clock::time_point> FreshAt;         // the last good reply of the period
 };
 
 }  // namespace zps

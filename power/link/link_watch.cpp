@@ -32,10 +32,9 @@ void LinkWatch::Look() {
     if (now == Shown) return;
     const View before = std::exchange(Shown, now);
     Told();
-    if (now.State == before.State) return;
-    if (now.State == Pulse::Gone) ToldLost();
-    const bool polled = now.State != Pulse::NotPolled;
-    if (before.State == Pulse::Gone && polled)
+    if (now.State == Pulse::Gone && !std::exchange(Lost, true)) ToldLost();
+    if (now.State == Pulse::NotPolled) Lost = false;
+    if (now.State == Pulse::Answers && std::exchange(Lost, false))
         ToldBack(std::chrono::duration_cast<std::chrono::seconds>(before.Age));
 }
 
@@ -43,10 +42,14 @@ LinkWatch::View LinkWatch::ViewNow() const {
     const auto age = Quality.ReadingAge();
     if (!age) return {};
     const auto shown = *age < Coarse ? RoundedUp(*age) : *age - *age % 1s;
-    if (Quality.UnansweredFor().value_or(0ms) >= GoneFrom) return {Pulse::Gone, shown};
-    if (Quality.Polled().Answered == 0) return {Pulse::Awaited};
-    if (*age < LateFrom) return {Pulse::Answers, shown};
-    return {Quality.SinceAsked() > LinkQuality::LongestGap ? Pulse::Paused : Pulse::Late, shown};
+    const bool answered = Quality.HasReading();
+    if (answered && *age < LateFrom) return {Pulse::Answers, shown};
+    // While nothing is asked, the answer to the last poll may be there and wait to be handled.
+    const bool asks = Quality.SinceAsked() <= LinkQuality::LongestGap;
+    const bool gone = asks && Quality.UnansweredFor().value_or(0ms) >= GoneFrom;
+    if (gone || Lost) return {asks ? Pulse::Gone : Pulse::Paused, shown};
+    if (!answered) return {Pulse::Awaited};
+    return {asks ? Pulse::Late : Pulse::Paused, shown};
 }
 
 }  // namespace zps

@@ -53,6 +53,7 @@ class LinkWatch {
     const LinkQuality& Quality;
     std::unique_ptr<Ticker> tmrLINK;
     View Shown;
+    bool Lost = false;  // told lost, and no answer since; also while the polls pause
     std::function<void()> Told = [] {};
     std::function<void()> ToldLost = [] {};
     std::function<void(std::chrono::seconds)> ToldBack = [](auto) {};

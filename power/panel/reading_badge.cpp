@@ -11,7 +11,7 @@ ReadingBadge Plain(Kind kind, const QString& text) {
 }
 
 ReadingBadge OfReading(const ShownNumbers& shown) {
-    const bool live = shown.OutputOn && shown.Age;
+    const bool live = shown.OutputOn && shown.Age && shown.Answered;
     return live ? Plain(Kind::Measured, QStringLiteral("측정값"))
                 : Plain(Kind::LastMeasured, QStringLiteral("마지막 측정값"));
 }

@@ -21,6 +21,7 @@ struct ShownNumbers {
     // Since the last good data reply of the present output period, or since the output went on.
     // Empty while nothing is polled.
     std::optional<std::chrono::milliseconds> Age;
+    bool Answered = false;  // a good data reply of the present output period has come
 };
 
 // A reading that is older is never shown as one that is measured.

@@ -18,6 +18,20 @@ void AutoProgress::Forget() {
     OutputSwitched(false, false);
 }
 
+void AutoProgress::SequenceRefused() {
+    Sequence.clear();
+    Times.clear();
+    Watched = false;
+    Estimate();
+    Told();
+}
+
+void AutoProgress::CountRefused() {
+    Cycles = 0;
+    Estimate();
+    Told();
+}
+
 void AutoProgress::OutputSwitched(bool on, bool automatic) {
     On = on;
     Running.reset();

@@ -25,6 +25,9 @@ class AutoProgress {
     // is the supply's affair.
     void SequenceSent(std::vector<int> steps) { Sequence = std::move(steps); }
     void CountSent(int cycles) { Cycles = cycles; }
+    // It has refused them: what it has now, nobody knows.
+    void SequenceRefused();
+    void CountRefused();
     // Another supply, or one that has been reset.
     void Forget();
 

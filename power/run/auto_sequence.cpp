@@ -156,7 +156,7 @@ void AutoSequence::txtPAUTOCOUNT_LostFocus() {
     const std::int32_t cycles = RoundHalfEven(std::round(count));
     builder.Command(letter::Count).AppendWord(cycles);
     Parts.Sender.Send(builder.Finish(), ExpectAck);
-    Progress.CountSent(cycles);
+    if (Parts.Source.PowerAddr == CountAddress) Progress.CountSent(cycles);
 }
 
 }  // namespace zps

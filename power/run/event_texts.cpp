@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zps {
 
@@ -67,11 +68,16 @@ QString FaultEvent(std::uint8_t faultCode) {
                : QStringLiteral("%1 (코드 %2)").arg(QString::fromUtf8(fault->Text)).arg(faultCode);
 }
 
-QString RequestText(const Bytes& frame) {
+std::optional<char> LetterOf(const Bytes& frame) {
     constexpr std::size_t letterPlace = 4;
+    if (frame.size() <= letterPlace) return std::nullopt;
+    return static_cast<char>(frame[letterPlace]);
+}
+
+QString RequestText(const Bytes& frame) {
     constexpr std::size_t dataPlace = 5;
     if (frame.size() <= dataPlace) return QStringLiteral("제어 명령");
-    const char asked = static_cast<char>(frame[letterPlace]);
+    const char asked = *LetterOf(frame);
     const int data = frame[dataPlace];
     if (asked == letter::Step)
         return QStringLiteral("단계 %1 송신").arg(QString::fromStdString(FormatStep(data)));
@@ -80,6 +86,20 @@ QString RequestText(const Bytes& frame) {
     const QString text = QString::fromUtf8(found->Text);
     if (!found->Switches) return text;
     return text + (data == 0 ? QStringLiteral(" 끄기") : QStringLiteral(" 켜기"));
+}
+
+QString RefusalText(int step, StepValues values) {
+    QString what = values.none() ? QStringLiteral("선택") : QStringLiteral("값");
+    for (const auto& [value, asked] : {std::pair{StepValue::Volt, letter::Volt},
+                                       {StepValue::Curr, letter::Curr},
+                                       {StepValue::Time, letter::Time},
+                                       {StepValue::Slope, letter::Slope},
+                                       {StepValue::Ovp, letter::Ovp}}) {
+        if (values == Only(value))
+            what = QString::fromUtf8(std::ranges::find(Requests, asked, &Request::Letter)->Text);
+    }
+    return QStringLiteral("전원 장치가 단계 %1의 %2을 받지 않았습니다.")
+        .arg(QString::fromStdString(FormatStep(step)), what);
 }
 
 }  // namespace zps

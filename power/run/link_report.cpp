@@ -2,7 +2,7 @@
 
 #include "power/panel/header_layout.h"
 #include "power/panel/link_layout.h"
-#include "source/numbers.h"
+#include "power/run/event_texts.h"
 
 namespace zps {
 
@@ -11,7 +11,9 @@ LinkReport::LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality,
     : Parts(parts), Quality(quality), Happened(happened), Link(quality, time) {
     DescribeCounters(Parts.Controls, Quality);
     Happened.OnChange([this] { ShowEvent(Parts.Controls, Happened.Get()); });
-    held.OnRefusal([this](int step) { NoteRefusal(step); });
+    held.OnRefusal([this](int step, StepValues values) {
+        Happened.Note(EventKind::Refused, RefusalText(step, values));
+    });
     Link.OnChange([this] { Parts.Controls.lblPOLL->Show(Link.Seen()); });
     Link.OnLost([this] {
         Happened.Note(EventKind::LinkLost, QStringLiteral("전원 장치의 응답이 끊겼습니다."));
@@ -32,11 +34,6 @@ void LinkReport::ShowConnection(const std::string& device) {
     label.setText(
         QStringLiteral("COM%1 · 주소 %2").arg(Parts.Source.CommPort).arg(Parts.Source.PowerAddr));
     label.setToolTip(QString::fromStdString(device));
-}
-
-void LinkReport::NoteRefusal(int step) {
-    Happened.Note(EventKind::Refused, QStringLiteral("전원 장치가 단계 %1의 값을 받지 않았습니다.")
-                                          .arg(QString::fromStdString(FormatStep(step))));
 }
 
 void LinkReport::NoteBack(std::chrono::seconds away) {

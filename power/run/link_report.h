@@ -21,7 +21,6 @@ class LinkReport {
     void ShowConnection(const std::string& device);
 
   private:
-    void NoteRefusal(int step);
     void NoteBack(std::chrono::seconds away);
 
     PowerParts& Parts;

@@ -35,25 +35,26 @@ void ReplyHandler::comPOWER_OnComm() {
     Parts.Source.RxResult = result;
     if (result == Reply::Nak) Refused();
     Around.Held.Answered(result);
-    if (wantsData) {
-        Around.Quality.Answered(result, reply.size());
-        ShowCounts(Parts.Controls, Around.Quality);
-    }
     std::optional<Message> message;
-    if (result == Reply::Data) message = DecodeDataReply(reply);
+    if (wantsData) {
+        const bool present = Around.Quality.Answered(result, reply.size());
+        ShowCounts(Parts.Controls, Around.Quality);
+        if (result == Reply::Data) message = DecodeDataReply(reply, present);
+    }
     Parts.Controls.StatusBar_RXDATA->ShowBytes(reply);
     RearmTimers();
     if (message) Parts.Boxes.Show(&Parts.Window, *message);
     if (FaultResetPending) FaultReset();
 }
 
-std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
+std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply, bool present) {
     const ReadBack values = ReadDataReply(std::span(reply).first<DataLength>());
     const auto is = [&](std::uint8_t bit) { return (values.Status & bit) != 0; };
     std::optional<Message> message;
     if (is(status::Fault)) message = Fault(values.Code);
     Around.Functions.Reported(values.Status, Around.Out.On());
     if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
+    if (Around.Out.On() && !present) return message;  // the next poll asks for new values
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
     Around.Progress.Reported(values.Step);
     if (Around.Out.On() && Parts.Source.RatingsKnown()) TakeReadBack(values);
@@ -82,6 +83,10 @@ Message ReplyHandler::EndOfOutput(std::uint8_t code) {
 
 void ReplyHandler::Refused() {
     Around.Out.Refused();
+    const std::optional<char> asked = LetterOf(Parts.Source.TxFrame);
+    if (asked == letter::Sequence) Around.Progress.SequenceRefused();
+    if (asked == letter::Count) Around.Progress.CountRefused();
+    if (Around.Held.Awaits()) return;  // tells which value of which step it was
     Around.Happened.Note(
         EventKind::Refused,
         QStringLiteral("전원 장치가 거부했습니다: %1").arg(RequestText(Parts.Source.TxFrame)));

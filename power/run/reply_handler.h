@@ -39,9 +39,9 @@ class ReplyHandler {
     void comPOWER_OnComm();
 
   private:
-    // Shows a good data reply. Returns the message that the operator must see, if any; all state is
-    // settled by then.
-    std::optional<Message> DecodeDataReply(const Bytes& reply);
+    // Shows a good data reply; only one that is `present` tells what the output gives. Returns the
+    // message that the operator must see, if any; all state is settled by then.
+    std::optional<Message> DecodeDataReply(const Bytes& reply, bool present);
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
     void Refused();

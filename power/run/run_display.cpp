@@ -6,7 +6,6 @@
 
 #include <QDateTime>
 
-#include <algorithm>
 #include <utility>
 
 namespace zps {
@@ -70,7 +69,8 @@ void RunDisplay::Refresh() {
                                          .OutputOn = Around.Out.On(),
                                          .Volt = Around.Shown.VoltFrom(),
                                          .Curr = Around.Shown.CurrFrom(),
-                                         .Age = Around.ReadingAge()});
+                                         .Age = Around.Quality.ReadingAge(),
+                                         .Answered = Around.Quality.HasReading()});
     ShowBadge(Controls, badge, badge.Spoken != Badge.Spoken);
     Badge = badge;
     const QString watts = WattText(known ? Around.Shown.Watts() : std::nullopt);
@@ -83,16 +83,14 @@ void RunDisplay::Refresh() {
 // Those of the step that the supply is at, which an automatic run changes.
 void RunDisplay::ShowSetValues() {
     const SOURCE& source = Around.Source;
-    const int step =
-        std::min(Around.Progress.RunningStep().value_or(Around.Rows.CurStep()), StepCount - 1);
-    const auto shown = [&](const std::string& text) {
-        return source.RatingsKnown() ? QString::fromStdString(text) : QStringLiteral("----");
+    const int step = Around.Progress.RunningStep().value_or(Around.Rows.CurStep());
+    const bool known = source.RatingsKnown() && step < StepCount;
+    const auto shown = [&](StepValue value) {
+        return known ? QString::fromStdString(source.Text(value, step)) : QStringLiteral("----");
     };
-    ShowText(*Controls.Plate.lblSETVOLT,
-             QStringLiteral("설정 %1 V · O.V.P %2 V")
-                 .arg(shown(source.StepVolt(step)), shown(source.StepOvp(step))));
-    ShowText(*Controls.Plate.lblSETCURR,
-             QStringLiteral("설정 %1 A").arg(shown(source.StepCurr(step))));
+    ShowText(*Controls.Plate.lblSETVOLT, QStringLiteral("설정 %1 V · O.V.P %2 V")
+                                             .arg(shown(StepValue::Volt), shown(StepValue::Ovp)));
+    ShowText(*Controls.Plate.lblSETCURR, QStringLiteral("설정 %1 A").arg(shown(StepValue::Curr)));
 }
 
 // What nobody can know is left out.

@@ -2,6 +2,7 @@
 // on, what is set for them, and how far an automatic run has come.
 #pragma once
 
+#include "power/link/link_quality.h"
 #include "power/panel/read_outs.h"
 #include "power/panel/reading_badge.h"
 #include "power/run/auto_progress.h"
@@ -10,8 +11,6 @@
 #include "power/steps/step_list.h"
 #include "source/timekeeper.h"
 
-#include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -26,7 +25,7 @@ class RunDisplay {
         const ReadOuts& Shown;
         const StepList& Rows;
         const AutoProgress& Progress;
-        std::function<std::optional<std::chrono::milliseconds>()> ReadingAge;
+        const LinkQuality& Quality;
     };
     // `time` ticks also while a message box is up: an old number is marked then too.
     RunDisplay(PowerControls& controls, Timekeeper& time, Surround around);

@@ -117,6 +117,12 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
         EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
         EXPECT_EQ(Sent(), code == 7 ? "A1??R3" : "A1??");
     }
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Text("lblREADING"), "마지막 측정값");  // of the period before
+    Bytes beyond = Reading(4);
+    beyond[11] = 100;  // no step of the table
+    ASSERT_TRUE(Handled(beyond));
+    EXPECT_EQ(Texts(*this, {"lblSETVOLT", "lblSETCURR"}), "설정 ---- V · O.V.P ---- V 설정 ---- A");
 }
 
 TEST_F(RunReplies, OldReadingsAreMarkedAlsoWhileABoxKeepsTheRepliesBack) {
@@ -137,6 +143,32 @@ TEST_F(RunReplies, OldReadingsAreMarkedAlsoWhileABoxKeepsTheRepliesBack) {
     QHelpEvent hover(QEvent::ToolTip, {}, {});
     QApplication::sendEvent(&counter, &hover);
     EXPECT_TRUE(counter.toolTip().contains("올바른 응답"));
+}
+
+TEST_F(RunReplies, OldValuesBehindABoxAreNoReadingButWhatTheySayOfTheOutputHolds) {
+    auto& log = *Main().findChild<MeasurementLog*>();
+    for (const bool on : {true, false}) {
+        ASSERT_TRUE(SwitchOn());
+        Bytes late = Reading(on ? 4 : 0);
+        late[6] = late[11] = 9;
+        Data.clear();
+        Line().ForgetWritten();
+        ASSERT_TRUE(AreSent(1));
+        Boxes.WhileUp = [&](const Message&) {
+            Line().Arrive(late);
+            QTest::qWait(1100);
+        };
+        Choose("mnuPROGRAM_END");
+        Boxes.WhileUp = nullptr;
+        const int rows = log.RowCount();
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == late; }));
+        EXPECT_EQ(log.RowCount(), rows);
+        EXPECT_EQ(Texts(*this, {"txtVOLT", "txtSTEP", "Output_ONOFF"}),
+                  on ? "12.100 03 ON" : "12.100 09 OFF");
+        EXPECT_TRUE(Text("lblREADING").startsWith(on ? "응답 없음" : "마지막 측정값"));
+        Data = Reading(4);
+        ASSERT_TRUE(!on || (Handled(Data) && Press("cmdOUTPUT")));
+    }
 }
 
 TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {

@@ -181,6 +181,7 @@ TEST_F(RunSwitches, AValueThatTheSupplyRefusedIsMarkedUntilItIsSentAgain) {
     Enter("txPVOLT_0", "5");
     ASSERT_TRUE(Settle());
     EXPECT_TRUE(field.Refused() && !Get<EntryField>("txPCURR_0").Refused());
+    EXPECT_TRUE(Text("lblNOTICE").contains("단계 00의 전압 설정을"));
     Click("txPSTEP_0");
     EXPECT_EQ(Sent(), "V1");
     ASSERT_TRUE(SwitchOn());

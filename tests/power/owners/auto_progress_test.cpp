@@ -88,6 +88,15 @@ TEST_F(RunOfTheOutput, ClaimsNothingThatNobodyCanKnow) {
     Source.StoreStep(StepValue::Time, 1, FormatSeconds(50000));
     Start({0, 1}, 50000);
     EXPECT_EQ(After(1s, 0), "0 1/50000");  // in some eighty years
+    Start({0, 1}, 2);
+    EXPECT_EQ(After(1s, 0), "0 1/2 100020");
+    Progress.CountRefused();
+    EXPECT_EQ(State(), "0 1/-1");
+    Progress.SequenceRefused();
+    EXPECT_EQ(After(1s, 1), "1");
+    Progress.OutputSwitched(true, true);
+    EXPECT_EQ(After(1s, 0), "0");
+    Start({0, 1}, 2);
     Progress.Forget();
     Progress.OutputSwitched(true, true);
     EXPECT_EQ(After(1s, 0), "0");

@@ -59,10 +59,21 @@ TEST_F(QualityOfALink, TheAgeOfAReadingRunsFromTheBeginningOfThePeriodOrItsLastG
     EXPECT_EQ(Quality.ReadingAge(), 700ms);
     Poll(50ms, Reply::None, 0);
     EXPECT_EQ(Quality.ReadingAge(), 750ms);
+    EXPECT_FALSE(Quality.HasReading());  // that of the period before is none
     Poll(30ms);
     EXPECT_EQ(Quality.ReadingAge(), 0ms);
+    EXPECT_TRUE(Quality.HasReading());
     Time.Pass(20s);
     EXPECT_EQ(Quality.ReadingAge(), 20s);
+    for (const auto response : {1000ms, 1001ms}) {  // as behind a message box
+        Quality.Asked();
+        Time.Pass(response);
+        EXPECT_EQ(Quality.Answered(Reply::Data, DataLength), response == 1s);
+        EXPECT_EQ(Quality.ReadingAge(), response == 1s ? 0ms : response);
+        EXPECT_FALSE(Quality.UnansweredFor());
+        EXPECT_EQ(Quality.Polled().Last, 1s);
+    }
+    EXPECT_EQ(Quality.Polled().Answered, 3);
     On = false;
     EXPECT_FALSE(Quality.ReadingAge());
 }

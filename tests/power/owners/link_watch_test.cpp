@@ -64,6 +64,22 @@ TEST_F(WatchingALink, DoesNotBlameTheSupplyWhereNothingIsAsked) {
               "P2400 P2600 P2800 P3000 P4000 ");
     EXPECT_EQ(In(300ms, false), "P5000 L5000 ");
     EXPECT_EQ(In(1s, true), "A200 ");
+    Quality.Asked();
+    EXPECT_EQ(In(5s, false, false).find('G'), std::string::npos);  // the box may hold the answer
+}
+
+TEST_F(WatchingALink, ALinkThatIsLostIsSoThroughABoxUntilAnAnswerComes) {
+    for (const bool answered : {true, false}) {
+        Switch(true);
+        In(1s, answered);
+        EXPECT_NE(In(4s, false).find("lost"), std::string::npos);
+        EXPECT_NE(In(2s, false, false).find('P'), std::string::npos);
+        const std::string behind = In(4s, false);
+        EXPECT_EQ(behind.find_first_of("wLlb"), std::string::npos) << behind;
+        EXPECT_EQ(In(2s, true), answered ? "A200 back after 10" : "A200 back after 11");
+        Switch(false);
+        In(1s, true);
+    }
 }
 
 TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
@@ -78,6 +94,9 @@ TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
               "14:31:05 SET OVER VOLTAGE!!! (코드 5)");
     last.Note(EventKind::Refused, RequestText({1, 2, 4, 27, 'A', 0, 0, 3, 0}));
     EXPECT_EQ(last.Get()->Text + RequestText({1, 17, 18}), "출력 끄기제어 명령");
+    EXPECT_TRUE(RefusalText(3, Only(StepValue::Ovp)).contains("단계 03의 O.V.P 설정을"));
+    EXPECT_TRUE(RefusalText(3, AllValues()).contains("단계 03의 값을"));
+    EXPECT_TRUE(RefusalText(3, {}).contains("단계 03의 선택을"));
     last.Forget();
     EXPECT_TRUE(!last.Get() && told == 3);
 }

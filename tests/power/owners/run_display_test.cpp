@@ -19,20 +19,23 @@ TEST(TheBadge, NeverCallsANumberMeasuredThatIsNot) {
     };
     const std::optional<std::chrono::milliseconds> none;
     for (const Case& one : {
-             Case{{true, false, StepTable, StepTable, none}, "설정값"},
-             Case{{true, true, StepTable, StepTable, 0ms}, "설정값"},
-             Case{{true, true, Reading, Reading, 0ms}, "측정값"},
-             Case{{true, true, Reading, Reading, 999ms}, "측정값"},
-             Case{{true, true, Reading, Reading, 1000ms}, "응답 없음 1초", "응답 없음"},
-             Case{{true, true, Reading, Reading, 61999ms}, "응답 없음 61초", "응답 없음"},
-             Case{{true, true, StepTable, StepTable, 2s}, "응답 없음 2초", "응답 없음"},
-             Case{{true, true, Reading, Reading, none}, "마지막 측정값"},
-             Case{{true, false, Reading, Reading, none}, "마지막 측정값"},
-             Case{{true, false, Reading, Reading, 0ms}, "마지막 측정값"},
-             Case{{true, false, StepTable, Reading, none}, "전압 설정값 · 전류 마지막 측정값"},
-             Case{{true, true, Reading, StepTable, 10ms}, "전압 측정값 · 전류 설정값"},
-             Case{{false, true, Reading, Reading, 5s}, "정격 모름"},
-             Case{{false, false, StepTable, StepTable, none}, "정격 모름"},
+             Case{{true, false, StepTable, StepTable, none, true}, "설정값"},
+             Case{{true, true, StepTable, StepTable, 0ms, true}, "설정값"},
+             Case{{true, true, Reading, Reading, 0ms, true}, "측정값"},
+             Case{{true, true, Reading, Reading, 999ms, true}, "측정값"},
+             Case{{true, true, Reading, Reading, 1000ms, true}, "응답 없음 1초", "응답 없음"},
+             Case{{true, true, Reading, Reading, 61999ms, true}, "응답 없음 61초", "응답 없음"},
+             Case{{true, true, StepTable, StepTable, 2s, true}, "응답 없음 2초", "응답 없음"},
+             Case{{true, true, Reading, Reading, none, true}, "마지막 측정값"},
+             Case{{true, false, Reading, Reading, none, true}, "마지막 측정값"},
+             Case{{true, false, Reading, Reading, 0ms, true}, "마지막 측정값"},
+             Case{{true, false, StepTable, Reading, none, true},
+                  "전압 설정값 · 전류 마지막 측정값"},
+             Case{{true, true, Reading, StepTable, 10ms, true}, "전압 측정값 · 전류 설정값"},
+             Case{{false, true, Reading, Reading, 5s, true}, "정격 모름"},
+             Case{{false, false, StepTable, StepTable, none, true}, "정격 모름"},
+             Case{{true, true, Reading, Reading, 0ms, false}, "마지막 측정값"},
+             Case{{true, true, Reading, Reading, 1s, false}, "응답 없음 1초", "응답 없음"},
          }) {
         const ReadingBadge badge = BadgeFor(one.Numbers);
         EXPECT_EQ(badge.Text.toStdString(), one.Text);
