@@ -37,6 +37,7 @@ struct POWER::Inside {
     void ShowOutput();
     void ShowScrolled();
     bool SendTopStep();
+    void AskStatus();
     // Nothing is sent by itself any more.
     void EndExchanges();
 
@@ -105,10 +106,10 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
       Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
       Start(
-          Time, [this] { return SendTopStep(); }, [this] { Polls.Poll(); }),
+          Time, [this] { return SendTopStep(); }, [this] { AskStatus(); }),
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
-      Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
+      Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
                     Log, around.Loop, Time}),
@@ -121,6 +122,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
     Out.OnChange([this] { ShowOutput(); });
+    Out.OnReport([this] { ShowOutputState(Controls, Out.Known()); });
     Shown.OnShown([this] { Display.NumbersShown(); });
     Lock.OnChange([this] { Refresh(); });
     Rows.OnSelect([this] { Refresh(); });
@@ -157,7 +159,7 @@ void POWER::Inside::Refresh() {
 }
 
 void POWER::Inside::ShowOutput() {
-    ShowAsked(Controls, OutputFunction(), Out.On());
+    ShowOutputState(Controls, Out.Known());
     OvpUnderLoad = false;
     Polls.Stop();
     Report.OutputSwitched(Out.On());
@@ -178,6 +180,11 @@ bool POWER::Inside::SendTopStep() {
     if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
     Upload.SendTopStep();
     return true;
+}
+
+void POWER::Inside::AskStatus() {
+    Out.Asked();
+    Polls.Poll();
 }
 
 void POWER::Inside::EndExchanges() {

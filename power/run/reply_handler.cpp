@@ -54,6 +54,7 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply) {
     if (is(status::Fault)) message = Fault(values.Code);
     Around.Functions.Reported(values.Status, Around.Out.On());
     if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
+    if (!is(status::Fault)) HeedOutput(is(status::Output));
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
     Around.Progress.Reported(values.Step);
     if (Around.Out.On() && Parts.Source.RatingsKnown()) TakeReadBack(values);
@@ -65,6 +66,16 @@ std::optional<Message> ReplyHandler::Fault(std::uint8_t code) {
     Around.Happened.Note(EventKind::Trip, FaultEvent(code));
     FaultResetPending = code == OutputCurrentFault;
     return FaultMessage(code);
+}
+
+void ReplyHandler::HeedOutput(bool reportedOn) {
+    const OutputState before = Around.Out.Known();
+    Around.Out.Reported(reportedOn);
+    const OutputState now = Around.Out.Known();
+    if (now == before || now != OutputState::ReportedOn) return;
+    Around.Happened.Note(
+        EventKind::NotDone,
+        QStringLiteral("전원 장치는 출력이 켜져 있다고 알립니다. 본체에서 확인하십시오."));
 }
 
 Message ReplyHandler::EndOfOutput(std::uint8_t code) {

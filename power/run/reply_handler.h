@@ -42,6 +42,8 @@ class ReplyHandler {
     // Shows a good data reply. Returns the message that the operator must see, if any; all state is
     // settled by then.
     std::optional<Message> DecodeDataReply(const Bytes& reply);
+    // What the supply reports of an output that the panel has not switched on.
+    void HeedOutput(bool reportedOn);
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
     void Refused();

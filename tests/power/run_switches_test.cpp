@@ -151,6 +151,30 @@ TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
     }
 }
 
+TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
+    const auto shown = [&] { return Text("lblRUNNING") + Get<QLabel>("Output_ONOFF").toolTip(); };
+    ASSERT_TRUE(Press("cmdPREMOTE") && AreSent(3) && SwitchOn() && Press("cmdPREMOTE"));
+    EXPECT_EQ(shown(), "출력 상태 모름 (본체 제어)");
+    EXPECT_TRUE(Text("lblNOTICE").contains("본체 제어로 바꿨습니다"));
+    Click("cmdPREMOTE");
+    Data = Reading(4 + 192);
+    ASSERT_TRUE(WaitFor([&] { return Text("lblNOTICE").contains("켜져 있다고 알립니다"); }));
+    EXPECT_EQ(shown(), "출력 켜짐 (전원 장치가 알림)전원 장치는 ON 상태라고 알립니다");
+    EXPECT_EQ(Lit("OutputLED"), DarkRed);
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_EQ(shown(), "출력 중");
+    // A reply that was under way when the output was switched off tells nothing.
+    ASSERT_TRUE(Press("cmdOUTPUT"));
+    Source().ReplyFlag = ExpectData;
+    Line().Arrive(Data);
+    ASSERT_TRUE(Settle());
+    EXPECT_EQ(shown(), "출력 꺼짐");
+    EXPECT_EQ(Lit("OutputLED"), PaleOrange);
+    ASSERT_TRUE(Press("cmdPREMOTE"));  // with the output off nothing is in doubt
+    EXPECT_EQ(shown() + Text("lblNOTICE"), "출력 꺼짐");
+}
+
 TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
     ASSERT_TRUE(SwitchOn() && Handled(Reading(4 + 192)));
     Sent();
