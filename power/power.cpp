@@ -112,12 +112,12 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
-                    Log, around.Loop, Time}),
+                    *comPOWER, Log, around.Loop, Time}),
       Sequence(Parts, Fields, Progress),
       Display(Controls, TimeAtOnce,
               {source, Out, Shown, Rows, Progress, [this] { return Quality.ReadingAge(); }}),
-      Replies(Parts, {*comPOWER, Held, Out, Happened, Start, Polls, Quality, Functions, Shown, Log,
-                      Progress}) {
+      Replies(Parts, {*comPOWER, Held, OutputButton, Out, Happened, Start, Polls, Quality,
+                      Functions, Shown, Log, Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });

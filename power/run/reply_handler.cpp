@@ -35,6 +35,7 @@ void ReplyHandler::comPOWER_OnComm() {
     Parts.Source.RxResult = result;
     if (result == Reply::Nak) Refused();
     Around.Held.Answered(result);
+    Around.OutputButton.Answered(result);
     if (wantsData) {
         Around.Quality.Answered(result, reply.size());
         ShowCounts(Parts.Controls, Around.Quality);

@@ -10,6 +10,7 @@
 #include "power/run/auto_progress.h"
 #include "power/run/function_switches.h"
 #include "power/run/output.h"
+#include "power/run/output_switch.h"
 #include "power/run/step_start.h"
 #include "serial/port.h"
 
@@ -23,6 +24,7 @@ class ReplyHandler {
     struct Surround {
         serial::Port& Port;
         HeldSteps& Held;
+        OutputSwitch& OutputButton;
         Output& Out;
         LastEvent& Happened;
         StepStart& Start;
