@@ -88,8 +88,11 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     }
     Parts.Sender.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
+    if (!Around.Port.PortOpen()) {  // what is told of the last run stays
+        throw serial::PortError(Around.Port.CommPort(),
+                                std::make_error_code(std::errc::bad_file_descriptor));
+    }
     Around.Out.WentOn();
-    Say(*Parts.Controls.Output_ONOFF);
     if (Around.Held.Refused(step).any()) {
         Around.Happened.Note(
             EventKind::NotDone,
@@ -103,6 +106,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
         Around.Out.WentOff();  // nothing has gone out
         throw;
     }
+    Say(*Parts.Controls.Output_ONOFF);
     Around.Polls.Start();
 }
 

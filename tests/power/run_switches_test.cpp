@@ -199,6 +199,20 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     EXPECT_EQ(shown() + Text("lblNOTICE"), "출력 꺼짐");
 }
 
+TEST_F(RunSwitches, AClosedPortIsReportedBeforeAnythingIsShownAsSwitchedOn) {
+    ASSERT_TRUE(SwitchOn() && Handled(Reading(1, 5)));
+    const auto shown = [&] { return Text("lblNOTICE") + Text("lblELAPSED"); };
+    const QString before = shown();
+    EXPECT_TRUE(before.contains("코드 5") && before.contains("지난 운전"));
+    Main().HandOver();
+    Line().Refuse(1, std::errc::permission_denied);
+    ASSERT_TRUE(Main().TakeBack());
+    Boxes.Shown.clear();
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    EXPECT_EQ(shown(), before);
+}
+
 TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {
     ASSERT_TRUE(SwitchOn() && Handled(Reading(4 + 192)));
     Sent();
