@@ -253,6 +253,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
         Self->comPOWER->SetCommPort(Self->Parts.Source.CommPort);
         Self->comPOWER->SetPortOpen(true);
         Self->Parts.Source.PortOpenedOn(Self->comPOWER->Device());
+        if (!Self->PortTrouble.isEmpty()) Self->Controls.fraNOLINK->ExplainUnchecked();
         Self->PortTrouble.clear();
         ConnectionChanged();
     } catch (const serial::PortError& error) {
@@ -274,12 +275,15 @@ void POWER::ReportPort(const serial::PortError& error) {
     Self->Events.Run([&error] { throw error; });
 }
 
-void POWER::ShowPanels(bool identified) {
+void POWER::ShowPanels(bool identified, bool checked) {
     for (QFrame* frame : {Self->Controls.frmPOWERDISPLAY, Self->Controls.fraDATA}) {
         frame->setEnabled(identified);
         frame->setVisible(identified);
     }
-    Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+    if (checked || !Self->PortTrouble.isEmpty())
+        Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+    else
+        Self->Controls.fraNOLINK->ExplainUnchecked();
     Self->Controls.fraNOLINK->setVisible(!identified);
     if (identified)
         Self->Start.Begin();

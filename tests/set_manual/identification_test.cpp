@@ -171,6 +171,13 @@ TEST(Choice, PutsTheResultsBackAndKeepsTheOutcomeOfTheSameSupplyOnly) {
     }
 }
 
+TEST(Choice, EndedByClosingTheWindowIsNotCalledASilentSupply) {
+    ScriptedPanel panel;
+    panel.Run.StartUp();
+    panel.Run.Settings()->close();
+    EXPECT_EQ(panel.Text("lblCAUSE"), "통신 확인을 마치지 않았습니다.");
+}
+
 TEST(Choice, OfAPortThatCantBeOpenedIsReportedOnceAndNothingIsSentToIt) {
     ScriptedPanel panel;
     panel.Line().Refuse(2, std::errc::no_such_device);

@@ -262,6 +262,11 @@ TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedEachTimeAndHidesThePanels) 
     Window->Window->close();
     EXPECT_TRUE(boxes(3) && Panel.Main().isEnabled());
     EXPECT_FALSE(Panel.Get<QFrame>("frmPOWERDISPLAY").isVisible());
+    EXPECT_TRUE(Panel.Text("lblCAUSE").contains("COM1"));
+    Line().Accept(1);
+    Window.emplace(Panel);
+    Window->Window->close();
+    EXPECT_EQ(Panel.Text("lblCAUSE"), "통신 확인을 마치지 않았습니다.");
 }
 
 TEST_F(ScriptedTest, ClosedInsideItsWaitItJudgesNothingMore) {
