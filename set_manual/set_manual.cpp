@@ -102,6 +102,7 @@ void SET_MANUAL::cmbADDR_Click() {
     BeginChoice();
     Chain.SetAddress(static_cast<std::int16_t>(StrictInteger(text, Lowest, HighestAddress)));
     Power.ConnectionChanged();
+    ShowProgress();
     if (comPOWER->PortOpen()) Chain.Restart();
 }
 

@@ -171,6 +171,20 @@ TEST(Choice, PutsTheResultsBackAndKeepsTheOutcomeOfTheSameSupplyOnly) {
     }
 }
 
+TEST(Choice, OfAnAddressOnAClosedPortFadesTheRatingsOfTheOneBefore) {
+    ScriptedPanel panel;
+    ASSERT_TRUE(Identify(panel));
+    panel.Run.Settings()->close();
+    panel.Line().Refuse(1, std::errc::permission_denied);
+    panel.Choose("mnuSET_MANU");
+    const auto strength = [&] { return panel.GetSetting<QLineEdit>("POWERVoltage").palette(); };
+    const QPalette known = strength();
+    for (const int address : {7, 1}) {
+        Pick(panel, "cmbADDR", address - 1);
+        EXPECT_EQ(strength() == known, address == 1);
+    }
+}
+
 TEST(Choice, EndedByClosingTheWindowIsNotCalledASilentSupply) {
     ScriptedPanel panel;
     panel.Run.StartUp();
