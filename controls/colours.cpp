@@ -62,8 +62,8 @@ QColor Between(const QColor& one, const QColor& other, double share) {
 }
 
 QColor DisabledText(const QColor& text, const QColor& background) {
-    for (double share = 0.25; share > 0; share -= 0.05) {
-        const QColor dimmed = Between(text, background, share);
+    for (int percent = 25; percent > 0; percent -= 5) {
+        const QColor dimmed = Between(text, background, percent / 100.0);
         if (Contrast(dimmed, background) >= ReadableContrast) return dimmed;
     }
     return text;

@@ -16,7 +16,7 @@ inline constexpr double FaintCaption = 0.72;
 
 // The colour of `widget`'s text with so much of its strength left on its background.
 inline QColor Faded(const QWidget& widget, double strength) {
-    const QPalette palette = widget.palette();
+    const QPalette& palette = widget.palette();
     return Between(palette.color(QPalette::Window), palette.color(QPalette::Active, QPalette::Text),
                    strength);
 }

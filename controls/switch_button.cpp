@@ -9,6 +9,7 @@
 #include <QStylePainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace zps {
 
@@ -28,8 +29,8 @@ QFont CaptionFont(const QFont& desktop, int height) {
 }  // namespace
 
 SwitchButton::SwitchButton(const QString& name, const QString& caption,
-                           const QString& accessibleName, const QString& key, int height)
-    : Key(key), Height(height), Usual(CaptionFont(font(), height)) {
+                           const QString& accessibleName, QString key, int height)
+    : Key(std::move(key)), Height(height), Usual(CaptionFont(font(), height)) {
     setText(caption);  // only now: it makes what screen readers hear of this
     setObjectName(name);
     setAccessibleName(accessibleName);

@@ -12,7 +12,7 @@ namespace zps {
 class SwitchButton : public QPushButton {
   public:
     SwitchButton(const QString& name, const QString& caption, const QString& accessibleName,
-                 const QString& key, int height);
+                 QString key, int height);
 
     // Tells screen readers whether what it switches is on. A click changes nothing by itself.
     void ShowOn(bool on);

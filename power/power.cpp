@@ -37,6 +37,7 @@ struct POWER::Inside {
     void ShowOutput();
     void ShowScrolled();
     bool SendTopStep();
+    void AskStatus();
     // Nothing is sent by itself any more.
     void EndExchanges();
 
@@ -105,21 +106,22 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
       Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
       Start(
-          Time, [this] { return SendTopStep(); }, [this] { Polls.Poll(); }),
+          Time, [this] { return SendTopStep(); }, [this] { AskStatus(); }),
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
-      Remote(Parts, Ways, Out, Start, Polls, [this] { Refresh(); }),
+      Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
-                    Log, around.Loop, Time}),
+                    *comPOWER, Log, around.Loop, Time}),
       Sequence(Parts, Fields, Progress),
       Display(Controls, TimeAtOnce, {source, Out, Shown, Rows, Progress, Quality}),
-      Replies(Parts, {*comPOWER, Held, Out, Happened, Start, Polls, Quality, Functions, Shown, Log,
-                      Progress}) {
+      Replies(Parts, {*comPOWER, Held, OutputButton, Out, Happened, Start, Polls, Quality,
+                      Functions, Shown, Log, Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
     Out.OnChange([this] { ShowOutput(); });
+    Out.OnReport([this] { ShowOutputState(Controls, Out.Known()); });
     Shown.OnShown([this] { Display.NumbersShown(); });
     Lock.OnChange([this] { Refresh(); });
     Rows.OnSelect([this] { Refresh(); });
@@ -156,7 +158,7 @@ void POWER::Inside::Refresh() {
 }
 
 void POWER::Inside::ShowOutput() {
-    ShowAsked(Controls, OutputFunction(), Out.On());
+    ShowOutputState(Controls, Out.Known());
     OvpUnderLoad = false;
     Polls.Stop();
     Report.OutputSwitched(Out.On());
@@ -177,6 +179,11 @@ bool POWER::Inside::SendTopStep() {
     if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
     Upload.SendTopStep();
     return true;
+}
+
+void POWER::Inside::AskStatus() {
+    Out.Asked();
+    Polls.Poll();
 }
 
 void POWER::Inside::EndExchanges() {
@@ -245,6 +252,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
         Self->comPOWER->SetCommPort(Self->Parts.Source.CommPort);
         Self->comPOWER->SetPortOpen(true);
         Self->Parts.Source.PortOpenedOn(Self->comPOWER->Device());
+        if (!Self->PortTrouble.isEmpty()) Self->Controls.fraNOLINK->ExplainUnchecked();
         Self->PortTrouble.clear();
         ConnectionChanged();
     } catch (const serial::PortError& error) {
@@ -266,12 +274,15 @@ void POWER::ReportPort(const serial::PortError& error) {
     Self->Events.Run([&error] { throw error; });
 }
 
-void POWER::ShowPanels(bool identified) {
+void POWER::ShowPanels(bool identified, bool checked) {
     for (QFrame* frame : {Self->Controls.frmPOWERDISPLAY, Self->Controls.fraDATA}) {
         frame->setEnabled(identified);
         frame->setVisible(identified);
     }
-    Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+    if (checked || !Self->PortTrouble.isEmpty())
+        Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+    else
+        Self->Controls.fraNOLINK->ExplainUnchecked();
     Self->Controls.fraNOLINK->setVisible(!identified);
     if (identified)
         Self->Start.Begin();

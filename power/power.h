@@ -41,7 +41,8 @@ class POWER : public QMainWindow {
     void ReportPort(const serial::PortError& error);
 
     // Shows or hides what can be used only with an identified supply, and starts its top step.
-    void ShowPanels(bool identified);
+    // `checked` tells whether the check of the supply has come to an end.
+    void ShowPanels(bool identified, bool checked = true);
 
     void ShowModel();
     void ShowRatings(const QString& ratings);  // while they are known

@@ -102,6 +102,7 @@ void SET_MANUAL::cmbADDR_Click() {
     BeginChoice();
     Chain.SetAddress(static_cast<std::int16_t>(StrictInteger(text, Lowest, HighestAddress)));
     Power.ConnectionChanged();
+    ShowProgress();
     if (comPOWER->PortOpen()) Chain.Restart();
 }
 
@@ -160,9 +161,14 @@ void SET_MANUAL::ShowOnBoth(const ResultLook& look) {
     for (SignLabel* result : {Controls.lblZPS_ENQ, Controls.lblZPS_DLE}) Show(*result, look);
 }
 
+void SET_MANUAL::EndExchange() {
+    CutShort = Chain.Progress().Running() && Source.RxResult == Reply::None;
+    Chain.Stop();
+}
+
 void SET_MANUAL::PortReturned(bool open) {
     const bool answered = Source.RxResult == Reply::Data || Source.RxResult == Reply::Ack;
-    Power.ShowPanels(open && answered);
+    Power.ShowPanels(open && answered, !CutShort);
 }
 
 void SET_MANUAL::ShowProgress() {

@@ -22,7 +22,7 @@ class SET_MANUAL : public PortWindow {
     void Form_Load() override;
 
   protected:
-    void EndExchange() override { Chain.Stop(); }
+    void EndExchange() override;
     void PortReturned(bool open) override;
 
   private:
@@ -46,7 +46,8 @@ class SET_MANUAL : public PortWindow {
     DeliberateChoice Choices;
     ProbeChain Chain;
     std::int16_t FormPort = 0;
-    QTimer DeviceWatch;  // adapters come and go while the window is open
+    bool CutShort = false;  // a check without any answer was ended by the closing
+    QTimer DeviceWatch;     // adapters come and go while the window is open
 };
 
 }  // namespace zps

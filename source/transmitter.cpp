@@ -31,7 +31,7 @@ void Transmitter::PutOut() {
 void Transmitter::AwaitOutstanding() {
     // No reply can be handled during this wait, so nothing can end it early.
     if (ReplyInProgress()) Port.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
-    if (Hear) Hear();
+    for (const auto& hear : Hear) hear();
     Source.RxBusy = false;
 }
 

@@ -16,6 +16,7 @@ namespace zps {
 namespace {
 
 constexpr std::size_t LongestReply = 20;  // what is waited for; a data reply has fewer bytes
+constexpr std::chrono::milliseconds LatestAnswer{200};
 
 }  // namespace
 
@@ -66,6 +67,7 @@ void TEST::Probe(std::uint8_t controlCode) {
     Source.LayFrame(ProbeFrame(FormAddr, controlCode, FormAddr));
     comPOWER->DiscardInput();
     ++ProbesOut;
+    ProbeSilent = true;
     SentAt = serial::Clock::now();
     comPOWER->Output(Source.TxFrame);
 }
@@ -86,7 +88,11 @@ void TEST::comPOWER_OnComm() {
     const Bytes reply = Gather();
     if (exchange != ExchangeNumber) return;
     // A probe sent during the wait before has been judged with what came then.
-    const bool asked = std::exchange(ProbesJudged, ProbesOut) != ProbesOut;
+    // Its answer may come later still.
+    const bool unjudged = std::exchange(ProbesJudged, ProbesOut) != ProbesOut;
+    const bool late = !reply.empty() && ProbeSilent && FirstByteAt - SentAt < LatestAnswer;
+    const bool asked = unjudged || late;
+    if (!reply.empty()) ProbeSilent = false;
     if (!asked && reply.empty()) return;
     const Verdict verdict = JudgeMonitorReply(reply, FormAddr);
     ShowPanels(reply, verdict);

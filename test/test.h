@@ -46,6 +46,7 @@ class TEST : public PortWindow {
     serial::Clock::time_point FirstByteAt;  // of the reply that is gathered
     unsigned ProbesOut = 0;
     unsigned ProbesJudged = 0;
+    bool ProbeSilent = false;     // no byte has come since the last probe
     unsigned ExchangeNumber = 0;  // tells a handler that the window was closed while it waited
 };
 

@@ -59,7 +59,7 @@ LinkQuality::Exchanges LinkQuality::Polled() const {
     return all;
 }
 
-std::optional<LinkQuality::milliseconds> LinkQuality::Median() const {
+std::optional<LinkQuality::Span> LinkQuality::Median() const {
     if (Taken == 0) return std::nullopt;
     auto times = Responses;
     const auto end = times.begin() + static_cast<std::ptrdiff_t>(std::min(Taken, Remembered));
@@ -68,18 +68,18 @@ std::optional<LinkQuality::milliseconds> LinkQuality::Median() const {
     return *middle;
 }
 
-std::optional<LinkQuality::milliseconds> LinkQuality::ReadingAge() const {
+std::optional<LinkQuality::Span> LinkQuality::ReadingAge() const {
     if (!OutputOn()) return std::nullopt;
     return Since(FreshAt.value_or(Begun));
 }
 
-std::optional<LinkQuality::milliseconds> LinkQuality::UnansweredFor() const {
+std::optional<LinkQuality::Span> LinkQuality::UnansweredFor() const {
     if (!UnansweredFrom) return std::nullopt;
     return Since(*UnansweredFrom);
 }
 
-LinkQuality::milliseconds LinkQuality::Since(serial::Clock::time_point moment) const {
-    return std::chrono::duration_cast<milliseconds>(Time.Now() - moment);
+LinkQuality::Span LinkQuality::Since(serial::Clock::time_point moment) const {
+    return std::chrono::duration_cast<Span>(Time.Now() - moment);
 }
 
 }  // namespace zps

@@ -16,7 +16,7 @@ namespace zps {
 // Counts from the last Restart on. Window thread only.
 class LinkQuality {
   public:
-    using milliseconds = std::chrono::milliseconds;
+    using Span = std::chrono::milliseconds;
     // What can be wrong with the answer to a poll.
     enum class Fault : std::uint8_t { Nothing, WrongLength, WrongHeader };
     // The polls, the good data replies to them, and how long these took; the times are empty
@@ -24,8 +24,8 @@ class LinkQuality {
     struct Exchanges {
         int Asked = 0;
         int Answered = 0;
-        std::optional<milliseconds> Last;
-        std::optional<milliseconds> Median;  // of the last 256
+        std::optional<Span> Last;
+        std::optional<Span> Median;  // of the last 256
     };
 
     // `outputOn` tells whether the output is believed on. Both outlive this.
@@ -47,32 +47,31 @@ class LinkQuality {
     Exchanges Polled() const;
     // Time since the last good data reply of the present output period, or since the output went on
     // if none has come yet. Empty while the output is off and so nothing is polled.
-    std::optional<milliseconds> ReadingAge() const;
+    std::optional<Span> ReadingAge() const;
     // Whether a good data reply of the present output period has come.
     bool HasReading() const { return FreshAt.has_value(); }
     // Time since the last poll or the beginning of the period: nothing is asked while a message box
     // is up, and the age of the reading then says nothing about the supply.
-    milliseconds SinceAsked() const { return Since(LastAsked); }
+    Span SinceAsked() const { return Since(LastAsked); }
     // How long polls have been going out without a good answer; empty where there is none to wait
     // for. Begins anew behind a pause of the polls.
-    std::optional<milliseconds> UnansweredFor() const;
-    static constexpr milliseconds LatestAnswer{1000};
+    std::optional<Span> UnansweredFor() const;
+    static constexpr Span LatestAnswer{1000};
     // The polls are never further apart than this while they go on.
-    static constexpr milliseconds LongestGap{1500};
+    static constexpr Span LongestGap{1500};
 
   private:
     static constexpr std::size_t Remembered = 256;
 
-    milliseconds Since(serial::Clock::time_point moment) const;
+    Span Since(serial::Clock::time_point moment) const;
     void NoteFault(std::size_t length);
-    std::optional<milliseconds> Median() const;
+    std::optional<Span> Median() const;
 
     const Timekeeper& Time;
     std::function<bool()> OutputOn;
     std::array<std::optional<int>, 3> Faults;  // by Fault
     int AskedCount = 0;
-    std::array<milliseconds, Remembered>
-        Responses{};  // a ring; the next goes to Taken % Remembered
+    std::array<Span, Remembered> Responses{};  // a ring; the next goes to Taken % Remembered
     std::size_t Taken = 0;
     std::optional<serial::Clock::time_point> AskedAt;  // until its answer
     serial::Clock::time_point LastAsked;

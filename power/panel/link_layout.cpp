@@ -76,7 +76,7 @@ NumberPanels* MakeBytes() {
     return bytes;
 }
 
-QString InMilliseconds(const std::optional<LinkQuality::milliseconds>& time) {
+QString InMilliseconds(const std::optional<LinkQuality::Span>& time) {
     return time ? QStringLiteral("%1 ms").arg(time->count()) : QStringLiteral("없음");
 }
 

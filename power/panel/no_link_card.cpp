@@ -79,4 +79,8 @@ void NoLinkCard::Explain(Reply result, const QString& portTrouble) {
     lblCAUSE->setText(portTrouble.isEmpty() ? CauseOf(result) : portTrouble);
 }
 
+void NoLinkCard::ExplainUnchecked() {
+    lblCAUSE->setText(QStringLiteral("통신 확인을 마치지 않았습니다."));
+}
+
 }  // namespace zps

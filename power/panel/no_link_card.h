@@ -16,6 +16,8 @@ class NoLinkCard : public QWidget {
 
     // The check ended with `result`; `portTrouble` is why the port can't be used, or empty.
     void Explain(Reply result, const QString& portTrouble);
+    // The check has not come to an end.
+    void ExplainUnchecked();
 
     QPushButton* cmdSET_MANU;  // opens the settings window
 

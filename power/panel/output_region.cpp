@@ -16,14 +16,24 @@ constexpr int FrameOff = 1;
 constexpr int Padding = 4;
 constexpr int StripText = 13;
 
-QString Caption(bool on) {
-    return on ? QStringLiteral("출력 중") : QStringLiteral("출력 꺼짐");
+QString Caption(OutputState state) {
+    switch (state) {
+        case OutputState::On:
+            return QStringLiteral("출력 중");
+        case OutputState::LeftOn:
+            return QStringLiteral("출력 상태 모름 (본체 제어)");
+        case OutputState::ReportedOn:
+            return QStringLiteral("출력 켜짐 (전원 장치가 알림)");
+        case OutputState::Off:
+            break;
+    }
+    return QStringLiteral("출력 꺼짐");
 }
 
 }  // namespace
 
 OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content)
-    : Strip(new QWidget), lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(false))) {
+    : Strip(new QWidget), lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(State))) {
     setObjectName(QStringLiteral("fraOUTPUT"));
     SetPixels(*lblRUNNING, StripText, true);
     for (QLabel* label : besides) SetPixels(*label, StripText, false);
@@ -44,14 +54,14 @@ OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content
     column->addLayout(inside, 1);
 }
 
-void OutputRegion::ShowOn(bool on) {
-    if (on == On) return;
-    On = on;
-    lblRUNNING->setText(Caption(on));
-    lblRUNNING->setAccessibleName(Caption(on));
+void OutputRegion::Show(OutputState state) {
+    if (state == State) return;
+    State = state;
+    lblRUNNING->setText(Caption(state));
+    lblRUNNING->setAccessibleName(Caption(state));
     Strip->setAutoFillBackground(false);
     Strip->setPalette({});
-    if (on) PaintBackground(*Strip, Colour::DarkRed);
+    if (On()) PaintBackground(*Strip, Colour::DarkRed);
     update();
 }
 
@@ -59,9 +69,9 @@ void OutputRegion::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     QColor line = palette().color(QPalette::WindowText);
     line.setAlphaF(0.3F);
-    const int width = On ? FrameOn : FrameOff;
-    painter.setPen(QPen(On ? ToQColor(Colour::DarkRed) : line, width, Qt::SolidLine, Qt::SquareCap,
-                        Qt::MiterJoin));
+    const int width = On() ? FrameOn : FrameOff;
+    painter.setPen(QPen(On() ? ToQColor(Colour::DarkRed) : line, width, Qt::SolidLine,
+                        Qt::SquareCap, Qt::MiterJoin));
     const double half = width / 2.0;
     painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
 }

@@ -1,6 +1,8 @@
 // The frame around all that belongs to the output: its switch, the other switches, the read-outs.
 #pragma once
 
+#include "power/panel/output_state.h"
+
 #include <QFrame>
 #include <QLabel>
 
@@ -15,13 +17,15 @@ class OutputRegion : public QFrame {
     // `besides` stand at the right end of the strip, `content` below it. The region owns them all.
     OutputRegion(const std::vector<QLabel*>& besides, QWidget& content);
 
-    void ShowOn(bool on);
+    void Show(OutputState state);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    bool On = false;
+    bool On() const { return State == OutputState::On; }
+
+    OutputState State = OutputState::Off;
     QWidget* Strip;
     QLabel* lblRUNNING;
 };

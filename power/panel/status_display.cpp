@@ -1,6 +1,7 @@
 #include "power/panel/status_display.h"
 
 #include "controls/spoken_labels.h"
+#include "power/panel/output_region.h"
 #include "power/panel/plate_look.h"
 #include "source/reply.h"
 
@@ -67,6 +68,16 @@ void ShowDifference(PowerControls& c, const Function& function, bool askedOn, bo
     label.setToolTip(words);
     label.setAccessibleDescription(words);
     label.Fill(differs ? ToQColor(Colour::Yellow) : StateColour(function, askedOn));
+}
+
+void ShowOutputState(PowerControls& c, OutputState state) {
+    const Function& function = OutputFunction();
+    const bool on = state == OutputState::On;
+    const bool differs = state == OutputState::ReportedOn;
+    ShowAsked(c, function, on);
+    ShowDifference(c, function, on, differs);
+    if (differs) (c.*function.Light)->Light(function.Active);
+    c.Plate.fraOUTPUT->Show(state);
 }
 
 void ShowControl(PowerControls& c, Control control) {

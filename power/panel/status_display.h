@@ -3,6 +3,7 @@
 
 #include "power/link/link_quality.h"
 #include "power/panel/functions.h"
+#include "power/panel/output_state.h"
 
 #include <cstdint>
 
@@ -18,6 +19,9 @@ void ShowFunctions(PowerControls& controls, std::uint8_t status);
 void ShowAsked(PowerControls& controls, const Function& function, bool on);
 // Marks the label of a switch where the supply reports otherwise than was asked for.
 void ShowDifference(PowerControls& controls, const Function& function, bool askedOn, bool differs);
+
+// The output: its switch as it was asked for, its lamp as the supply reports it, the frame around.
+void ShowOutputState(PowerControls& controls, OutputState state);
 
 // Who controls the supply: button, labels and lamp together.
 enum class Control : std::uint8_t { Local, Remote, Serial };

@@ -6,6 +6,7 @@
 #include "source/numbers.h"
 
 #include <chrono>
+#include <utility>
 
 namespace zps {
 
@@ -22,6 +23,7 @@ OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround
     commands.Connect(
         *Parts.Controls.cmdOUTPUT, [this] { cmdOUTPUT_Click(); }, Commands::OpenEntry::LeaveOpen);
     tmrOFF->OnTick([this] { tmrOFF_Timer(); });
+    Parts.Sender.OnOutstanding([this] { HearAnswer(); });
 }
 
 void OutputSwitch::cmdOUTPUT_Click() {
@@ -41,18 +43,33 @@ void OutputSwitch::SwitchOff() {
     Around.Out.WentOff();
     Say(*Parts.Controls.Output_ONOFF);
     Around.Shown.ShowStep(Around.Rows.CurStep());
-    RefusalsBeforeOff = Around.Out.Objected().Refusals;
     Send(false);
+    OffAwaited = true;
     tmrOFF->Restart();
+}
+
+void OutputSwitch::Answered(Reply result) {
+    if (result != Reply::None) JudgeOff(result);  // one that is late may still come
+}
+
+void OutputSwitch::HearAnswer() {
+    if (!OffAwaited) return;
+    const Bytes reply = GatherReply(Around.Port, 0, serial::WaitMode::HoldEvents);
+    JudgeOff(JudgeReply(reply, ExpectAck, Parts.Source.PowerAddr, CheckByte::Whole));
+}
+
+void OutputSwitch::tmrOFF_Timer() {
+    if (Around.Port.InBufferCount() > 0) return;  // it waits behind a box: its event comes next
+    JudgeOff(Reply::None);
 }
 
 // Nothing is polled any more that would show the output on: whoever stands before the supply must
 // hear that it may be.
-void OutputSwitch::tmrOFF_Timer() {
+void OutputSwitch::JudgeOff(Reply result) {
+    if (!std::exchange(OffAwaited, false)) return;
     tmrOFF->SetEnabled(false);
-    const bool unanswered = Parts.Source.RxBusy;  // a later frame has waited for its own answer
-    const bool refused = Around.Out.Objected().Refusals != RefusalsBeforeOff;
-    if (Around.Out.On() || (!unanswered && !refused)) return;
+    if (result == Reply::Ack) return;
+    const bool refused = result == Reply::Nak;
     Around.Happened.Note(
         refused ? EventKind::Refused : EventKind::NotDone,
         refused
@@ -61,7 +78,6 @@ void OutputSwitch::tmrOFF_Timer() {
 }
 
 void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
-    tmrOFF->SetEnabled(false);
     const PowerControls& c = Parts.Controls;
     Around.Quality.Restart();
     ShowCounts(Parts.Controls, Around.Quality);
@@ -73,8 +89,11 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     }
     Parts.Sender.AwaitOutstanding();  // a value without an answer by now is not acknowledged
     const int step = Around.Rows.CurStep();
+    if (!Around.Port.PortOpen()) {  // what is told of the last run stays
+        throw serial::PortError(Around.Port.CommPort(),
+                                std::make_error_code(std::errc::bad_file_descriptor));
+    }
     Around.Out.WentOn();
-    Say(*Parts.Controls.Output_ONOFF);
     if (Around.Held.Refused(step).any()) {
         Around.Happened.Note(
             EventKind::NotDone,
@@ -88,6 +107,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
         Around.Out.WentOff();  // nothing has gone out
         throw;
     }
+    Say(*Parts.Controls.Output_ONOFF);
     Around.Polls.Start();
 }
 

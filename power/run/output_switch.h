@@ -14,6 +14,8 @@
 #include "power/steps/edit_lock.h"
 #include "power/steps/step_list.h"
 #include "serial/event_loop.h"
+#include "serial/port.h"
+#include "source/reply.h"
 #include "source/timekeeper.h"
 
 #include <memory>
@@ -36,16 +38,23 @@ class OutputSwitch {
         EditLock& Lock;
         StepList& Rows;
         HeldSteps& Held;
+        serial::Port& Port;  // that the frames leave by
         MeasurementLog& Log;
         serial::EventLoop& Loop;
         Timekeeper& Time;
     };
     OutputSwitch(PowerParts& parts, Commands& commands, const Surround& around);
 
+    // The reply to the last frame has been judged. Without a reply the answer is still awaited.
+    void Answered(Reply result);
+
   private:
     void cmdOUTPUT_Click();
     void SwitchOff();
     void tmrOFF_Timer();
+    // The answer to switching off that is outstanding, before the next frame sweeps it away.
+    void HearAnswer();
+    void JudgeOff(Reply result);
     void SwitchOn(serial::Clock::time_point deadline);
     // Lets a reply in progress come. Empty, or why the output must not go on.
     QString WaitForReplyInProgress(serial::Clock::time_point deadline);
@@ -54,7 +63,7 @@ class OutputSwitch {
     PowerParts& Parts;
     Surround Around;
     std::unique_ptr<Ticker> tmrOFF;  // the answer to switching off is due by its tick
-    int RefusalsBeforeOff = 0;
+    bool OffAwaited = false;         // the last frame has switched the output off
 };
 
 }  // namespace zps

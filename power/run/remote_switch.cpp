@@ -6,9 +6,15 @@
 
 namespace zps {
 
-RemoteSwitch::RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, StepStart& start,
-                           Polling& polls, std::function<void()> changed)
-    : Parts(parts), Out(output), Start(start), Polls(polls), Changed(std::move(changed)) {
+RemoteSwitch::RemoteSwitch(PowerParts& parts, Commands& commands, Output& output,
+                           LastEvent& happened, StepStart& start, Polling& polls,
+                           std::function<void()> changed)
+    : Parts(parts),
+      Out(output),
+      Happened(happened),
+      Start(start),
+      Polls(polls),
+      Changed(std::move(changed)) {
     commands.Connect(*Parts.Controls.cmdPREMOTE, [this] { cmdPREMOTE_Click(); });
 }
 
@@ -31,9 +37,12 @@ void RemoteSwitch::cmdPREMOTE_Click() {
 void RemoteSwitch::GoLocal() {
     RemoteOn = false;
     Start.CallOff();
-    Out.WentOff();
+    Out.LeftToFrontPanel();
     SetRemoteControls(false);
     ShowControl(Parts.Controls, Control::Local);
+    if (Out.Known() != OutputState::LeftOn) return;
+    Happened.Note(EventKind::NotDone,
+                  QStringLiteral("본체 제어로 바꿨습니다. 출력 상태는 본체에서 확인하십시오."));
 }
 
 void RemoteSwitch::GoRemote() {

@@ -1,6 +1,7 @@
 // The remote switch: who controls the supply.
 #pragma once
 
+#include "power/link/last_event.h"
 #include "power/link/polling.h"
 #include "power/panel/power_parts.h"
 #include "power/run/output.h"
@@ -14,8 +15,8 @@ namespace zps {
 class RemoteSwitch {
   public:
     // `changed` is told after what may be used has changed.
-    RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, StepStart& start,
-                 Polling& polls, std::function<void()> changed);
+    RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, LastEvent& happened,
+                 StepStart& start, Polling& polls, std::function<void()> changed);
 
     // The switch was last pressed to remote.
     bool On() const { return RemoteOn; }
@@ -32,6 +33,7 @@ class RemoteSwitch {
 
     PowerParts& Parts;
     Output& Out;
+    LastEvent& Happened;
     StepStart& Start;
     Polling& Polls;
     std::function<void()> Changed;

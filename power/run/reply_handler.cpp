@@ -35,6 +35,7 @@ void ReplyHandler::comPOWER_OnComm() {
     Parts.Source.RxResult = result;
     if (result == Reply::Nak) Refused();
     Around.Held.Answered(result);
+    Around.OutputButton.Answered(result);
     std::optional<Message> message;
     if (wantsData) {
         const bool present = Around.Quality.Answered(result, reply.size());
@@ -54,6 +55,7 @@ std::optional<Message> ReplyHandler::DecodeDataReply(const Bytes& reply, bool pr
     if (is(status::Fault)) message = Fault(values.Code);
     Around.Functions.Reported(values.Status, Around.Out.On());
     if (!is(status::Output) && Around.Out.On()) message = EndOfOutput(values.Code);
+    if (!is(status::Fault)) HeedOutput(is(status::Output));
     if (Around.Out.On() && !present) return message;  // the next poll asks for new values
     Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(values.Step)));
     Around.Progress.Reported(values.Step);
@@ -66,6 +68,16 @@ std::optional<Message> ReplyHandler::Fault(std::uint8_t code) {
     Around.Happened.Note(EventKind::Trip, FaultEvent(code));
     FaultResetPending = code == OutputCurrentFault;
     return FaultMessage(code);
+}
+
+void ReplyHandler::HeedOutput(bool reportedOn) {
+    const OutputState before = Around.Out.Known();
+    Around.Out.Reported(reportedOn);
+    const OutputState now = Around.Out.Known();
+    if (now == before || now != OutputState::ReportedOn) return;
+    Around.Happened.Note(
+        EventKind::NotDone,
+        QStringLiteral("전원 장치는 출력이 켜져 있다고 알립니다. 본체에서 확인하십시오."));
 }
 
 Message ReplyHandler::EndOfOutput(std::uint8_t code) {

@@ -10,6 +10,7 @@
 #include "power/run/auto_progress.h"
 #include "power/run/function_switches.h"
 #include "power/run/output.h"
+#include "power/run/output_switch.h"
 #include "power/run/step_start.h"
 #include "serial/port.h"
 
@@ -23,6 +24,7 @@ class ReplyHandler {
     struct Surround {
         serial::Port& Port;
         HeldSteps& Held;
+        OutputSwitch& OutputButton;
         Output& Out;
         LastEvent& Happened;
         StepStart& Start;
@@ -42,6 +44,8 @@ class ReplyHandler {
     // Shows a good data reply; only one that is `present` tells what the output gives. Returns the
     // message that the operator must see, if any; all state is settled by then.
     std::optional<Message> DecodeDataReply(const Bytes& reply, bool present);
+    // What the supply reports of an output that the panel has not switched on.
+    void HeedOutput(bool reportedOn);
     Message EndOfOutput(std::uint8_t code);
     std::optional<Message> Fault(std::uint8_t code);
     void Refused();

@@ -1,6 +1,5 @@
 #include "power/run/run_display.h"
 
-#include "power/panel/output_region.h"
 #include "power/panel/plate_look.h"
 #include "source/numbers.h"
 
@@ -52,7 +51,6 @@ RunDisplay::RunDisplay(PowerControls& controls, Timekeeper& time, Surround aroun
 void RunDisplay::OutputChanged() {
     const bool on = Around.Out.On();
     Clock.OutputIs(on);
-    Controls.Plate.fraOUTPUT->ShowOn(on);
     tmrPLATE->SetEnabled(on);
     Refresh();
 }

@@ -181,7 +181,8 @@ class Oracle {
 
         const auto remote = Panel.Seen("Rem_Loc");
         const bool lit = Panel.Lit("RemoteLED", Colour::PaleOrange);
-        Never(on != Panel.Lit("OutputLED", Colour::DarkRed), "OUTPUT: label and lamp");
+        const bool told = !Panel.Control("Output_ONOFF").toolTip().isEmpty();
+        Never((on || told) != Panel.Lit("OutputLED", Colour::DarkRed), "OUTPUT: label and lamp");
         Never(lit != (remote == "REMOTE"), "REMOTE: label and lamp");
         Never(lit == (Panel.Seen("lblPREMOTE") == "LOC"), "REMOTE: labels");
         Never(remote != Panel.Seen("cmdPREMOTE"), "REMOTE: caption");

@@ -3,6 +3,7 @@
 #include "tests/power/run_panel.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 #include <QTimer>
 
 namespace zps::tests {
@@ -23,6 +24,12 @@ class RunSwitches : public ScriptedRun {
         Click("cmdOUTPUT");
         Data = Reading(4);
         return timer.elapsed();
+    }
+    // Opens the test window and closes it.
+    void LendThePort() {
+        Choose("mnuTEST");
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == "TEST") window->close();
     }
     // Leaves a command without its answer, and does something 0.1 s later, in the wait for it.
     void InTheWait(std::function<void()> act) {
@@ -137,18 +144,73 @@ TEST_F(RunSwitches, AnObjectionDuringTheWaitCallsTheSwitchingOnOffAndALineSaysWh
     }
 }
 
+// Whatever is sent behind it, and whatever comes of that.
 TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
-    for (const auto& [answer, words] : {std::pair{Bytes{}, "응답이 없습니다"},
-                                        {Bytes{1, 21, 22}, "거부했습니다"},
-                                        {Acknowledged, ""}}) {
+    const auto nothing = [] {};
+    const auto silentCommand = [&] {
+        Line().Answer({});
+        Click("cmdOCP");
+    };
+    const auto refusedCommand = [&] {
+        Line().Answer({1, 21, 22});
+        Click("cmdOCP");
+    };
+    const auto otherWindow = [&] { LendThePort(); };
+    using Case = std::tuple<Bytes, std::function<void()>, const char*>;
+    for (const auto& [answer, behind, words] :
+         {Case{{}, nothing, "끄기에 응답이 없습니다"}, Case{{1, 21, 22}, nothing, "끄기를 거부"},
+          Case{Acknowledged, nothing, ""}, Case{{1, 6}, nothing, "끄기에 응답이 없습니다"},
+          Case{{}, [&] { Press("cmdOCP"); }, "끄기에 응답이 없습니다"},
+          Case{Acknowledged, silentCommand, ""}, Case{Acknowledged, refusedCommand, "O.C.P|과전류"},
+          Case{{}, otherWindow, "끄기에 응답이 없습니다"}, Case{Acknowledged, otherWindow, ""}}) {
         ASSERT_TRUE(SwitchOn());
         Line().Answer(answer);
         Click("cmdOUTPUT");
-        const auto told = [&] { return !Text("lblNOTICE").isEmpty(); };
-        EXPECT_EQ(WaitFor(told, 1300ms), *words != 0);
-        EXPECT_TRUE(Text("lblNOTICE").contains(words));
+        behind();
+        const bool due = QString(words).startsWith("끄기");
+        EXPECT_EQ(WaitFor([&] { return Text("lblNOTICE").contains("끄기"); }, 1300ms), due);
+        const QRegularExpression expected(*words == 0 ? "^$" : words);
+        EXPECT_TRUE(Text("lblNOTICE").contains(expected)) << Text("lblNOTICE").toStdString();
         EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
     }
+}
+
+TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
+    const auto shown = [&] { return Text("lblRUNNING") + Get<QLabel>("Output_ONOFF").toolTip(); };
+    ASSERT_TRUE(Press("cmdPREMOTE") && AreSent(3) && SwitchOn() && Press("cmdPREMOTE"));
+    EXPECT_EQ(shown(), "출력 상태 모름 (본체 제어)");
+    EXPECT_TRUE(Text("lblNOTICE").contains("본체 제어로 바꿨습니다"));
+    Click("cmdPREMOTE");
+    Data = Reading(4 + 192);
+    ASSERT_TRUE(WaitFor([&] { return Text("lblNOTICE").contains("켜져 있다고 알립니다"); }));
+    EXPECT_EQ(shown(), "출력 켜짐 (전원 장치가 알림)전원 장치는 ON 상태라고 알립니다");
+    EXPECT_EQ(Lit("OutputLED"), DarkRed);
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+    ASSERT_TRUE(SwitchOn());
+    EXPECT_EQ(shown(), "출력 중");
+    // A reply that was under way when the output was switched off tells nothing.
+    ASSERT_TRUE(Press("cmdOUTPUT"));
+    Source().ReplyFlag = ExpectData;
+    Line().Arrive(Data);
+    ASSERT_TRUE(Settle());
+    EXPECT_EQ(shown(), "출력 꺼짐");
+    EXPECT_EQ(Lit("OutputLED"), PaleOrange);
+    ASSERT_TRUE(Press("cmdPREMOTE"));  // with the output off nothing is in doubt
+    EXPECT_EQ(shown() + Text("lblNOTICE"), "출력 꺼짐");
+}
+
+TEST_F(RunSwitches, AClosedPortIsReportedBeforeAnythingIsShownAsSwitchedOn) {
+    ASSERT_TRUE(SwitchOn() && Handled(Reading(1, 5)));
+    const auto shown = [&] { return Text("lblNOTICE") + Text("lblELAPSED"); };
+    const QString before = shown();
+    EXPECT_TRUE(before.contains("코드 5") && before.contains("지난 운전"));
+    Main().HandOver();
+    Line().Refuse(1, std::errc::permission_denied);
+    ASSERT_TRUE(Main().TakeBack());
+    Boxes.Shown.clear();
+    Click("cmdOUTPUT");
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    EXPECT_EQ(shown(), before);
 }
 
 TEST_F(RunSwitches, ARemoteCommandLeavesARunningOutputAsItIs) {

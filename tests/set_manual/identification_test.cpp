@@ -171,6 +171,27 @@ TEST(Choice, PutsTheResultsBackAndKeepsTheOutcomeOfTheSameSupplyOnly) {
     }
 }
 
+TEST(Choice, OfAnAddressOnAClosedPortFadesTheRatingsOfTheOneBefore) {
+    ScriptedPanel panel;
+    ASSERT_TRUE(Identify(panel));
+    panel.Run.Settings()->close();
+    panel.Line().Refuse(1, std::errc::permission_denied);
+    panel.Choose("mnuSET_MANU");
+    const auto strength = [&] { return panel.GetSetting<QLineEdit>("POWERVoltage").palette(); };
+    const QPalette known = strength();
+    for (const int address : {7, 1}) {
+        Pick(panel, "cmbADDR", address - 1);
+        EXPECT_EQ(strength() == known, address == 1);
+    }
+}
+
+TEST(Choice, EndedByClosingTheWindowIsNotCalledASilentSupply) {
+    ScriptedPanel panel;
+    panel.Run.StartUp();
+    panel.Run.Settings()->close();
+    EXPECT_EQ(panel.Text("lblCAUSE"), "통신 확인을 마치지 않았습니다.");
+}
+
 TEST(Choice, OfAPortThatCantBeOpenedIsReportedOnceAndNothingIsSentToIt) {
     ScriptedPanel panel;
     panel.Line().Refuse(2, std::errc::no_such_device);

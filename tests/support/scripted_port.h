@@ -54,6 +54,7 @@ class ScriptedLine {
 
     // Opening port `number` throws PortError with `reason` from now on.
     void Refuse(int number, std::errc reason) { Refused[number] = reason; }
+    void Accept(int number) { Refused.erase(number); }
 
     const std::vector<WrittenBlock>& Written() const { return Blocks; }
     // The same without who wrote them.

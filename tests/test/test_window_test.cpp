@@ -249,6 +249,19 @@ TEST_F(ScriptedTest, ASecondProbeInsideTheWaitGetsItsVerdictOnceInTheSameWaitOrT
     EXPECT_EQ(Line().WrittenData().size(), 4U);
 }
 
+TEST_F(ScriptedTest, AProbeLateInTheWaitBeforeIsWhatItsAnswerIsTo) {
+    Line().AnswerInPieces({{{}, 70ms}});
+    Line().AnswerInPieces({{{1, 6, 7}, 60ms}});  // 30 ms after the end of that wait
+    PressAndInItsWait([this] {
+        QMetaObject::invokeMethod(
+            Window->Window, [this] { Click("cmdENQ"); }, Qt::QueuedConnection);
+    });
+    EXPECT_TRUE(WaitFor([this] { return Window->Text("lblRESULT") == "GOOD  ENQ"; }));
+    EXPECT_TRUE(Window->Text("lblSTAMP").contains("3바이트 · 0."));
+    Line().Arrive({1, 6, 7});
+    EXPECT_TRUE(WaitFor([this] { return Window->Text("lblSTAMP").contains("보내지 않았는데"); }));
+}
+
 TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedEachTimeAndHidesThePanels) {
     const auto boxes = [&](std::size_t count) {
         return WaitFor([&] { return Panel.Boxes.Shown.size() == count; });
@@ -262,6 +275,11 @@ TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedEachTimeAndHidesThePanels) 
     Window->Window->close();
     EXPECT_TRUE(boxes(3) && Panel.Main().isEnabled());
     EXPECT_FALSE(Panel.Get<QFrame>("frmPOWERDISPLAY").isVisible());
+    EXPECT_TRUE(Panel.Text("lblCAUSE").contains("COM1"));
+    Line().Accept(1);
+    Window.emplace(Panel);
+    Window->Window->close();
+    EXPECT_EQ(Panel.Text("lblCAUSE"), "통신 확인을 마치지 않았습니다.");
 }
 
 TEST_F(ScriptedTest, ClosedInsideItsWaitItJudgesNothingMore) {
