@@ -119,6 +119,25 @@ TEST_F(RunSequence, AStepThatIsMissingLetsTheOutputGoOnWithinASecondOfTheClick) 
     EXPECT_TRUE(Text("lblNOTICE").contains("1초")) << Text("lblNOTICE").toStdString();
 }
 
+TEST_F(RunSequence, AnEndIsExpectedOnlyOfWhatTheSupplyHasTaken) {
+    ASSERT_TRUE(Press("txPSTEP_0"));
+    const Bytes refused{1, 21, 22};
+    using Case = std::tuple<Bytes, Bytes, const char*>;
+    for (const auto& [sequence, count, cycles] :
+         {Case{refused, Acknowledged, "2"}, Case{Acknowledged, refused, "3"},
+          Case{Acknowledged, Acknowledged, "4"}}) {
+        Line().Answer(sequence);
+        Paste("00>");
+        ASSERT_TRUE(Settle());
+        Line().Answer(count);
+        Enter(Count, cycles);
+        ASSERT_TRUE(Settle() && Press("cmdAUTO"));
+        Click("cmdOUTPUT");
+        EXPECT_EQ(Text("lblAUTORUN").isEmpty(), *cycles != '4') << cycles;
+        ASSERT_TRUE(Settle() && Press("cmdOUTPUT") && Press("cmdAUTO"));
+    }
+}
+
 TEST_F(RunSequence, TheCountGoesToAddressOneAndItsRangeIsChecked) {
     Source().PowerAddr = 7;
     using Case = std::tuple<const char*, const char*, Bytes>;
