@@ -37,6 +37,9 @@ void PrintTo(const Desktop& desktop, std::ostream* stream) {
     *stream << desktop.Face << (desktop.Dark ? " dark " : " light ") << desktop.Window.width();
 }
 
+// The smallest in which all is in sight: a screen of 1366 x 768 at 150 %.
+constexpr QSize LeastSize(900, 470);
+
 std::string NameOf(const QWidget& control, const QString& text) {
     return (control.window()->objectName() + "/" + control.objectName() + " '" + text + "'")
         .toStdString();
@@ -98,7 +101,7 @@ void ExpectInSight(QWidget& main) {
         const auto* shown = main.findChild<QWidget*>(QLatin1String(name));
         const QFontMetrics digits(shown->font());
         EXPECT_GT(shown->width(), digits.horizontalAdvance("600.000"));
-        EXPECT_GE(shown->font().pixelSize(), 44);
+        EXPECT_GE(shown->font().pixelSize() * qApp->devicePixelRatio(), 44);
     }
 }
 
@@ -161,7 +164,7 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyState) {
             LookAt(window, state);
             return true;
         },
-        GetParam().Window / qApp->devicePixelRatio());
+        (GetParam().Window / qApp->devicePixelRatio()).expandedTo(LeastSize));
     EXPECT_TRUE(session.Work());
 }
 

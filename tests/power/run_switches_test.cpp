@@ -158,11 +158,13 @@ TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
     const auto otherWindow = [&] { LendThePort(); };
     using Case = std::tuple<Bytes, std::function<void()>, const char*>;
     for (const auto& [answer, behind, words] :
-         {Case{{}, nothing, "끄기에 응답이 없습니다"}, Case{{1, 21, 22}, nothing, "끄기를 거부"},
-          Case{Acknowledged, nothing, ""}, Case{{1, 6}, nothing, "끄기에 응답이 없습니다"},
-          Case{{}, [&] { Press("cmdOCP"); }, "끄기에 응답이 없습니다"},
+         {Case{{}, nothing, "끄기 명령에 응답이 없습니다"},
+          Case{{1, 21, 22}, nothing, "끄기 명령을 거부"}, Case{Acknowledged, nothing, ""},
+          Case{{1, 6}, nothing, "끄기 명령에 응답이 없습니다"},
+          Case{{}, [&] { Press("cmdOCP"); }, "끄기 명령에 응답이 없습니다"},
           Case{Acknowledged, silentCommand, ""}, Case{Acknowledged, refusedCommand, "O.C.P|과전류"},
-          Case{{}, otherWindow, "끄기에 응답이 없습니다"}, Case{Acknowledged, otherWindow, ""}}) {
+          Case{{}, otherWindow, "끄기 명령에 응답이 없습니다"},
+          Case{Acknowledged, otherWindow, ""}}) {
         ASSERT_TRUE(SwitchOn());
         Line().Answer(answer);
         Click("cmdOUTPUT");
@@ -183,7 +185,7 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     Click("cmdPREMOTE");
     Data = Reading(4 + 192);
     ASSERT_TRUE(WaitFor([&] { return Text("lblNOTICE").contains("켜져 있다고 알립니다"); }));
-    EXPECT_EQ(shown(), "출력 켜짐 (전원 장치가 알림)전원 장치는 ON 상태라고 알립니다");
+    EXPECT_EQ(shown(), "출력 켜짐 (전원 장치가 알림)전원 장치가 알린 상태: ON");
     EXPECT_EQ(Lit("OutputLED"), DarkRed);
     EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
     ASSERT_TRUE(SwitchOn());

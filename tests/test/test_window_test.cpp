@@ -259,7 +259,7 @@ TEST_F(ScriptedTest, AProbeLateInTheWaitBeforeIsWhatItsAnswerIsTo) {
     EXPECT_TRUE(WaitFor([this] { return Window->Text("lblRESULT") == "GOOD  ENQ"; }));
     EXPECT_TRUE(Window->Text("lblSTAMP").contains("3바이트 · 0."));
     Line().Arrive({1, 6, 7});
-    EXPECT_TRUE(WaitFor([this] { return Window->Text("lblSTAMP").contains("보내지 않았는데"); }));
+    EXPECT_TRUE(WaitFor([this] { return Window->Text("lblSTAMP").contains("조회 없이"); }));
 }
 
 TEST_F(ScriptedTest, APortThatNobodyCanOpenIsReportedEachTimeAndHidesThePanels) {
