@@ -114,6 +114,7 @@ class Oracle {
         const auto commands = simulator::ParseCommands(bytes.subspan(3, bytes[2]));
         if (!commands) return Never(true, "a value beyond all ratings" + told);
         for (const auto& command : *commands) {
+            if (command.Letter == letter::Output && command.Data[0] == 1) WasOff = false;
             if (std::strchr("VCOTD", command.Letter) == nullptr) continue;
             const bool known = ratings == shown || ratings == HadRatings;
             Never(!known, "a value to a supply of other ratings" + told);
@@ -222,7 +223,7 @@ class Oracle {
     // How it was at the last call.
     simulator::Time LastJudged{};
     bool WasOn = false;
-    bool WasOff = false;
+    bool WasOff = false;  // and nobody has switched it on since
     std::string HadRatings;
     int PollsWhileOff = 0;
     // Since then, as far as the panel could act: a machine that stands still takes no time.
