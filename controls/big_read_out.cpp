@@ -7,6 +7,7 @@
 #include <QResizeEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace zps {
 
@@ -15,9 +16,9 @@ const QSize Border(16, 0);  // px; a part of it stands before the unit
 constexpr int LeastUnit = 18;
 }  // namespace
 
-BigReadOut::BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
+BigReadOut::BigReadOut(const QString& name, QString unit, const QString& accessibleName,
                        const QString& widest, Range pixels)
-    : ReadOut(name, {}, accessibleName), Unit(unit), Pixels(pixels), Base(font()) {
+    : ReadOut(name, {}, accessibleName), Unit(std::move(unit)), Pixels(pixels), Base(font()) {
     setFrame(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     SetNumberFace(Base);

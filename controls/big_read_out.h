@@ -14,7 +14,7 @@ class BigReadOut : public ReadOut {
         int Most;
     };
     // `unit` stands behind the value, smaller and on the same base line.
-    BigReadOut(const QString& name, const QString& unit, const QString& accessibleName,
+    BigReadOut(const QString& name, QString unit, const QString& accessibleName,
                const QString& widest, Range pixels);
 
     QSize sizeHint() const override;

@@ -31,7 +31,7 @@ QString FindFamily() {
     const QStringList known = QFontDatabase::families();
     for (const char* family : {"Segoe UI", "Noto Sans", "DejaVu Sans", "Noto Sans CJK KR",
                                "Malgun Gothic", "Liberation Sans"}) {
-        const QString name = QLatin1String(family);
+        QString name = QLatin1String(family);
         if (known.contains(name) && ReadsWell(name)) return name;
     }
     return {};

@@ -19,8 +19,8 @@ class SpokenLabel : public QAccessibleWidget {
 
     QString text(QAccessible::Text part) const override {
         if (part != QAccessible::Name) return QAccessibleWidget::text(part);
-        const QString name = Shown.accessibleName();
-        const QString text = Shown.text();
+        QString name = Shown.accessibleName();
+        QString text = Shown.text();
         if (name.isEmpty() || name == text) return text;
         const bool onlyCaption = Shown.buddy() != nullptr;
         return onlyCaption || text.isEmpty() ? name : name + u' ' + text;

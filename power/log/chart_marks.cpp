@@ -21,7 +21,7 @@ QString Fixed(double value, int decimals) {
 }
 
 QString Signed(double value, int decimals) {
-    const QString text = Fixed(std::abs(value), decimals);
+    QString text = Fixed(std::abs(value), decimals);
     if (text.toDouble() == 0) return text;
     return (value < 0 ? u'-' : u'+') + text;
 }

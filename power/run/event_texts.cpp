@@ -83,7 +83,7 @@ QString RequestText(const Bytes& frame) {
         return QStringLiteral("단계 %1 송신").arg(QString::fromStdString(FormatStep(data)));
     const auto* found = std::ranges::find(Requests, asked, &Request::Letter);
     if (found == Requests.end()) return QStringLiteral("제어 명령");
-    const QString text = QString::fromUtf8(found->Text);
+    QString text = QString::fromUtf8(found->Text);
     if (!found->Switches) return text;
     return text + (data == 0 ? QStringLiteral(" 끄기") : QStringLiteral(" 켜기"));
 }

@@ -5,8 +5,6 @@
 
 #include <QDateTime>
 
-#include <utility>
-
 namespace zps {
 
 using namespace std::chrono_literals;
@@ -38,10 +36,10 @@ QString WattText(std::optional<double> watts) {
 
 }  // namespace
 
-RunDisplay::RunDisplay(PowerControls& controls, Timekeeper& time, Surround around)
+RunDisplay::RunDisplay(PowerControls& controls, Timekeeper& time, const Surround& around)
     : Controls(controls),
       Time(time),
-      Around(std::move(around)),
+      Around(around),
       Clock(time),
       tmrPLATE(time.MakeTicker("tmrPLATE", Beat)) {
     tmrPLATE->OnTick([this] { Refresh(); });

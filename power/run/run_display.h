@@ -28,7 +28,7 @@ class RunDisplay {
         const LinkQuality& Quality;
     };
     // `time` ticks also while a message box is up: an old number is marked then too.
-    RunDisplay(PowerControls& controls, Timekeeper& time, Surround around);
+    RunDisplay(PowerControls& controls, Timekeeper& time, const Surround& around);
 
     // The output is shown on or off now.
     void OutputChanged();
