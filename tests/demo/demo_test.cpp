@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <condition_variable>
 #include <mutex>
 
 namespace zps::tests {
@@ -102,21 +103,20 @@ TEST(Demo, MarksEveryWindowAsSimulated) {
 TEST(Demo, AnswersAsFastAsTheLineWould) {
     SimulatedSupply supply;
     std::mutex guard;
+    std::condition_variable come;
     std::size_t arrived = 0;
     const auto device = supply.Open(supply.PathOf(1), [&](auto bytes) {
         const std::lock_guard lock(guard);
         arrived += bytes.size();
+        come.notify_one();
     });
     EXPECT_THROW(supply.Open(supply.PathOf(1), {}), std::system_error);
     EXPECT_EQ(supply.PathOf(2), "");
     const auto frame = ControlFrame(SimulatedSupply::Address, code::Dle).Data;
     const auto began = std::chrono::steady_clock::now();
     device->Write(frame);
-    const auto whole = [&] {
-        const std::lock_guard lock(guard);
-        return arrived > 10;
-    };
-    while (!whole()) std::this_thread::sleep_for(1ms);
+    std::unique_lock lock(guard);
+    ASSERT_TRUE(come.wait_for(lock, 5s, [&] { return arrived > 10; }));
     const auto took = std::chrono::steady_clock::now() - began;
     EXPECT_GE(took, (frame.size() + arrived) * 1s / 960);
 }
