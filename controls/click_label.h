@@ -18,8 +18,8 @@ class ClickLabel : public TabLabel {
         setMargin(3);
         // The desktop's own colour of links is often too dark for a dark desktop.
         QPalette colours = palette();
-        const bool onLight = ReadableOn(colours.color(QPalette::Window)) == Qt::black;
-        const QColor link = onLight ? QColor(0x00, 0x50, 0xB0) : QColor(0x7A, 0xB8, 0xFF);
+        const bool dark = IsDark(colours.color(QPalette::Window));
+        const QColor link = dark ? QColor(0x7A, 0xB8, 0xFF) : QColor(0x00, 0x50, 0xB0);
         colours.setColor(QPalette::Active, QPalette::WindowText, link);
         colours.setColor(QPalette::Inactive, QPalette::WindowText, link);
         setPalette(colours);

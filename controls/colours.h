@@ -27,12 +27,26 @@ enum class Colour : std::uint32_t {
 
 QColor ToQColor(Colour colour);
 
+// What the panel has beside those: on grounds of its own, as text on dark ones.
+namespace shade {
+inline constexpr QRgb Amber = 0xFFFFC94D;  // wants somebody to look
+inline constexpr QRgb Green = 0xFF1E6B3C;  // live, on
+inline constexpr QRgb Blue = 0xFF1F6FA8;   // selected; told, not urgent
+inline constexpr QRgb Volt = 0xFF7AB8FF;   // on a dark ground
+inline constexpr QRgb Curr = 0xFFFFB070;
+}  // namespace shade
+
 // How far two colours stand apart: 1 (not at all) to 21 (black and white); a text is read well from
 // 4 or so.
 double Contrast(const QColor& one, const QColor& other);
 
 // Black or white, whichever reads better on `background`.
 QColor ReadableOn(const QColor& background);
+
+// A ground that white text reads better on.
+inline bool IsDark(const QColor& ground) {
+    return ReadableOn(ground) == Qt::white;
+}
 
 // `one` with this share (0 to 1) of `other` in it.
 QColor Between(const QColor& one, const QColor& other, double share);

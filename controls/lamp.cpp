@@ -47,7 +47,7 @@ void Lamp::paintEvent(QPaintEvent* /*event*/) {
     const QPointF middle = QRectF(rect()).center();
     const double socket = qMin(width(), height()) / 2.0;
     const bool lit = Shown != Idle;
-    const bool darkDesktop = ReadableOn(palette().color(QPalette::Window)) == Qt::white;
+    const bool darkDesktop = IsDark(palette().color(QPalette::Window));
     if (lit || darkDesktop) {
         painter.setBrush(Qt::black);
         painter.drawEllipse(middle, socket, socket);

@@ -1,5 +1,7 @@
 #include "controls/message_icons.h"
 
+#include "controls/colours.h"
+
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -9,7 +11,7 @@ namespace zps {
 namespace {
 
 constexpr double Side = 48;  // of the square that the signs are drawn in
-const QColor Blue(0x1F, 0x6F, 0xA8);
+const QColor Blue(shade::Blue);
 const QColor Amber(0xFF, 0xB8, 0x1C);
 const QColor DeepRed(0xC6, 0x28, 0x28);
 

@@ -34,9 +34,7 @@ void NumberPanels::AddLabel(int number) {
     label->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setIndent(3);
-    QFont face = label->font();
-    SetNumberFace(face);
-    label->setFont(face);
+    SetNumberFace(*label);
     // An empty panel is as large as a full one, so that no reply moves the others.
     label->setText(QStringLiteral("000"));
     label->setMinimumSize(label->sizeHint() + QSize(1, 0));

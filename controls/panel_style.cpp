@@ -30,7 +30,7 @@ void PanelStyle::polish(QPalette& palette) {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         const QColor text = palette.color(group, QPalette::HighlightedText);
         if (Contrast(palette.color(group, QPalette::Highlight), text) >= readable) continue;
-        palette.setColor(group, QPalette::Highlight, QColor(0x1F, 0x6F, 0xA8));
+        palette.setColor(group, QPalette::Highlight, QColor(shade::Blue));
         palette.setColor(group, QPalette::HighlightedText, Qt::white);
     }
     for (const auto& [text, ground] : {std::pair{QPalette::WindowText, QPalette::Window},

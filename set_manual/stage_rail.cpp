@@ -22,7 +22,7 @@ struct StateLook {
 StateLook LookOf(StageState state) {
     switch (state) {
         case StageState::Running:
-            return {"진행 중", Sign::Running, 0xFF1F6FA8, 0xFF7AB8FF};
+            return {"진행 중", Sign::Running, shade::Blue, 0xFF7AB8FF};
         case StageState::Done:
             return {"완료", Sign::Good, 0xFF1E7B34, 0xFF7BD88F};
         case StageState::Failed:
@@ -60,8 +60,7 @@ void StageRail::Show(const CheckProgress& progress) {
 void StageRail::ShowStage(CheckStage stage, StageState state) {
     SignLabel& label = *Stages.at(static_cast<std::size_t>(stage));
     const StateLook look = LookOf(state);
-    const bool onLight = ReadableOn(palette().color(QPalette::Window)) == Qt::black;
-    const QColor colour(onLight ? look.OnLight : look.OnDark);
+    const QColor colour(IsDark(palette().color(QPalette::Window)) ? look.OnDark : look.OnLight);
     QPalette colours;
     colours.setColor(QPalette::WindowText, colour);
     label.setPalette(colours);

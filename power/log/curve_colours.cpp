@@ -1,5 +1,6 @@
 #include "power/log/curve_colours.h"
 
+#include "controls/colours.h"
 #include "power/log/chart_table.h"
 
 #include <array>
@@ -13,15 +14,13 @@ struct Pair {
     QRgb OnDark;
 };
 constexpr std::array<Pair, ChartColumns> Colours{
-    {{0xFF0050B0, 0xFF7AB8FF}, {0xFFB03A00, 0xFFFFB070}}};
+    {{0xFF0050B0, shade::Volt}, {0xFFB03A00, shade::Curr}}};
 
 }  // namespace
 
 QColor CurveColour(int column, const QPalette& palette) {
     const Pair& pair = Colours.at(static_cast<std::size_t>(column));
-    const bool dark =
-        palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
-    QColor colour(dark ? pair.OnDark : pair.OnLight);
+    QColor colour(IsDark(palette.color(QPalette::Base)) ? pair.OnDark : pair.OnLight);
     if (palette.currentColorGroup() == QPalette::Disabled) colour.setAlphaF(0.4F);
     return colour;
 }

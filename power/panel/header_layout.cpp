@@ -118,7 +118,7 @@ QWidget* MakeIdentity(PowerControls& controls) {
 }
 
 void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) {
-    const QColor amber(0xFF, 0xE0, 0x8A);
+    const QColor amber(shade::Amber);
     QLabel& line = *controls.lblNOTICE;
     Say(line, event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text : QString());
     line.setToolTip(line.text());  // a narrow window may have no room for all of it

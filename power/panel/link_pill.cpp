@@ -36,71 +36,55 @@ QString TextOf(const LinkWatch::View& view) {
     return QStringLiteral("조회 안 함");
 }
 
-// Invalid where the colour is the desktop's.
-QColor PlateOf(Pulse state) {
-    if (state == Pulse::Late || state == Pulse::Paused) return {0xFF, 0xC9, 0x40};
+// Invalid where there is nothing to point out.
+QColor GroundOf(Pulse state) {
+    if (state == Pulse::Late || state == Pulse::Paused) return shade::Amber;
     if (state == Pulse::Gone) return {0xC6, 0x28, 0x28};
     return {};
 }
 
 }  // namespace
 
-LinkPill::LinkPill(const QString& name, const QString& accessibleName) {
-    setObjectName(name);
-    setAccessibleName(accessibleName);
-    setTextFormat(Qt::PlainText);
+LinkPill::LinkPill(const QString& name, const QString& accessibleName)
+    : Pill(name, TextOf({}), accessibleName) {
     QFont face = font();
     const QStringList words = face.families();
     SetNumberFace(face);
     face.setFamilies(face.families() + words);
     setFont(face);
+    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     const QFontMetrics metrics(face);
     const int high = metrics.height() + 8;
     setContentsMargins(high, 0, high / 2, 0);
     setFixedSize(metrics.horizontalAdvance(QStringLiteral("응답 없음 000초")) + high * 3 / 2 + 2,
                  high);
-    setText(TextOf({}));
 }
 
 void LinkPill::Show(const LinkWatch::View& view) {
     setText(TextOf(view));
     if (view.State == State) return;
     State = view.State;
-    QPalette colours;
-    if (const QColor plate = PlateOf(State); plate.isValid()) {
-        colours.setColor(QPalette::Window, plate);
-        colours.setColor(QPalette::WindowText, ReadableOn(plate));
-    }
-    setPalette(colours);
+    Fill(GroundOf(State));
     update();
 }
 
 void LinkPill::paintEvent(QPaintEvent* event) {
+    Pill::paintEvent(event);
     const QColor text = palette().color(foregroundRole());
-    QColor plate = PlateOf(State);
-    if (!plate.isValid()) {
-        plate = text;
-        plate.setAlphaF(0.08F);
-    }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(plate);
-    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
     const double radius = height() / 5.0;
     const QPointF centre(height() * 0.58, height() / 2.0);
     if (State == Pulse::Answers || State == Pulse::Late) {
+        painter.setPen(Qt::NoPen);
         painter.setBrush(State == Pulse::Late ? text : QColor(0x1E, 0x9E, 0x3E));
         painter.drawEllipse(centre, radius, radius);
-    } else {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(text, radius / 2.5));
-        painter.drawEllipse(centre, radius, radius);
-        const QPointF slope(radius * 1.3, -radius * 1.3);
-        if (State == Pulse::Gone) painter.drawLine(centre - slope, centre + slope);
+        return;
     }
-    painter.end();
-    QLabel::paintEvent(event);
+    painter.setPen(QPen(text, radius / 2.5));
+    painter.drawEllipse(centre, radius, radius);
+    const QPointF slope(radius * 1.3, -radius * 1.3);
+    if (State == Pulse::Gone) painter.drawLine(centre - slope, centre + slope);
 }
 
 }  // namespace zps

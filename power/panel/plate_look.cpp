@@ -18,10 +18,10 @@ const QColor Ground(0x10, 0x14, 0x18);
 const QColor Ink(0xC4, 0xCC, 0xD4);
 const QColor Amber(0xFF, 0xB0, 0x20);
 const QColor Calm(0x3A, 0x42, 0x4A);
-const QColor Live(0x1E, 0x6B, 0x3C);
-const QColor Limited(0xFF, 0xB0, 0x70);
-const QColor Steady(0x1F, 0x5F, 0xA8);
-constexpr double Faded = 0.3;  // of the ground in a number that is old
+const QColor Live(shade::Green);
+const QColor Limited(shade::Curr);
+const QColor Steady(shade::Blue);
+constexpr double Past = 0.3;  // of the ground in a number that is old
 
 struct Number {
     ReadOut* Shown;
@@ -29,15 +29,15 @@ struct Number {
 };
 
 std::array<Number, 3> Numbers(const PowerControls& c) {
-    return {{{c.txtVOLT, {0x7A, 0xB8, 0xFF}},
-             {c.txtCURR, {0xFF, 0xB0, 0x70}},
+    return {{{c.txtVOLT, QColor(shade::Volt)},
+             {c.txtCURR, QColor(shade::Curr)},
              {c.Plate.txtWATT, {0xA8, 0xD8, 0xA0}}}};
 }
 
 QColor NumberColour(Kind kind, const QColor& measured) {
     if (kind == Kind::Measured) return measured;
     const bool old = kind == Kind::LastMeasured || kind == Kind::NoAnswer;
-    return old ? Between(measured, Ground, Faded) : Ink;
+    return old ? Between(measured, Ground, Past) : Ink;
 }
 
 QColor BadgeColour(Kind kind) {

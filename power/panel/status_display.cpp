@@ -22,7 +22,7 @@ void Light(PowerControls& c, const Function& function, bool on) {
 
 QColor StateColour(const Function& function, bool on) {
     if (!on) return {};
-    return &function == &OutputFunction() ? ToQColor(Colour::DarkRed) : QColor(0x1E, 0x6B, 0x3C);
+    return &function == &OutputFunction() ? ToQColor(Colour::DarkRed) : QColor(shade::Green);
 }
 
 Control ControlOf(std::uint8_t bits) {

@@ -13,8 +13,6 @@ namespace zps {
 
 namespace {
 
-const QColor Amber(0xFF, 0xC9, 0x4D);
-
 struct Item {
     RowState State;
     StepMark Mark;
@@ -74,7 +72,7 @@ QWidget* MakeEditing() {
     auto* label = MakeLabel(QStringLiteral("lblEDITING"),
                             QStringLiteral("입력 중: Enter 확정 · Esc 취소 · F9 출력 끄기"));
     label->setIndent(6);
-    PaintBackground(*label, Amber);
+    PaintBackground(*label, QColor(shade::Amber));
     return label;
 }
 
