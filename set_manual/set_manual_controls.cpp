@@ -64,9 +64,7 @@ QComboBox* MakeList(const QString& name, const QString& accessible) {
 
 ReadOut* MakeRating(const QString& name, const QString& accessible) {
     auto* rating = new ReadOut(name, QStringLiteral("0"), accessible);
-    QFont digits = rating->font();
-    SetNumberFace(digits);
-    rating->setFont(digits);
+    SetNumberFace(*rating);
     ShowOnly(*rating);
     return rating;
 }

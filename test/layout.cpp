@@ -25,16 +25,10 @@ constexpr int HeaderBytes = 3;
 constexpr double VerdictSize = 2.4;  // times the desktop's text
 constexpr int VerdictHeight = 40;
 
-void SetInNumberFace(QWidget& widget) {
-    QFont face = widget.font();
-    SetNumberFace(face);
-    widget.setFont(face);
-}
-
 // A number in a box with room for three digits.
 QLabel* MakeNumber(const QString& name, const QString& accessible) {
     auto* number = MakeLabel(name, QStringLiteral("0"), accessible);
-    SetInNumberFace(*number);
+    SetNumberFace(*number);
     number->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setIndent(4);
@@ -67,7 +61,7 @@ QWidget* MakeTarget(TestControls& controls) {
                                         QStringLiteral("Port no. 통신 포트"));
     ShowOnly(*controls.txtPCOMMPORT);
     for (QLineEdit* field : {controls.txtPADDR, static_cast<QLineEdit*>(controls.txtPCOMMPORT)})
-        SetInNumberFace(*field);
+        SetNumberFace(*field);
     controls.cmdENQ = MakeButton(QStringLiteral("cmdENQ"), QStringLiteral("ENQ"));
     controls.cmdDLE = MakeButton(QStringLiteral("cmdDLE"), QStringLiteral("DLE"));
     GiveKey(*controls.cmdENQ, Qt::Key_F2, QStringLiteral("전원 장치가 응답하는지 확인"));
@@ -101,7 +95,7 @@ QWidget* MakeHeader(TestControls& controls) {
     controls.lblSTAMP->setToolTip(
         QStringLiteral("판정한 시각, 받은 바이트 수, 보낸 뒤 첫 바이트가 올 때까지 걸린 시간"));
     controls.lblSTAMP->setAlignment(Qt::AlignCenter);
-    SetInNumberFace(*controls.lblSTAMP);
+    SetNumberFace(*controls.lblSTAMP);
     auto* grid = new QGridLayout;
     for (std::size_t i = 0; i < headings.size(); ++i) {
         const QString heading = QString::fromUtf8(headings.at(i));

@@ -34,9 +34,7 @@ constexpr std::size_t FieldsPerLine = 3;
 constexpr double CountSize = 1.25;
 
 void MakeFigures(QLabel& label, double size) {
-    QFont digits = label.font();
-    SetNumberFace(digits);
-    label.setFont(digits);
+    SetNumberFace(label);
     if (size > 1) Enlarge(label, size);
 }
 
@@ -46,7 +44,7 @@ void ReserveFor(QLabel& label, const char* widest) {
 
 QLabel* MakeOld() {
     auto* old = MakeLabel(QStringLiteral("lblOLD"), QStringLiteral("이전 응답"));
-    PaintBackground(*old, QColor(0xFF, 0xC1, 0x4D));
+    PaintBackground(*old, QColor(shade::Amber));
     old->setContentsMargins(6, 0, 6, 0);
     QSizePolicy policy = old->sizePolicy();
     policy.setRetainSizeWhenHidden(true);

@@ -41,9 +41,7 @@ LogChart::LogChart(QWidget* parent)
     setMinimumSize(260, 100);
     lblCHARTDIFF->setAlignment(Qt::AlignCenter);
     lblCHARTDIFF->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    QFont figures = font();
-    SetNumberFace(figures);
-    lblCHARTDIFF->setFont(figures);
+    SetNumberFace(*lblCHARTDIFF);
     LayOut();
     ColourTitles();
 }

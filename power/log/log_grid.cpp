@@ -37,9 +37,7 @@ LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     AddCopyActions();
-    QFont figures = font();
-    SetNumberFace(figures);
-    setFont(figures);
+    SetNumberFace(*this);
     MeasureColumns();
     connect(&Copy, &LogCopy::Copied, this, &LogGrid::Copied);
     connect(&model, &QAbstractItemModel::rowsInserted, this,

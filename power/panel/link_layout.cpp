@@ -21,17 +21,14 @@ constexpr int ReplyPanels = 14;
 QLabel* MakeCounter(const QString& name, const QString& what) {
     auto* counter = new TabLabel(name, QStringLiteral("ZPS"), what);
     counter->setAlignment(Qt::AlignCenter);
-    QFont face = counter->font();
-    SetNumberFace(face);
-    counter->setFont(face);
+    SetNumberFace(*counter);
     counter->setMinimumWidth(WidthFor(*counter, QStringLiteral("0000")));
     QPalette palette = counter->palette();
     const QColor ground = palette.color(QPalette::Base);
     PaintBackground(*counter, ground);
     palette = counter->palette();
-    palette.setColor(QPalette::WindowText, ReadableOn(ground) == Qt::black
-                                               ? QColor(0xC0, 0, 0)
-                                               : QColor(0xFF, 0x80, 0x80));
+    palette.setColor(QPalette::WindowText,
+                     IsDark(ground) ? QColor(0xFF, 0x80, 0x80) : QColor(0xC0, 0, 0));
     counter->setPalette(palette);
     return counter;
 }

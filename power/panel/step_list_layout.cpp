@@ -60,9 +60,7 @@ class StepCells : public GrowingFrame {
 EntryField* MakeField(const Column& column, int row, QWidget* parent) {
     auto* field = new EntryField(QStringLiteral("%1_%2").arg(QLatin1String(column.Name)).arg(row),
                                  SpokenName(column.Fields, row), parent);
-    QFont face = field->font();
-    SetNumberFace(face);
-    field->setFont(face);
+    SetNumberFace(*field);
     field->setFrame(false);
     field->setTextMargins(0, 0, TextMargin, 0);
     field->setText(QString::fromUtf8(column.Start));
@@ -141,9 +139,7 @@ QLayout* MakeFoot(PowerControls& controls) {
     controls.fraSTEPLEGEND = new StepLegend(controls.fraSTEPLIST);
     controls.lblSTEPRANGE =
         MakeLabel(QStringLiteral("lblSTEPRANGE"), {}, QStringLiteral("보이는 단계"));
-    QFont face = controls.lblSTEPRANGE->font();
-    SetNumberFace(face);
-    controls.lblSTEPRANGE->setFont(face);
+    SetNumberFace(*controls.lblSTEPRANGE);
     auto* foot = new QHBoxLayout;
     foot->addWidget(controls.fraSTEPLEGEND, 1);
     foot->addWidget(controls.lblSTEPRANGE);

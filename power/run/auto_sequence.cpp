@@ -50,11 +50,8 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& pro
     Parts.Controls.txtPAUTOSTEP->setMaxLength(LongestText);
     Parts.Controls.txtPAUTOSTEP->setPlaceholderText(QStringLiteral("예: 00>01>02>"));
     Parts.Controls.txtPAUTOCOUNT->SetUnit(QStringLiteral("회"));
-    for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
-        QFont face = box->font();
-        SetNumberFace(face);
-        box->setFont(face);
-    }
+    for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT})
+        SetNumberFace(*box);
     Repaint();
     Entries::Rules sequence;
     sequence.GotFocus = [this] { Told.clear(); };
