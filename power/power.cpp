@@ -55,6 +55,7 @@ struct POWER::Inside {
     LastEvent Happened;
     LinkQuality Quality;
     Polling Polls;
+    AwaitedAnswer Answer;
     HeldSteps Held;
     LinkReport Report;
     ReadOuts Shown;
@@ -93,7 +94,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Door(window),
       Quality(Time, [this] { return Out.On(); }),
       Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
-      Held(source, *comPOWER, Sender, Time),
+      Answer(source, *comPOWER, Sender, Time),
+      Held(source, Sender, Answer),
       Report(Parts, Held, Quality, Happened, TimeAtOnce),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
@@ -112,11 +114,11 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
-                    *comPOWER, Log, around.Loop, Time}),
+                    Answer, *comPOWER, Log, around.Loop}),
       Sequence(Parts, Fields, Progress),
       Display(Controls, TimeAtOnce, {source, Out, Shown, Rows, Progress, Quality}),
-      Replies(Parts, {*comPOWER, Held, OutputButton, Out, Happened, Start, Polls, Quality,
-                      Functions, Shown, Log, Progress}) {
+      Replies(Parts, {*comPOWER, Answer, Out, Happened, Start, Polls, Quality, Functions, Shown,
+                      Log, Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
@@ -208,14 +210,14 @@ POWER::~POWER() = default;
 
 void POWER::Form_Load() {
     SOURCE& source = Self->Parts.Source;
-    source.RxBusy = false;
+    source.WasHandled();
+    source.Settle();
     Self->comPOWER->SetCommPort(source.CommPort);
     Self->comPOWER->SetPortOpen(true);
     source.SetStartScales();
     source.PowerAddr = source.SetAddr;
     ShowModel();
     Self->Report.ShowConnection(Self->comPOWER->Device());
-    source.ReplyFlag = ExpectAck;
     Self->Controls.frmPOWERDISPLAY->setVisible(true);
     Self->Rows.Highlight(0);
     Self->Refresh();
@@ -280,7 +282,7 @@ void POWER::ShowPanels(bool identified, bool checked) {
         frame->setVisible(identified);
     }
     if (checked || !Self->PortTrouble.isEmpty())
-        Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+        Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult(), Self->PortTrouble);
     else
         Self->Controls.fraNOLINK->ExplainUnchecked();
     Self->Controls.fraNOLINK->setVisible(!identified);

@@ -37,7 +37,7 @@ TEST_F(RunReplies, ABadDataReplyCountsByItsKindAndLeavesTheReadings) {
                "0 2 1",
                "1 2 8 1 5 0 1 1 0 1 1 7 0 8"}}) {
         Line().Answer(reply);
-        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == reply; }));
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame() == reply; }));
         EXPECT_EQ(Counters() + ": " + Panels(), std::string(counters) + ": " + panels);
         expectReadings();
     }
@@ -161,7 +161,7 @@ TEST_F(RunReplies, OldValuesBehindABoxAreNoReadingButWhatTheySayOfTheOutputHolds
         Choose("mnuPROGRAM_END");
         Boxes.WhileUp = nullptr;
         const int rows = log.RowCount();
-        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == late; }));
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame() == late; }));
         EXPECT_EQ(log.RowCount(), rows);
         EXPECT_EQ(Texts(*this, {"txtVOLT", "txtSTEP", "Output_ONOFF"}),
                   on ? "12.100 03 ON" : "12.100 09 OFF");

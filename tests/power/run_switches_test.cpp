@@ -132,15 +132,15 @@ TEST_F(RunSwitches, AnObjectionDuringTheWaitCallsTheSwitchingOnOffAndALineSaysWh
              Line().Arrive({1, 21, 22});
          },
          "거부"},
-        {[&] { Source().ReplyFlag = ExpectData, Line().Arrive(Reading(1, 9)); }, "코드 9"},
-        {[&] { Source().ReplyFlag = ExpectData, Line().Arrive(Reading(1, 5)); }, "코드 5"},
+        {[&] { Source().Expect(ExpectData), Line().Arrive(Reading(1, 9)); }, "코드 9"},
+        {[&] { Source().Expect(ExpectData), Line().Arrive(Reading(1, 5)); }, "코드 5"},
         {[&] { Boxes.Show(&Main(), {}); }, "1초"}};
     for (const auto& [objects, words] : objections) {
         InTheWait(objects);
         Click("cmdOUTPUT");
         EXPECT_EQ(Sent() + Texts(*this, {"Output_ONOFF"}), "OFF");
         EXPECT_TRUE(Text("lblNOTICE").contains(words)) << Text("lblNOTICE").toStdString();
-        Source().RxBusy = false;
+        Source().WasHandled();
     }
 }
 
@@ -162,7 +162,8 @@ TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
           Case{{1, 21, 22}, nothing, "끄기 명령을 거부"}, Case{Acknowledged, nothing, ""},
           Case{{1, 6}, nothing, "끄기 명령에 응답이 없습니다"},
           Case{{}, [&] { Press("cmdOCP"); }, "끄기 명령에 응답이 없습니다"},
-          Case{Acknowledged, silentCommand, ""}, Case{Acknowledged, refusedCommand, "O.C.P|과전류"},
+          Case{Acknowledged, silentCommand, ""},
+          Case{Acknowledged, refusedCommand, "거부했습니다: 과전류 보호 (켜|끄)기"},
           Case{{}, otherWindow, "끄기 명령에 응답이 없습니다"},
           Case{Acknowledged, otherWindow, ""}}) {
         ASSERT_TRUE(SwitchOn());
@@ -192,7 +193,7 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     EXPECT_EQ(shown(), "출력 중");
     // A reply that was under way when the output was switched off tells nothing.
     ASSERT_TRUE(Press("cmdOUTPUT"));
-    Source().ReplyFlag = ExpectData;
+    Source().Expect(ExpectData);
     Line().Arrive(Data);
     ASSERT_TRUE(Settle());
     EXPECT_EQ(shown(), "출력 꺼짐");

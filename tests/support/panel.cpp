@@ -35,7 +35,8 @@ bool SimulatedPanel::Open() {
     Run.Settings()->close();
     // The step start sends the top step, and its answer asks for one status poll.
     return QTest::qWaitForWindowActive(&Main()) && WaitFor([this] {
-               return Source().RxResult == Reply::Data && !Source().RxBusy && Source().StepFlag(0);
+               return Source().RxResult() == Reply::Data && !Source().RxBusy() &&
+                      Source().StepFlag(0);
            }) &&
            (Frames(), true);
 }

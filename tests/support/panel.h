@@ -112,7 +112,7 @@ class Panel {
     void Enter(const char* field, const QString& text) { Type(field, text), Leave(); }
     // Waits until every frame has its reply handled.
     bool Settle() {
-        return WaitFor([this] { return !Source().RxBusy; });
+        return WaitFor([this] { return !Source().RxBusy(); });
     }
 
     // Waits until the settings window shows this caption for the data probe.

@@ -92,8 +92,8 @@ TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
     now = now.addSecs(60);
     EXPECT_EQ(last.Get()->At.toString("HH:mm:ss ") + last.Get()->Text,
               "14:31:05 SET OVER VOLTAGE!!! (코드 5)");
-    last.Note(EventKind::Refused, RequestText({1, 2, 4, 27, 'A', 0, 0, 3, 0}));
-    EXPECT_EQ(last.Get()->Text + RequestText({1, 17, 18}), "출력 끄기제어 명령");
+    last.Note(EventKind::Refused, RequestText({letter::Output, 0}));
+    EXPECT_EQ(last.Get()->Text + RequestText({}), "출력 끄기제어 명령");
     EXPECT_TRUE(RefusalText(3, Only(StepValue::Ovp)).contains("단계 03의 O.V.P 설정을"));
     EXPECT_TRUE(RefusalText(3, AllValues()).contains("단계 03의 값을"));
     EXPECT_TRUE(RefusalText(3, {}).contains("단계 03의 선택을"));
