@@ -107,8 +107,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
       Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
-      Start(
-          Time, [this] { return SendTopStep(); }, [this] { AskStatus(); }),
+      Start(Time, {[this] { return SendTopStep(); }, [this] { AskStatus(); },
+                   [this] { return Out.Known() != OutputState::Off; }}),
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),

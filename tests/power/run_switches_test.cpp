@@ -183,9 +183,12 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     ASSERT_TRUE(Press("cmdPREMOTE") && AreSent(3) && SwitchOn() && Press("cmdPREMOTE"));
     EXPECT_EQ(shown(), "출력 상태 모름 (본체 제어)");
     EXPECT_TRUE(Text("lblNOTICE").contains("본체 제어로 바꿨습니다"));
-    Click("cmdPREMOTE");
+    Sent();
     Data = Reading(4 + 192);
+    Click("cmdPREMOTE");
     ASSERT_TRUE(WaitFor([&] { return Text("lblNOTICE").contains("켜져 있다고 알립니다"); }));
+    EXPECT_FALSE(AreSent(3, 500ms));
+    EXPECT_EQ(Sent(), "r?");  // no value goes to the live output
     EXPECT_EQ(shown(), "출력 켜짐 (전원 장치가 알림)전원 장치가 알린 상태: ON");
     EXPECT_EQ(Lit("OutputLED"), DarkRed);
     EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
@@ -200,6 +203,13 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     EXPECT_EQ(Lit("OutputLED"), PaleOrange);
     ASSERT_TRUE(Press("cmdPREMOTE"));  // with the output off nothing is in doubt
     EXPECT_EQ(shown() + Text("lblNOTICE"), "출력 꺼짐");
+    // Switched off at the front panel: the step starts once the supply has told that.
+    ASSERT_TRUE(Press("cmdPREMOTE") && AreSent(3) && SwitchOn() && Press("cmdPREMOTE"));
+    Sent();
+    Data = Reading(192);
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(AreSent(4));
+    EXPECT_EQ(Sent() + shown().toStdString(), "r?U?출력 꺼짐");
 }
 
 TEST_F(RunSwitches, AClosedPortIsReportedBeforeAnythingIsShownAsSwitchedOn) {
