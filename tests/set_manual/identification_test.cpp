@@ -139,6 +139,8 @@ TEST(Choice, OfAnAddressIdentifiesTheSupplyThereAndMadeInErrorCostsNothing) {
     QTest::keyClick(list.view(), Qt::Key_Return);
     EXPECT_TRUE(WaitFor([&] { return !panel.Line().Written().empty(); }));
     EXPECT_EQ(panel.Line().WrittenData().front(), Control(8, 5));
+    EXPECT_TRUE(PressFromOutside(panel.GetSetting<QRadioButton>("optPORT_2")));
+    EXPECT_EQ(panel.Source().CommPort, 2);
 }
 
 TEST(Choice, PutsTheResultsBackAndKeepsTheOutcomeOfTheSameSupplyOnly) {

@@ -27,7 +27,15 @@ bool Panel::WaitForDataResult(const QString& caption, std::chrono::milliseconds 
 
 bool SimulatedPanel::Identify() {
     Run.StartUp();
-    return WaitForDataResult(QStringLiteral("통신ok = DATA수신!!!"));
+    const auto failed = [this](const char* result) {
+        return GetSetting<QLabel>(result).text().contains(QStringLiteral("에라"));
+    };
+    // On a busy machine the line may answer too late for the check, which is made again then.
+    return WaitFor([&] {
+        if (failed("lblZPS_ENQ") || failed("lblZPS_DLE"))
+            GetSetting<QAbstractButton>("optPORT_1").click();
+        return GetSetting<QLabel>("lblZPS_DLE").text() == QStringLiteral("통신ok = DATA수신!!!");
+    });
 }
 
 bool SimulatedPanel::Open() {
