@@ -53,10 +53,13 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-// A list drops down as many rows as it is told to; the toolkit's own would show them all.
 int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* more) const {
-    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
+    // A list drops down as many rows as it is told to; the toolkit's own would show them all.
+    if (hint == SH_ComboBox_Popup) return 0;
+    // The Alt key alone leads to the menus and back.
+    if (hint == SH_MenuBar_AltKeyNavigation) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
 QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
