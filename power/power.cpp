@@ -312,6 +312,7 @@ void POWER::FunctionsReset() {
     if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
     Self->Out.WentOff();
     Self->Functions.Reset();
+    Self->Sequence.Reset();
     Self->Progress.Forget();
 }
 
