@@ -284,6 +284,7 @@ void POWER::ShowPanels(bool identified, bool checked) {
     else
         Self->Controls.fraNOLINK->ExplainUnchecked();
     Self->Controls.fraNOLINK->setVisible(!identified);
+    if (!identified) Self->Controls.fraNOLINK->cmdSET_MANU->setFocus();
     if (identified)
         Self->Start.Begin();
     else
