@@ -59,6 +59,13 @@ int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
 }
 
+// The toolkit's own width is too small for large letters, and its menus would cut their texts.
+QSize PanelStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_MenuItem ? size + QSize(option->fontMetrics.height(), 0) : size;
+}
+
 QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                const QWidget* widget) const {
     switch (which) {
