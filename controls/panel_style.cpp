@@ -50,6 +50,9 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         if (element == PE_PanelButtonCommand) return DrawPaintedButton(*option, *painter);
         if (element == PE_FrameFocusRect) return;  // would tint the colour; its own frame tells
     }
+    if (const auto* focus = qstyleoption_cast<const QStyleOptionFocusRect*>(option);
+        focus != nullptr && element == PE_FrameFocusRect)
+        return DrawFocus(*focus, *painter);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -93,6 +96,19 @@ void PanelStyle::DrawFrame(const QStyleOption& option, QPainter& painter) {
     qDrawPlainRect(&painter, option.rect, LineColour(option));
 }
 
+// The toolkit's own is too faint for a dark desktop.
+void PanelStyle::DrawFocus(const QStyleOptionFocusRect& option, QPainter& painter) {
+    if (!option.state.testFlag(State_KeyboardFocusChange)) return;
+    constexpr double width = 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(FocusColour(option.palette, option.backgroundColor), width));
+    painter.setBrush(Qt::NoBrush);
+    const double inset = width / 2;
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), 3, 3);
+    painter.restore();
+}
+
 void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
     // Below the title, as the toolkit's own style has it.
     constexpr int gap = 3;
@@ -109,10 +125,11 @@ void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
 void PanelStyle::DrawPaintedButton(const QStyleOption& option, QPainter& painter) {
     const bool pressed = option.state.testAnyFlags(State_Sunken | State_On);
     const bool focused = option.state.testFlags(State_HasFocus | State_KeyboardFocusChange);
-    QColor frame =
-        option.palette.color(focused && !pressed ? QPalette::Highlight : QPalette::ButtonText);
+    const QColor ground = option.palette.color(QPalette::Button);
+    QColor frame = focused && !pressed ? FocusColour(option.palette, ground)
+                                       : option.palette.color(QPalette::ButtonText);
     if (!focused && !pressed) frame.setAlphaF(option.state & State_Enabled ? 0.4F : 0.15F);
-    painter.fillRect(option.rect, option.palette.color(QPalette::Button));
+    painter.fillRect(option.rect, ground);
     qDrawPlainRect(&painter, option.rect, frame, pressed ? 3 : focused ? 2 : 1);
 }
 

@@ -1,5 +1,6 @@
 #include "power/panel/step_button.h"
 
+#include "controls/colours.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
@@ -76,7 +77,7 @@ void StepButton::paintEvent(QPaintEvent* /*event*/) {
 
 void StepButton::DrawKey(QPainter& painter) const {
     QColor edge = painter.pen().color();
-    if (hasFocus()) edge = palette().color(QPalette::Highlight);
+    if (hasFocus()) edge = FocusColour(palette(), palette().color(QPalette::Button));
     edge.setAlphaF(hasFocus() || isDown() || underMouse() ? 1 : 0.45F);
     const double width = isDown() || hasFocus() ? 2 : 1;
     painter.setRenderHint(QPainter::Antialiasing);
