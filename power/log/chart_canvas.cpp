@@ -302,7 +302,10 @@ void ChartCanvas::Drawing::LabelTimes() {
     if (width <= 0) return;
     // What is written behind the curves needs room, too.
     const int room = metrics.horizontalAdvance(QStringLiteral("000.0000")) + 8;
-    const double pixels = std::max(1, Plot.axisRect()->width() - room);
+    // The library measures its axes only when it draws.
+    const QMargins margins = Plot.axisRect()->margins();
+    const int axis = Plot.parentWidget()->width() - margins.left() - margins.right();
+    const double pixels = std::max(1, axis - room);
     Plot.xAxis->setRange(Times.Low - BeforeStart * width, Times.High + width * room / pixels);
     const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
     const auto& ticks = Times.Ticks;
