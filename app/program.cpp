@@ -103,6 +103,8 @@ void DressApplication() {
     for (const int size : {16, 32, 48, 128, 256})
         icon.addFile(QStringLiteral(":/icons/zps-rs232-%1.png").arg(size), {size, size});
     QApplication::setWindowIcon(icon);
+    // A desktop may have put off telling its own font and style, which then would replace these.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     QApplication::setStyle(new PanelStyle);
     QFont face = QApplication::font();
     face.setFamilies({QStringLiteral("Gulim"), QStringLiteral("굴림"),

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QResizeEvent>
+#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 #include <utility>
@@ -61,6 +62,12 @@ int BigReadOut::UnitWidth(int pixels) const {
 void BigReadOut::paintEvent(QPaintEvent* event) {
     ReadOut::paintEvent(event);
     QPainter painter(this);
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.backgroundColor = palette().color(QPalette::Base);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
     painter.setFont(UnitFont(font().pixelSize()));
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QFontMetrics digits = fontMetrics();

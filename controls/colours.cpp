@@ -69,6 +69,16 @@ QColor DisabledText(const QColor& text, const QColor& background) {
     return text;
 }
 
+QColor FocusColour(const QPalette& palette, const QColor& ground) {
+    constexpr double seen = 3;  // as a shape, not as a text
+    const QColor highlight = palette.color(QPalette::Highlight);
+    for (int percent = 0; percent < 100; percent += 10) {
+        const QColor ring = Between(highlight, ReadableOn(ground), percent / 100.0);
+        if (Contrast(ring, ground) >= seen) return ring;
+    }
+    return ReadableOn(ground);
+}
+
 void PaintBackground(QWidget& control, const QColor& background, const QColor& disabledText) {
     const QColor text = ReadableOn(background);
     const QColor disabled = disabledText.isValid() ? disabledText : DisabledText(text, background);

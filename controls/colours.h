@@ -58,6 +58,10 @@ QColor DisabledText(const QColor& text, const QColor& background);
 // The grey that stands back most on `background` and can still be read.
 QColor FaintOn(const QColor& background);
 
+// A ring around what has the focus, seen on `ground`: the highlight of `palette`, lighter or darker
+// where it must be.
+QColor FocusColour(const QPalette& palette, const QColor& ground);
+
 // Gives `control` this background with a readable text, enabled or not; while it is disabled in
 // `disabledText`, if that is given.
 void PaintBackground(QWidget& control, const QColor& background, const QColor& disabledText = {});

@@ -67,7 +67,16 @@ void EntryField::ShowWords() {
 
 void EntryField::SetUnit(const QString& unit) {
     Unit = unit;
-    setTextMargins(0, 0, fontMetrics().horizontalAdvance(unit) + 4, 0);
+    MakeRoomForUnit();
+}
+
+void EntryField::MakeRoomForUnit() {
+    if (!Unit.isEmpty()) setTextMargins(0, 0, fontMetrics().horizontalAdvance(Unit) + 4, 0);
+}
+
+void EntryField::changeEvent(QEvent* event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange) MakeRoomForUnit();
 }
 
 void EntryField::focusInEvent(QFocusEvent* event) {

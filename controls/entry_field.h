@@ -51,8 +51,10 @@ class EntryField : public QLineEdit {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
+    void MakeRoomForUnit();
     void ShowWords();
     void DrawFrame(QPainter& painter);
 

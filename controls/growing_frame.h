@@ -18,6 +18,9 @@ class GrowingFrame : public QFrame {
 
     // Gives `widget`, which has a font in pixels, one that grows.
     void GrowText(QWidget& widget);
+    // The same for `root` and all in it that does not grow with a frame of its own; the bounds that
+    // their sizes have been given grow as well.
+    void GrowAll(QWidget& root);
     // Calls `grow` with each new factor.
     void OnGrow(std::function<void(double factor)> grow) { Grow = std::move(grow); }
 
@@ -26,12 +29,23 @@ class GrowingFrame : public QFrame {
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
+    // What is compared with the usual size.
+    virtual QSize Room() const { return size(); }
+
   private:
+    struct Part {
+        QWidget* Widget;
+        int Pixels;   // of its text, usually
+        QSize Least;  // the bounds of its size; none where they are invalid
+        QSize Most;
+    };
+    static void GrowPart(const Part& part, double factor);
+
     const QSize Usual;  // px
     const double Most;
     double Factor = 1;
-    QSize Least;                                  // before it has grown, px
-    std::vector<std::pair<QWidget*, int>> Texts;  // and their usual pixels
+    QSize Least;  // before it has grown, px
+    std::vector<Part> Parts;
     std::function<void(double)> Grow = [](double) {};
 };
 

@@ -5,6 +5,7 @@
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
+#include <QFontInfo>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -68,7 +69,7 @@ void NumberPanels::SetCaptions(const std::vector<QStringList>& groups) {
 
 QFont NumberPanels::CaptionFont() const {
     QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * CaptionSize);
+    small.setPixelSize(qRound(QFontInfo(small).pixelSize() * CaptionSize));
     return small;
 }
 

@@ -58,6 +58,9 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         if (element == PE_PanelButtonCommand) return DrawPaintedButton(*option, *painter);
         if (element == PE_FrameFocusRect) return;  // would tint the colour; its own frame tells
     }
+    if (const auto* focus = qstyleoption_cast<const QStyleOptionFocusRect*>(option);
+        focus != nullptr && element == PE_FrameFocusRect)
+        return DrawFocus(*focus, *painter);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
@@ -79,6 +82,13 @@ int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     // The Alt key alone leads to the menus and back.
     if (hint == SH_MenuBar_AltKeyNavigation) return 1;
     return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+// The toolkit's own width is too small for large letters, and its menus would cut their texts.
+QSize PanelStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_MenuItem ? size + QSize(option->fontMetrics.height(), 0) : size;
 }
 
 QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
@@ -108,6 +118,19 @@ void PanelStyle::DrawFrame(const QStyleOption& option, QPainter& painter) {
     qDrawPlainRect(&painter, option.rect, LineColour(option));
 }
 
+// The toolkit's own is too faint for a dark desktop.
+void PanelStyle::DrawFocus(const QStyleOptionFocusRect& option, QPainter& painter) {
+    if (!option.state.testFlag(State_KeyboardFocusChange)) return;
+    constexpr double width = 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(FocusColour(option.palette, option.backgroundColor), width));
+    painter.setBrush(Qt::NoBrush);
+    const double inset = width / 2;
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), 3, 3);
+    painter.restore();
+}
+
 void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
     // Below the title, as the toolkit's own style has it.
     constexpr int gap = 3;
@@ -124,10 +147,11 @@ void PanelStyle::DrawGroupFrame(const QStyleOption& option, QPainter& painter) {
 void PanelStyle::DrawPaintedButton(const QStyleOption& option, QPainter& painter) {
     const bool pressed = option.state.testAnyFlags(State_Sunken | State_On);
     const bool focused = option.state.testFlags(State_HasFocus | State_KeyboardFocusChange);
-    QColor frame =
-        option.palette.color(focused && !pressed ? QPalette::Highlight : QPalette::ButtonText);
+    const QColor ground = option.palette.color(QPalette::Button);
+    QColor frame = focused && !pressed ? FocusColour(option.palette, ground)
+                                       : option.palette.color(QPalette::ButtonText);
     if (!focused && !pressed) frame.setAlphaF(option.state & State_Enabled ? 0.4F : 0.15F);
-    painter.fillRect(option.rect, option.palette.color(QPalette::Button));
+    painter.fillRect(option.rect, ground);
     qDrawPlainRect(&painter, option.rect, frame, pressed ? 3 : focused ? 2 : 1);
 }
 

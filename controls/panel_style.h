@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QProxyStyle>
+#include <QStyleOptionFocusRect>
 
 namespace zps {
 
@@ -24,12 +25,15 @@ class PanelStyle : public QProxyStyle {
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
                   const QWidget* widget = nullptr, QStyleHintReturn* more = nullptr) const override;
 
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override;
 
   private:
     static QColor LineColour(const QStyleOption& option);
     static void DrawFrame(const QStyleOption& option, QPainter& painter);
+    static void DrawFocus(const QStyleOptionFocusRect& option, QPainter& painter);
     static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);
     static void DrawPaintedButton(const QStyleOption& option, QPainter& painter);
 };

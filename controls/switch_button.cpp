@@ -15,8 +15,8 @@ namespace zps {
 
 namespace {
 
-constexpr int Gap = 6;        // px, around the key
-constexpr double Most = 1.7;  // times the usual height
+constexpr int Gap = 6;      // px, around the key
+constexpr double Most = 3;  // times the usual height
 
 QFont CaptionFont(const QFont& desktop, int height) {
     QFont font = desktop;

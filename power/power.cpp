@@ -286,6 +286,7 @@ void POWER::ShowPanels(bool identified, bool checked) {
     else
         Self->Controls.fraNOLINK->ExplainUnchecked();
     Self->Controls.fraNOLINK->setVisible(!identified);
+    if (!identified) Self->Controls.fraNOLINK->cmdSET_MANU->setFocus();
     if (identified)
         Self->Start.Begin();
     else
@@ -314,6 +315,7 @@ void POWER::FunctionsReset() {
     if (Self->Out.On()) Self->Shown.ShowStep(Self->Rows.CurStep());
     Self->Out.WentOff();
     Self->Functions.Reset();
+    Self->Sequence.Reset();
     Self->Progress.Forget();
 }
 

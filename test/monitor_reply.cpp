@@ -81,16 +81,14 @@ std::string TextOf(const Stamp& stamp) {
     return stamp.Clock + " · " + std::to_string(stamp.Bytes) + "바이트 · " + outcome;
 }
 
-std::array<FieldText, FieldCount> DecodeFields(std::span<const std::uint8_t, DataLength> bytes,
-                                               bool ratingsKnown) {
+std::array<FieldText, FieldCount> DecodeFields(std::span<const std::uint8_t, DataLength> bytes) {
     const ReadBack values = ReadDataReply(bytes);
     const RatingFields counts = ReadRatingFields(bytes);
     const bool outputOff = (values.Status & status::Output) == 0;
     const auto tenths = [&](int count, const char* unit) {
         constexpr double perUnit = 10;
         FieldText text{std::to_string(count), {}};
-        if (ratingsKnown && outputOff)
-            text.Scaled = "= " + FormatFixed(count / perUnit, 1) + " " + unit;
+        if (outputOff) text.Scaled = "= " + FormatFixed(count / perUnit, 1) + " " + unit;
         return text;
     };
     return {FieldText{std::to_string(values.Status), {}},

@@ -43,8 +43,8 @@ struct FieldText {
     std::string Count;
     std::string Scaled;  // the same in volts or amperes; empty where it is none, or not known
 };
-// While the output is off the counts are tenths, of the ratings and of the over-voltage level.
-std::array<FieldText, FieldCount> DecodeFields(std::span<const std::uint8_t, DataLength> bytes,
-                                               bool ratingsKnown);
+// While the output is off the counts are tenths, of the ratings and of the over-voltage level,
+// whatever the ratings are. What they are while it is on depends on ratings that they don't tell.
+std::array<FieldText, FieldCount> DecodeFields(std::span<const std::uint8_t, DataLength> bytes);
 
 }  // namespace zps

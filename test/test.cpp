@@ -137,7 +137,7 @@ void TEST::ShowLast() {
 
 void TEST::ShowFields(const Bytes& reply) {
     const auto bytes = std::span(reply).first<DataLength>();
-    Controls.Fields->Show(DecodeFields(bytes, Source.KnownAt(FormAddr)));
+    Controls.Fields->Show(DecodeFields(bytes));
     Controls.Lamps->Show(ReadDataReply(bytes).Status);
 }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QStyleOptionTitleBar>
 #include <QTemporaryDir>
+#include <QtMath>
 
 #include <iostream>
 
@@ -21,8 +22,10 @@ QPixmap WithTitleBar(QWidget& window) {
     bar.icon = window.windowIcon();
     bar.titleBarState = Qt::WindowActive;
     bar.titleBarFlags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
-    bar.rect = {0, 0, content.width(), window.fontMetrics().height() * 2};
-    QPixmap framed(content.width(), bar.rect.height() + content.height());
+    const double ratio = content.devicePixelRatio();
+    bar.rect = {0, 0, window.width(), window.fontMetrics().height() * 2};
+    QPixmap framed(content.width(), content.height() + qCeil(bar.rect.height() * ratio));
+    framed.setDevicePixelRatio(ratio);
     framed.fill(window.palette().color(QPalette::Window));
     QPainter painter(&framed);
     window.style()->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);

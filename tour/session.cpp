@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -164,10 +163,8 @@ void Session::RunOutput() {
 
 void Session::LoseTheLine() {
     Wire.SetFaults({.Silent = true});
-    QElapsedTimer silence;
-    silence.start();
-    Hands.Expect("the supply has been silent for three seconds",
-                 [&] { return silence.elapsed() > 3000; });
+    Hands.Expect("the supply has been silent for three seconds and more",
+                 [&] { return Text("lblPOLL").startsWith("응답 없음"); });
     Hands.LookAt(Panel.Main(), "09-silent");
     Wire.SetFaults({});
     const auto& log = *Panel.Main().findChild<MeasurementLog*>();

@@ -55,6 +55,22 @@ QPixmap PictureOf(const Curve& curve, const QColor& colour) {
     return picture;
 }
 
+// The library takes the pixels of a mark's picture for those of the window, and would put it beside
+// its place on a finely scaled screen.
+class MarkedGraph : public QCPGraph {
+  public:
+    using QCPGraph::QCPGraph;
+
+  protected:
+    void drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& places,
+                         const QCPScatterStyle& style) const override {
+        const QPixmap picture = style.pixmap();
+        const QSizeF size = picture.deviceIndependentSize();
+        const QPointF middle(size.width() / 2, size.height() / 2);
+        for (const QPointF& place : places) painter->drawPixmap(place - middle, picture);
+    }
+};
+
 }  // namespace
 
 struct ChartCanvas::Drawing {
@@ -124,7 +140,7 @@ ChartCanvas::Drawing::Drawing(ChartCanvas& canvas)
 
 void ChartCanvas::Drawing::SetUpCurve(std::size_t column, QCPAxis& axis) {
     axis.setSubTicks(false);
-    Graphs[column] = Plot.addGraph(Plot.xAxis, &axis);
+    Graphs[column] = new MarkedGraph(Plot.xAxis, &axis);  // the plot owns it
     Ends[column] = &MakeText();
     Ends[column]->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Ends[column]->position->setAxes(Plot.xAxis, &axis);
@@ -286,7 +302,10 @@ void ChartCanvas::Drawing::LabelTimes() {
     if (width <= 0) return;
     // What is written behind the curves needs room, too.
     const int room = metrics.horizontalAdvance(QStringLiteral("000.0000")) + 8;
-    const double pixels = std::max(1, Plot.axisRect()->width() - room);
+    // The library measures its axes only when it draws.
+    const QMargins margins = Plot.axisRect()->margins();
+    const int axis = Plot.parentWidget()->width() - margins.left() - margins.right();
+    const double pixels = std::max(1, axis - room);
     Plot.xAxis->setRange(Times.Low - BeforeStart * width, Times.High + width * room / pixels);
     const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
     const auto& ticks = Times.Ticks;

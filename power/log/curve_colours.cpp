@@ -21,7 +21,8 @@ constexpr std::array<Pair, ChartColumns> Colours{
 QColor CurveColour(int column, const QPalette& palette) {
     const Pair& pair = Colours.at(static_cast<std::size_t>(column));
     QColor colour(IsDark(palette.color(QPalette::Base)) ? pair.OnDark : pair.OnLight);
-    if (palette.currentColorGroup() == QPalette::Disabled) colour.setAlphaF(0.4F);
+    if (palette.currentColorGroup() == QPalette::Disabled)
+        return DisabledText(colour, palette.color(QPalette::Base));
     return colour;
 }
 

@@ -1,5 +1,6 @@
 #include "power/log/log_chart.h"
 
+#include "controls/colours.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 #include "power/log/curve_colours.h"
@@ -205,7 +206,7 @@ void LogChart::paintEvent(QPaintEvent* /*event*/) {
         Canvas->geometry().adjusted(-FrameWidth, -FrameWidth, FrameWidth, FrameWidth);
     painter.fillRect(frame, palette().base());
     if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setPen(QPen(FocusColour(palette(), palette().color(QPalette::Base)), 2));
         painter.drawRect(frame.adjusted(1, 1, -1, -1));
         return;
     }

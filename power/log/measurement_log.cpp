@@ -43,6 +43,7 @@ void MeasurementLog::LayOut() {
     top->addWidget(title);
     top->addSpacing(12);
     top->addWidget(new QLabel(QStringLiteral("표시 시작 행")));
+    top->addSpacing(3);
     top->addWidget(Label6);
     top->addStretch(1);
     top->addWidget(lblCOPIED);

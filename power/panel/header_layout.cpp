@@ -99,7 +99,7 @@ QWidget* MakeState(PowerControls& controls) {
     row->addSpacing(8);
     row->addWidget(controls.lblNOTICE, 1);
     row->addSpacing(8);
-    row->addWidget(controls.lblORV_URL);
+    row->addWidget(controls.lblORV_URL, 0, Qt::AlignVCenter);  // no higher than its text
     return box;
 }
 

@@ -1,6 +1,7 @@
 // The lay-out of the main window: what the supply is, what it does, what it is told, and the link.
 
 #include "controls/flowing_row.h"
+#include "controls/growing_frame.h"
 #include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "power/log/measurement_log.h"
@@ -111,10 +112,22 @@ QFrame* MakePowerDisplay(PowerControls& controls) {
     return frame;
 }
 
-// What stands between the menus and the link line; with these a window of 1600 x 900 pixels.
-class Centre : public QWidget {
+const QSize Natural(1600, 900);  // px, of the window
+constexpr int Bars = 50;         // px, menus and link line
+
+// What stands between the menus and the link line. On a screen that is much larger than the window
+// needs, all texts grow with it.
+class Centre : public GrowingFrame {
   public:
-    QSize sizeHint() const override { return QWidget::sizeHint().expandedTo({1600, 850}); }
+    Centre() : GrowingFrame(Natural, 2) {}
+
+    QSize sizeHint() const override {
+        return QFrame::sizeHint().expandedTo(Natural - QSize(0, Bars));
+    }
+
+  protected:
+    // The link line grows as well, and must not take from this what makes it grow.
+    QSize Room() const override { return window()->size(); }
 };
 
 QFrame* MakeData(PowerControls& controls) {
@@ -149,6 +162,8 @@ PowerControls MakePowerControls(QMainWindow& window) {
     column->addWidget(MakePowerDisplay(controls), 5);
     column->addWidget(MakeData(controls), 3);
     column->addWidget(MakeCard(controls), 1);
+    for (auto* part : centre->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        centre->GrowAll(*part);
     // On a small or finely scaled screen the window may be smaller than what stands in it.
     auto* view = new QScrollArea(&window);
     view->setWidget(centre);
@@ -161,7 +176,9 @@ PowerControls MakePowerControls(QMainWindow& window) {
     window.menuBar()->setAccessibleName(QStringLiteral("메뉴"));
     GiveMenuKey(*window.menuBar());
     window.statusBar()->setAccessibleName(QStringLiteral("통신 줄"));
-    window.statusBar()->addWidget(MakeLinkLine(controls), 1);
+    auto* linkLine = MakeLinkLine(controls);
+    window.statusBar()->addWidget(linkLine, 1);
+    centre->GrowAll(*linkLine);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; what is only read or seldom used is last.
     QWidget* before = controls.Log->findChild<LogChart*>();

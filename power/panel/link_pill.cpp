@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/number_face.h"
 
+#include <QEvent>
 #include <QPainter>
 
 #include <chrono>
@@ -53,11 +54,20 @@ LinkPill::LinkPill(const QString& name, const QString& accessibleName)
     face.setFamilies(face.families() + words);
     setFont(face);
     setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    const QFontMetrics metrics(face);
-    const int high = metrics.height() + 8;
+    Measure();
+}
+
+void LinkPill::Measure() {
+    const QFontMetrics metrics(font());
+    const int high = metrics.height() * 8 / 5;
     setContentsMargins(high, 0, high / 2, 0);
     setFixedSize(metrics.horizontalAdvance(QStringLiteral("응답 없음 000초")) + high * 3 / 2 + 2,
                  high);
+}
+
+void LinkPill::changeEvent(QEvent* event) {
+    Pill::changeEvent(event);
+    if (event->type() == QEvent::FontChange) Measure();
 }
 
 void LinkPill::Show(const LinkWatch::View& view) {

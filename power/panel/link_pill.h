@@ -16,8 +16,11 @@ class LinkPill : public Pill {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
+    void Measure();
+
     Pulse State = Pulse::NotPolled;
 };
 

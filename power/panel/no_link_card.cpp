@@ -5,6 +5,7 @@
 
 #include <QFrame>
 #include <QGridLayout>
+#include <QPainter>
 
 namespace zps {
 
@@ -35,6 +36,18 @@ QLabel* MakeLine(const QString& name, const QString& text) {
     return line;
 }
 
+// As large as its bounds say, whatever they grow to.
+class WarningIcon : public QWidget {
+  public:
+    explicit WarningIcon(int size) { setFixedSize(size, size); }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        DrawMessageIcon(MessageIcon::Warning).paint(&painter, rect());
+    }
+};
+
 }  // namespace
 
 NoLinkCard::NoLinkCard(const QString& name)
@@ -49,8 +62,6 @@ NoLinkCard::NoLinkCard(const QString& name)
     card->setAutoFillBackground(true);
     card->setBackgroundRole(QPalette::Base);
     card->setMaximumWidth(cardWidth + iconSize);
-    auto* icon = new QLabel;
-    icon->setPixmap(DrawMessageIcon(MessageIcon::Warning).pixmap(iconSize));
     auto* heading = MakeLine({}, QStringLiteral("전원 장치와 통신하지 못했습니다."));
     Enlarge(*heading, 1.3);
     lblCAUSE->setAccessibleName(QStringLiteral("원인"));
@@ -59,7 +70,7 @@ NoLinkCard::NoLinkCard(const QString& name)
     grid->setHorizontalSpacing(20);
     grid->setVerticalSpacing(12);
     grid->setColumnStretch(1, 1);
-    grid->addWidget(icon, 0, 0, 3, 1, Qt::AlignTop);
+    grid->addWidget(new WarningIcon(iconSize), 0, 0, 3, 1, Qt::AlignTop);
     grid->addWidget(heading, 0, 1);
     grid->addWidget(lblCAUSE, 1, 1);
     grid->addWidget(

@@ -1,5 +1,6 @@
 #include "power/panel/step_button.h"
 
+#include "controls/colours.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
@@ -13,7 +14,6 @@ namespace {
 constexpr int UsualHeight = 28;  // px, as long as the text leaves it at that
 constexpr int LeastHeight = 20;
 constexpr int FlashTime = 400;  // ms
-constexpr int MarkSize = 12;    // px
 constexpr int MarkMargin = 7;
 }  // namespace
 
@@ -45,9 +45,14 @@ void StepButton::timerEvent(QTimerEvent* event) {
     update();
 }
 
+// px; it grows with the number.
+int StepButton::MarkSize() const {
+    return fontMetrics().height() * 6 / 7;
+}
+
 QSize StepButton::SizeOf(int height) const {
     const int number = fontMetrics().horizontalAdvance(QStringLiteral("00"));
-    return {number + 2 * (MarkMargin + MarkSize + 4),
+    return {number + 2 * (MarkMargin + MarkSize() + 4),
             std::max(height, fontMetrics().height() + height - LeastHeight + 4)};
 }
 
@@ -64,14 +69,15 @@ void StepButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(flashes ? QPalette::Highlight : QPalette::Button));
     painter.setPen(palette().color(flashes ? QPalette::HighlightedText : QPalette::ButtonText));
-    painter.drawText(rect().adjusted(MarkSize, 0, 0, 0), Qt::AlignCenter, text());
-    DrawMark(painter, QRectF(MarkMargin, (height() - MarkSize) / 2.0, MarkSize, MarkSize), Mark);
+    painter.drawText(rect().adjusted(MarkSize(), 0, 0, 0), Qt::AlignCenter, text());
+    const int mark = MarkSize();
+    DrawMark(painter, QRectF(MarkMargin, (height() - mark) / 2.0, mark, mark), Mark);
     if (isEnabled()) DrawKey(painter);
 }
 
 void StepButton::DrawKey(QPainter& painter) const {
     QColor edge = painter.pen().color();
-    if (hasFocus()) edge = palette().color(QPalette::Highlight);
+    if (hasFocus()) edge = FocusColour(palette(), palette().color(QPalette::Button));
     edge.setAlphaF(hasFocus() || isDown() || underMouse() ? 1 : 0.45F);
     const double width = isDown() || hasFocus() ? 2 : 1;
     painter.setRenderHint(QPainter::Antialiasing);

@@ -27,6 +27,7 @@ class StepButton : public QPushButton {
 
   private:
     void DrawKey(QPainter& painter) const;
+    int MarkSize() const;
     QSize SizeOf(int height) const;
 
     StepMark Mark = StepMark::None;

@@ -40,7 +40,7 @@ class Swatch : public QWidget {
         QPainter painter(this);
         painter.fillRect(rect(), back);
         painter.setPen(isEnabled() ? ReadableOn(back) : FaintOn(back));
-        constexpr double size = 10;
+        const double size = height() * 0.7;
         DrawMark(painter, QRectF((width() - size) / 2, (height() - size) / 2, size, size),
                  Shown.Mark);
         const QColor edge = refused ? ToQColor(Colour::DarkRed) : palette().color(QPalette::Mid);
@@ -61,10 +61,11 @@ QWidget* MakeMeanings(QWidget* parent) {
     for (const Item& item : Items) {
         row->addWidget(new Swatch(item, page));
         row->addWidget(MakeLabel({}, QString::fromUtf8(item.Text)));
-        row->addSpacing(1);
+        row->addStretch(1);
     }
+    row->addSpacing(6);
     row->addWidget(MakeLabel({}, QStringLiteral("번호를 누르면 송신")));
-    row->addStretch(1);
+    row->addStretch(6);
     return page;
 }
 

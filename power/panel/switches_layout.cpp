@@ -70,7 +70,7 @@ QLayout* WithCaption(Pill& state, QLabel& caption) {
 }  // namespace
 
 QWidget* MakeSwitches(PowerControls& controls) {
-    auto* box = new GrowingFrame({200, 320}, 2.4);
+    auto* box = new GrowingFrame({200, 320}, 3);
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(3);

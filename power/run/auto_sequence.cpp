@@ -68,6 +68,12 @@ AutoSequence::AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& pro
     Fields.Connect(*Parts.Controls.txtPAUTOCOUNT, std::move(count));
 }
 
+void AutoSequence::Reset() {
+    Told.clear();
+    Parts.Controls.txtPAUTOSTEP->Write({});
+    Parts.Controls.txtPAUTOCOUNT->Write(QStringLiteral("0"));
+}
+
 void AutoSequence::Repaint() {
     for (EntryField* box : {Parts.Controls.txtPAUTOSTEP, Parts.Controls.txtPAUTOCOUNT}) {
         QPalette palette = QApplication::palette(box);

@@ -13,6 +13,9 @@ class AutoSequence {
     // `progress` is told what is sent.
     AutoSequence(PowerParts& parts, Entries& fields, AutoProgress& progress);
 
+    // The supply has been initialised: it has no sequence and no count any more, and the boxes show
+    // none.
+    void Reset();
     // The boxes stay readable while they are locked, also in other colours of the desktop.
     void Repaint();
 

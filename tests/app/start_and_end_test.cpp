@@ -70,6 +70,15 @@ TEST(StartUp, LetsNoCommandOfTheDisabledMainWindowChangeAnything) {
     EXPECT_TRUE(!panel.Main().isEnabled() && panel.Boxes.Shown.empty());
 }
 
+TEST(StartUp, KeepsItsFaceAlsoWhereTheDesktopTellsItsOwnLate) {
+    const QString own = QApplication::font().family();
+    const auto tell = [] { QApplication::setFont(QFont("DejaVu Serif")); };
+    QMetaObject::invokeMethod(qApp, tell, Qt::QueuedConnection);
+    DressApplication();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::font().family(), own);
+}
+
 TEST(StartUp, LeavesNoTextOfTheToolkitInEnglish) {
     QLineEdit field("text");
     QStringList texts{QScrollBar::tr("Scroll here"), QAccessibleActionInterface::tr("Press")};

@@ -2,6 +2,8 @@
 // session. With LOOKS_FOLDER set it leaves the pictures there.
 #include "controls/colours.h"
 #include "controls/number_face.h"
+#include "power/log/chart_table.h"
+#include "power/log/curve_colours.h"
 #include "tests/support/panel.h"
 #include "tests/support/runtime_folder.h"
 #include "tour/session.h"
@@ -15,6 +17,7 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 
 #include <gtest/gtest.h>
 
@@ -105,6 +108,30 @@ void ExpectInSight(QWidget& main) {
     }
 }
 
+// A window that is twice as large as it needs to be has no text as small as in a usual one.
+void ExpectGrown(QWidget& main) {
+    if (main.width() < 3200 || main.height() < 1800) return;
+    QList<QWidget*> texts{main.findChild<QWidget*>("MSFlexGrid1"),
+                          main.findChild<QWidget*>("MSChart1")};
+    for (const QWidget* part : std::initializer_list<QWidget*>{
+             main.findChild<QScrollArea*>()->widget(), main.findChild<QStatusBar*>()}) {
+        for (auto* label : part->findChildren<QLabel*>()) texts << label;
+        for (auto* button : part->findChildren<QAbstractButton*>()) texts << button;
+        for (auto* field : part->findChildren<QLineEdit*>()) texts << field;
+    }
+    for (const QWidget* text : texts)
+        EXPECT_GE(QFontInfo(text->font()).pixelSize(), 18) << NameOf(*text, {});
+}
+
+// The curves tell their axes by their colours, while the window is disabled, too.
+void ExpectReadableCurves(QPalette palette) {
+    for (const auto group : {QPalette::Active, QPalette::Disabled}) {
+        palette.setCurrentColorGroup(group);
+        for (int column = 0; column < ChartColumns; ++column)
+            EXPECT_GE(Contrast(CurveColour(column, palette), palette.color(QPalette::Base)), 4.5);
+    }
+}
+
 void ExpectPainted(QWidget& window, const char* name, Colour colour) {
     auto* button = window.findChild<QAbstractButton*>(QLatin1String(name));
     if (button == nullptr) return;
@@ -140,6 +167,11 @@ class Looks : public testing::TestWithParam<Desktop> {
             const bool red = picture.pixelColor(2, picture.height() / 2) == ToQColor(DarkRed);
             EXPECT_EQ(red, state.contains(QRegularExpression("running|silent|automatic")));
             ExpectInSight(window);
+            ExpectGrown(window);
+            ExpectReadableCurves(window.palette());
+        }
+        if (state.contains("failed-check")) {  // Space opens the settings again
+            EXPECT_EQ(window.focusWidget(), window.findChild<QWidget*>("cmdSET_MANU"));
         }
         const QString folder = qEnvironmentVariable("LOOKS_FOLDER");
         if (folder.isEmpty()) return;

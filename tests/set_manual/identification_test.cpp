@@ -81,17 +81,22 @@ TEST(Identification, GoesOnWhenTheOperatorProbesInBetweenAndTellsHowFarItIs) {
     }
 }
 
-TEST(Identification, SwitchesFunctionsOffOnThePanelOnceTheSupplyHas) {
+TEST(Identification, ShowsFunctionsOffAndNoSequenceOnceTheSupplyHasNone) {
     ScriptedPanel panel;
     ASSERT_TRUE(Identify(panel));
     panel.Run.Settings()->close();
     for (const char* name : {"cmdAUTO", "cmdOCP", "cmdPVsense"}) panel.Click(name);
+    panel.Type("txtPAUTOSTEP", "00");
+    panel.Type("txtPAUTOCOUNT", "7");
+    panel.Leave();
     EXPECT_EQ(panel.Text("OCP_ONOFF"), "ON");
     panel.Choose("mnuSET_MANU");
     Pick(panel, "cmbADDR", 0);
     ASSERT_TRUE(panel.WaitForDataResult(GoodData));
     EXPECT_EQ(panel.Text("OCP_ONOFF") + panel.Text("Auto_ONOFF") + panel.Text("Vsense_ONOFF"),
               "OFFOFFOFF");
+    EXPECT_EQ(panel.Get<QLineEdit>("txtPAUTOSTEP").text(), "");
+    EXPECT_EQ(panel.Get<QLineEdit>("txtPAUTOCOUNT").text(), "0");
 }
 
 TEST(Identification, FindsTheFirstModelThatHasThePower) {

@@ -98,13 +98,13 @@ TEST(TestWindow, ProbesTheSuppliesOnTheLineAndGivesThePortBack) {
     EXPECT_EQ(window.Text("lblSTAMP"), "아직 보내지 않음");
     const struct {
         const char *Address, *Button, *Verdict;
-        const char* Values;  // in volts and amperes where it is known whose they are
+        const char* Values;  // in volts and amperes, too
         const char* Stamp;   // behind the time
         bool Old;            // the values are those of a reply before
         Bytes Sent;
     } probes[]{
         {"1", "cmdENQ", "GOOD  ENQ", "VOLTAGE CURRENT  ", "3바이트 · 0", false, {1, 5, 6}},
-        {"7", "cmdDLE", "GOOD  DLE", "200 50  ", "14바이트 · 0", false, {7, 16, 23}},
+        {"7", "cmdDLE", "GOOD  DLE", "200 50 = 20.0 V = 5.0 A", "14바이트 · 0", false, {7, 16, 23}},
         {"1", "cmdDLE", "GOOD  DLE", "1500 100 = 150.0 V = 10.0 A", "14바이", false, {1, 16, 17}},
         {"8", "cmdENQ", "ERROR  Nothing", nullptr, "0바이트 · 응답 없음", true, {8, 5, 13}}};
     QString values;
@@ -175,7 +175,7 @@ TEST_F(ScriptedTest, JudgesEveryReplyByItsBytesAndTouchesOnlyWhatItBringsAnew) {
         EXPECT_EQ(Window->Text(QString("lblBIT_%1").arg(bit)), set ? "1" : "0");
     }
     // With the output on the counts are no tenths.
-    for (const FieldText& field : DecodeFields(std::span(DataReply).first<14>(), true))
+    for (const FieldText& field : DecodeFields(std::span(DataReply).first<14>()))
         EXPECT_EQ(field.Scaled, "");
     const auto meanings =
         QString(

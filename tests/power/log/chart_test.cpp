@@ -10,6 +10,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <map>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -112,6 +113,29 @@ class ShownChart : public ShownLog {
 
     LogChart& Chart = Control<LogChart>("MSChart1");
 };
+
+// Where the curve is thickest there is a mark, where it is thinnest there is none.
+TEST_F(ShownChart, FillsItsWidthWithACurveThatHasItsMarksOnIt) {
+    for (int k = 0; k < 20; ++k) {
+        Time += std::chrono::milliseconds(165);
+        Log.Append(1, {12.5F, 2}, {1.25F, 3});
+    }
+    const QColor colour = CurveColour(0, Chart.palette());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Painted(colour) > 0; }, 1000));
+    const QImage picture = Chart.grab().toImage();
+    std::map<int, double> middles;  // by thickness
+    for (int x = picture.width() / 4; x < picture.width() / 2; ++x) {
+        std::vector<int> rows;
+        for (int y = picture.height() / 5; y < picture.height(); ++y) {  // below the title
+            const QColor here = picture.pixelColor(x, y);
+            if (here.blue() - here.red() > 60) rows.push_back(y);
+        }
+        ASSERT_FALSE(rows.empty()) << x;
+        middles[rows.back() - rows.front()] = (rows.back() + rows.front()) / 2.0;
+    }
+    EXPECT_GT(middles.size(), 2U);
+    EXPECT_NEAR(middles.begin()->second, middles.rbegin()->second, 1);
+}
 
 TEST_F(ShownChart, KeysAndPointerPickAndMarkSamples) {
     EXPECT_EQ(Spoken(), "측정값 없음");
