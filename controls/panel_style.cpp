@@ -60,8 +60,10 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     }
     if (const auto* focus = qstyleoption_cast<const QStyleOptionFocusRect*>(option);
         focus != nullptr && element == PE_FrameFocusRect)
-        return DrawFocus(*focus, *painter);
+        return DrawFocus(*option, focus->backgroundColor, *painter);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_PanelButtonCommand && option->state.testFlag(State_HasFocus))
+        DrawFocus(*option, option->palette.color(QPalette::Button), *painter);
 }
 
 // The menu that a key has led to is marked before it opens, too.
@@ -119,12 +121,12 @@ void PanelStyle::DrawFrame(const QStyleOption& option, QPainter& painter) {
 }
 
 // The toolkit's own is too faint for a dark desktop.
-void PanelStyle::DrawFocus(const QStyleOptionFocusRect& option, QPainter& painter) {
+void PanelStyle::DrawFocus(const QStyleOption& option, const QColor& ground, QPainter& painter) {
     if (!option.state.testFlag(State_KeyboardFocusChange)) return;
     constexpr double width = 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(FocusColour(option.palette, option.backgroundColor), width));
+    painter.setPen(QPen(FocusColour(option.palette, ground), width));
     painter.setBrush(Qt::NoBrush);
     const double inset = width / 2;
     painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), 3, 3);

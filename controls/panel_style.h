@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QProxyStyle>
-#include <QStyleOptionFocusRect>
 
 namespace zps {
 
@@ -33,7 +32,7 @@ class PanelStyle : public QProxyStyle {
   private:
     static QColor LineColour(const QStyleOption& option);
     static void DrawFrame(const QStyleOption& option, QPainter& painter);
-    static void DrawFocus(const QStyleOptionFocusRect& option, QPainter& painter);
+    static void DrawFocus(const QStyleOption& option, const QColor& ground, QPainter& painter);
     static void DrawGroupFrame(const QStyleOption& option, QPainter& painter);
     static void DrawPaintedButton(const QStyleOption& option, QPainter& painter);
 };

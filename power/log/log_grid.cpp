@@ -289,7 +289,8 @@ void LogGrid::PaintFocus(QPainter& painter, int row) {
     QStyleOptionFocusRect option;
     option.initFrom(this);
     option.rect = RowRect(row);
-    option.backgroundColor = palette().color(QPalette::Highlight);
+    option.backgroundColor =
+        palette().color(IsSelected(row) ? QPalette::Highlight : QPalette::Base);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
 
