@@ -56,8 +56,18 @@ void HeldSteps::Lose(int step, StepValues values) {
 }
 
 void HeldSteps::Changed(int step, StepValue value) {
-    Changes.at(Index(step)) |= Only(value);
-    Lose(step, Only(value));
+    TableValues values;
+    values.at(Index(step)) = Only(value);
+    Changed(values);
+}
+
+void HeldSteps::Changed(const TableValues& values) {
+    for (int step = 0; step < StepCount; ++step) {
+        const StepValues& changed = values.at(Index(step));
+        if (changed.none()) continue;
+        Changes.at(Index(step)) |= changed;
+        Lose(step, changed);
+    }
     Told();
 }
 

@@ -1,0 +1,32 @@
+#include "power/steps/send_box.h"
+
+#include "power/steps/table_messages.h"
+
+namespace zps {
+
+void SendBox::Show(const SendAll::Report& report) {
+    if (!Box) Open(report.Of);
+    Box->setLabelText(ProgressText(report));
+    Box->setValue(report.Sent);
+}
+
+// Not modal: a modal one would run events inside of setValue.
+void SendBox::Open(int steps) {
+    Box = new QProgressDialog(QString(), QStringLiteral("취소"), 0, steps, &Window);
+    Box->setObjectName(QStringLiteral("SEND_ALL"));
+    Box->setWindowTitle(QStringLiteral("단계 송신"));
+    Box->setAutoReset(false);
+    Box->setAutoClose(false);
+    Box->setMinimumDuration(0);
+    QObject::connect(Box, &QProgressDialog::canceled, Box, [this] { Cancel(); });
+    Box->show();
+}
+
+void SendBox::Close() {
+    if (!Box) return;
+    Box->close();
+    Box->deleteLater();
+    Box = nullptr;
+}
+
+}  // namespace zps
