@@ -62,6 +62,8 @@ void HeldSteps::Changed(int step, StepValue value) {
 }
 
 void HeldSteps::Changed(const TableValues& values) {
+    // The answer that is awaited will be one to the values of before.
+    if (Awaited) Awaited->Values &= ~values.at(Index(Awaited->Step));
     for (int step = 0; step < StepCount; ++step) {
         const StepValues& changed = values.at(Index(step));
         if (changed.none()) continue;

@@ -184,6 +184,17 @@ TEST_F(StepTables, OnlyWhatHasChangedOrWasNotHeldIsMarkedAsNotSentAndNothingGoes
     EXPECT_FALSE(Pasted.CanUndo());
 }
 
+TEST_F(StepTables, AnAnswerThatComesAfterThePasteIsNotOneToItsValues) {
+    Held.Select(1, AllValues(), UploadFrame(1, 1, Source.WireOf(1)));
+    Paste("1\t12.5\t10\t0\t0\t163.5\n");
+    Time.Pass(1s);
+    EXPECT_EQ(Marks(2), "-u");
+    Held.Send(1, Only(StepValue::Volt),
+              ValueFrame(1, StepValue::Volt, Source.Wire(StepValue::Volt, 1)));
+    Time.Pass(1s);
+    EXPECT_EQ(Marks(2), "-h");
+}
+
 TEST_F(StepTables, UndoLeavesWhatWasChangedSinceAndOtherRatingsEndIt) {
     Paste("1\t12.5\t5\t0\t0\t163.5");
     Source.StoreStep(StepValue::Volt, 1, Source.FormatVolt(7));
