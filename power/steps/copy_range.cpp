@@ -1,5 +1,6 @@
 #include "power/steps/copy_range.h"
 
+#include "source/numbers.h"
 #include "source/step_table.h"
 
 #include <QDialogButtonBox>
@@ -10,6 +11,21 @@
 #include <utility>
 
 namespace zps {
+
+namespace {
+
+// Shows numbers as they stand on the step buttons.
+class StepBox : public QSpinBox {
+  public:
+    using QSpinBox::QSpinBox;
+
+  protected:
+    QString textFromValue(int step) const override {
+        return QString::fromStdString(FormatStep(step));
+    }
+};
+
+}  // namespace
 
 CopyRange::CopyRange(QWidget& window, std::function<void(int, int)> copy)
     : QDialog(&window),
@@ -26,7 +42,7 @@ CopyRange::CopyRange(QWidget& window, std::function<void(int, int)> copy)
 }
 
 QSpinBox* CopyRange::MakeStepBox(const QString& name, const QString& spokenName) {
-    auto* box = new QSpinBox(this);
+    auto* box = new StepBox(this);
     box->setObjectName(name);
     box->setAccessibleName(spokenName);
     box->setRange(0, StepCount - 1);

@@ -32,6 +32,7 @@ void SendAll::Start() {
     BeforeUnsent = std::erase(Queue, Now.Before) > 0;
     Queue.push_back(Now.Before);
     tmrSEND->Restart();
+    ToldProgress(Now);
 }
 
 void SendAll::Cancel() {

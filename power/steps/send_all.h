@@ -52,7 +52,7 @@ class SendAll {
         int Before = 0;                // the step that was selected
         bool Reselected = false;       // it is selected again, with its values
     };
-    // Called after each step, and once at the end.
+    // Called at the start and before each step, and once at the end.
     void OnProgress(std::function<void(const Report&)> told) { ToldProgress = std::move(told); }
     void OnEnd(std::function<void(const Report&)> told) { ToldEnd = std::move(told); }
 

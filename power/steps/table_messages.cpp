@@ -122,7 +122,8 @@ QString UndoneText(int changed) {
 }
 
 QString ProgressText(const SendAll::Report& report) {
-    const QString step = report.Step ? StepText(*report.Step) : QString();
+    if (!report.Step) return QStringLiteral("앞의 응답을 기다리는 중");
+    const QString step = StepText(*report.Step);
     if (report.Cancelled || report.Refused || report.Sent == report.Of)
         return QStringLiteral("단계 %1 다시 선택 중").arg(step);
     return QStringLiteral("단계 %1 송신 중 (%2/%3)").arg(step).arg(report.Sent + 1).arg(report.Of);

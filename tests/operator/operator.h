@@ -305,6 +305,7 @@ class Operator {
         const bool sent =
             WaitFor([&] { return Panel.Main().findChild<QProgressDialog*>() == nullptr; });
         Judge.Never(!sent, "the sending of steps does not end");
+        for (auto* dialog : Panel.Main().findChildren<QDialog*>()) dialog->close();
         if (opens()) return;
         Judge.Never(Panel.Boxes.Shown.size() == boxes, "the settings do not open, without a word");
         Panel.Main().activateWindow();

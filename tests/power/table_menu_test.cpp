@@ -144,7 +144,7 @@ TEST_F(TableMenu, WhileStepsAreSentTheWindowTakesNothingButACancel) {
     Choose("mnuData_Send");
     auto* box = static_cast<QProgressDialog*>(nullptr);
     ASSERT_TRUE(WaitFor([&] { return (box = Main().findChild<QProgressDialog*>()) != nullptr; }));
-    EXPECT_EQ(box->labelText(), "단계 01 송신 중 (1/3)");
+    EXPECT_TRUE(WaitFor([&] { return box->labelText() == "단계 01 송신 중 (1/3)"; }));
     Click("cmdOUTPUT");
     Choose("mnuData_Paste");
     QTest::keyClick(&Main(), Qt::Key_F9);

@@ -57,9 +57,10 @@ TEST_F(SendingAll, EachChangedStepAwaitsItsAnswerAndTheSelectedOneComesLast) {
     EXPECT_EQ(Line->Written().size(), 2U);
     Time.Pass(1s);
     EXPECT_EQ(Sent(), "1 7 9 2 ");
-    EXPECT_EQ(Told,
-              "단계 01 송신 중 (1/3)|단계 07 송신 중 (2/3)|단계 09 송신 중 (3/3)|"
-              "단계 02 다시 선택 중|");
+    EXPECT_EQ(
+        Told,
+        "앞의 응답을 기다리는 중|단계 01 송신 중 (1/3)|단계 07 송신 중 (2/3)|단계 09 송신 중 (3/3)|"
+        "단계 02 다시 선택 중|");
     ASSERT_TRUE(Ended && !Sending.Running());
     EXPECT_EQ(SentText(*Ended), "3/3단계 송신됨");
     EXPECT_FALSE(SendingTrouble(*Ended));
