@@ -114,6 +114,7 @@ QString CopiedText(int first, int last) {
 }
 
 QString PastedText(int steps, int changed) {
+    if (changed == 0) return QStringLiteral("%1단계 붙여넣음: 바뀐 값 없음").arg(steps);
     return QStringLiteral("%1단계 붙여넣음: %2단계 바뀜, 송신 안 함").arg(steps).arg(changed);
 }
 
@@ -130,7 +131,8 @@ QString ProgressText(const SendAll::Report& report) {
 }
 
 QString SentText(const SendAll::Report& report) {
-    return QStringLiteral("%1/%2단계 송신됨").arg(report.Sent).arg(report.Of);
+    const QString sent = QStringLiteral("%1/%2단계 송신됨").arg(report.Sent).arg(report.Of);
+    return report.Cancelled ? QStringLiteral("취소됨, ") + sent : sent;
 }
 
 std::optional<Message> SendingTrouble(const SendAll::Report& report) {

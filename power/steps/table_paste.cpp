@@ -104,9 +104,7 @@ ReadSteps ReadTable(std::string_view text, const SOURCE& source, int top) {
 }
 
 std::bitset<StepCount> TablePaste::Store(const std::vector<NewValue>& values) {
-    Last.clear();
-    MaxVolt = Source.MaxVolt();
-    MaxCurr = Source.MaxCurr();
+    std::vector<Change> changes;
     TableValues unsent;
     std::bitset<StepCount> changed;
     for (const NewValue& one : values) {
@@ -114,11 +112,15 @@ std::bitset<StepCount> TablePaste::Store(const std::vector<NewValue>& values) {
         if (TextOf(one) == one.Shown.Text) continue;
         const Figure before{Source.Value(one.Value, one.Step), TextOf(one)};
         Source.StoreStep(one.Value, one.Step, one.Shown);
-        Last.push_back({{one.Step, one.Value, before}, one.Shown.Text});
+        changes.push_back({{one.Step, one.Value, before}, one.Shown.Text});
         unsent.at(At(one.Step)) |= Only(one.Value);
         changed.set(At(one.Step));
     }
     Held.Changed(unsent);
+    if (changed.none()) return changed;  // there is nothing to take back of it
+    Last = std::move(changes);
+    MaxVolt = Source.MaxVolt();
+    MaxCurr = Source.MaxCurr();
     return changed;
 }
 

@@ -151,7 +151,7 @@ TEST_F(TableMenu, WhileStepsAreSentTheWindowTakesNothingButACancel) {
     QTest::mouseClick(box->findChild<QPushButton*>(), Qt::LeftButton);
     ASSERT_TRUE(WaitFor([&] { return Main().findChild<QProgressDialog*>() == nullptr; }));
     EXPECT_EQ(Sent(), "UU");
-    EXPECT_EQ(Told(), "1/3단계 송신됨");
+    EXPECT_EQ(Told(), "취소됨, 1/3단계 송신됨");
     EXPECT_EQ(Text("txtSTEP"), "02");
     Line().Answer({1, 21, 22});
     Choose("mnuData_Send");

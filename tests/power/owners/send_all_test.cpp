@@ -101,7 +101,7 @@ TEST_F(SendingAll, CancelSendsOnlyTheSelectedStepAndALiveOutputOrAClosedPortNoth
     Sending.Cancel();
     Time.Pass(1s);
     EXPECT_EQ(Sent(), "1 2 ");
-    EXPECT_EQ(SentText(*Ended), "1/3단계 송신됨");
+    EXPECT_EQ(SentText(*Ended), "취소됨, 1/3단계 송신됨");
     EXPECT_FALSE(SendingTrouble(*Ended));
     Sending.Cancel();
     Sending.Start();

@@ -177,6 +177,7 @@ TEST_F(StepTables, OnlyWhatHasChangedOrWasNotHeldIsMarkedAsNotSentAndNothingGoes
     EXPECT_EQ(Source.StepVolt(1), "12.50");
     EXPECT_EQ(told, 1);
     EXPECT_TRUE(Line->Written().empty());
+    EXPECT_EQ(Paste("1\t12.5\t10\t0\t0\t163.5"), 0U);  // what was before can still be got back
     ASSERT_TRUE(Pasted.CanUndo());
     EXPECT_EQ(Pasted.Undo().count(), 1U);
     EXPECT_EQ(TableText(Source, 0, 4), before);
