@@ -66,7 +66,12 @@ TEST_F(SendingAll, EachChangedStepAwaitsItsAnswerAndTheSelectedOneComesLast) {
     EXPECT_FALSE(SendingTrouble(*Ended));
     EXPECT_TRUE(Sending.Unsent().empty() && Held.IsAt(2));
     Change({2, 3});
+    Line->AnswerInPieces({{Acknowledged, 300ms}});
+    Sender.SendCommand(letter::Sensing, 1);
+    Line->ForgetWritten();
     Sending.Start();
+    Time.Pass(250ms);
+    EXPECT_EQ(Sent(), "");  // that answer comes first
     Time.Pass(1s);
     EXPECT_EQ(Sent(), "3 2 ");
     EXPECT_EQ(SentText(*Ended), "2/2단계 송신됨");
