@@ -62,8 +62,6 @@ void HeldSteps::Changed(int step, StepValue value) {
 }
 
 void HeldSteps::Changed(const TableValues& values) {
-    // The answer that is awaited will be one to the values of before.
-    if (Awaited) Awaited->Values &= ~values.at(Index(Awaited->Step));
     for (int step = 0; step < StepCount; ++step) {
         const StepValues& changed = values.at(Index(step));
         if (changed.none()) continue;
@@ -102,7 +100,8 @@ void HeldSteps::Judge(Reply result) {
         Refuse(sent);
         return;
     }
-    Acknowledged.at(Index(sent.Step)) |= sent.Values;
+    // What has been changed meanwhile is not what was sent.
+    Acknowledged.at(Index(sent.Step)) |= sent.Values & ~Changes.at(Index(sent.Step));
     Refusals.at(Index(sent.Step)) &= ~sent.Values;
     Mark(sent.Step, Acknowledged.at(Index(sent.Step)).all());
     Told();

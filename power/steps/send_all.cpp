@@ -51,7 +51,7 @@ void SendAll::DropRest() {
 }
 
 void SendAll::tmrSEND_Timer() {
-    if (Around.Held.Awaits() || Around.Line.ReplyInProgress()) return;
+    if (Around.AnswerDue()) return;
     if (Now.Step) JudgeAnswer();
     Now.OutputOn = !Around.OutputOff();
     if (Queue.empty() || Now.OutputOn)

@@ -23,7 +23,7 @@ class SendAll {
     struct Surround {
         const SOURCE& Source;
         const HeldSteps& Held;
-        const Transmitter& Line;
+        std::function<bool()> AnswerDue;  // the last frame may still be answered
         std::function<int()> Selected;
         std::function<void(int step)> Upload;
         std::function<bool()> OutputOff;

@@ -13,10 +13,10 @@ TableMenu::TableMenu(PowerParts& parts, Commands& commands, Surround around)
       Ways(commands),
       Around(std::move(around)),
       Pasted(Parts.Source, Around.Held),
-      Sending(Around.Time,
-              {Parts.Source, Around.Held, Parts.Sender, [this] { return Around.Rows.CurStep(); },
-               [this](int step) { Around.Upload.Send(step); },
-               [this] { return Around.Output() == OutputState::Off; }}),
+      Sending(Around.Time, {Parts.Source, Around.Held, Around.AnswerDue,
+                            [this] { return Around.Rows.CurStep(); },
+                            [this](int step) { Around.Upload.Send(step); },
+                            [this] { return Around.Output() == OutputState::Off; }}),
       Progress(Parts.Window, [this] { Parts.Events.Run([this] { Sending.Cancel(); }); }),
       Range(new CopyRange(Parts.Window, [this](int first, int last) {
           Ways.Run([=, this] { Copy(first, last); }, Commands::OpenEntry::LeaveOpen);

@@ -30,6 +30,7 @@ class TableMenu {
         StepUpload& Upload;
         Gate& Door;
         Timekeeper& Time;
+        std::function<bool()> AnswerDue;  // the last frame may still be answered
         std::function<OutputState()> Output;
         std::function<bool()> Remote;
         std::function<void()>

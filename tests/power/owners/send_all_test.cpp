@@ -44,8 +44,9 @@ struct SendingAll : testing::Test, ScriptedLink {
     bool OutputOff = true;
     HeldSteps Held{Source, *Port, Sender, Time};
     SendAll Sending{Time,
-                    {Source, Held, Sender, [this] { return Selected; },
-                     [this](int step) { Upload(step); }, [this] { return OutputOff; }}};
+                    {Source, Held, [this] { return Held.Awaits() || Sender.ReplyInProgress(); },
+                     [this] { return Selected; }, [this](int step) { Upload(step); },
+                     [this] { return OutputOff; }}};
     std::string Told;
     std::optional<SendAll::Report> Ended;
 };
