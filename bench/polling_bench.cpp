@@ -47,7 +47,7 @@ void PollingForTenSeconds(benchmark::State& state) {
     program.StartUp();
     RunUntil(loop, 10s, [&] { return program.Shared().RatingsKnown(); });
     program.Settings()->close();
-    RunUntil(loop, 10s, [&] { return program.Shared().StepFlag(0) && !program.Shared().RxBusy; });
+    RunUntil(loop, 10s, [&] { return program.Shared().StepFlag(0) && !program.Shared().RxBusy(); });
     RunUntil(loop, 1s, [] { return false; });
     program.Main().findChild<QPushButton*>("cmdOUTPUT")->click();
     // Every sample is another one, as the last digits of a real supply are.

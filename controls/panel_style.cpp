@@ -33,6 +33,14 @@ void PanelStyle::polish(QPalette& palette) {
         palette.setColor(group, QPalette::Highlight, QColor(shade::Blue));
         palette.setColor(group, QPalette::HighlightedText, Qt::white);
     }
+    // The style shades a button to both sides of its colour.
+    constexpr double readableShaded = 6;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor button = palette.color(group, QPalette::Button);
+        if (Contrast(button, palette.color(QPalette::Active, QPalette::ButtonText)) <
+            readableShaded)
+            palette.setColor(group, QPalette::Button, Between(button, Qt::black, 0.4));
+    }
     for (const auto& [text, ground] : {std::pair{QPalette::WindowText, QPalette::Window},
                                        {QPalette::ButtonText, QPalette::Button},
                                        {QPalette::Text, QPalette::Base}}) {
@@ -53,10 +61,24 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-// A list drops down as many rows as it is told to; the toolkit's own would show them all.
+// The menu that a key has led to is marked before it opens, too.
+void PanelStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* menu = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element != CE_MenuBarItem || menu == nullptr || !(menu->state & State_Selected))
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionMenuItem marked(*menu);
+    marked.state |= State_Sunken;
+    QProxyStyle::drawControl(element, &marked, painter, widget);
+}
+
 int PanelStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* more) const {
-    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
+    // A list drops down as many rows as it is told to; the toolkit's own would show them all.
+    if (hint == SH_ComboBox_Popup) return 0;
+    // The Alt key alone leads to the menus and back.
+    if (hint == SH_MenuBar_AltKeyNavigation) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
 QIcon PanelStyle::standardIcon(StandardPixmap which, const QStyleOption* option,

@@ -12,13 +12,15 @@ class PanelStyle : public QProxyStyle {
   public:
     PanelStyle();
 
-    // Gives what is selected, in lists, menus and fields, and what is disabled colours that its
-    // text reads well in.
+    // Gives what is selected, in lists, menus and fields, what is disabled and dark buttons colours
+    // that their text reads well in.
     void polish(QPalette& palette) override;
     using QProxyStyle::polish;
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr,
                   const QWidget* widget = nullptr, QStyleHintReturn* more = nullptr) const override;
 

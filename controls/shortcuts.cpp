@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QShortcut>
 
 namespace zps {
@@ -56,6 +57,18 @@ void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what) {
     QObject::connect(shortcut, &QShortcut::activated, &button, [&button] { button.click(); });
     const QString keyName = QKeySequence(key).toString(QKeySequence::NativeText);
     button.setToolTip(QStringLiteral("%1 (%2)").arg(what, keyName));
+}
+
+void GiveMenuKey(QMenuBar& bar) {
+    auto* shortcut = new QShortcut(QKeySequence(Qt::Key_F10), &bar);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, &bar, [&bar] {
+        // Only the bar knows the way, and only by that key.
+        QKeyEvent press(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::NoModifier);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar.window(), &press);
+        QCoreApplication::sendEvent(bar.window(), &release);
+    });
 }
 
 void EnableKey(QAbstractButton& button, bool on) {

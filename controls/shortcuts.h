@@ -4,6 +4,7 @@
 #include <QKeySequence>
 
 class QAbstractButton;
+class QMenuBar;
 
 namespace zps {
 
@@ -13,6 +14,9 @@ void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what);
 
 // Whether the key of a button that has been given one does anything; the button stays as it is.
 void EnableKey(QAbstractButton& button, bool on);
+
+// F10 leads to the menus of `bar` and back, as the Alt key alone does.
+void GiveMenuKey(QMenuBar& bar);
 
 // A command's key that is held down (function keys, space, Enter) counts as pressed once, in every
 // window of the program: nothing switches to and fro under a finger or a book.

@@ -5,6 +5,7 @@
 #include "controls/switch_button.h"
 
 #include <QAccessibleWidget>
+#include <QRadioButton>
 
 #include <algorithm>
 
@@ -62,23 +63,17 @@ class SpokenParent : public QAccessibleWidget {
     }
 };
 
-// Known by its caption and by what it switches; checked while that is on.
-class SpokenSwitch : public QAccessibleWidget {
+// One that is pressed from outside as by a click. The toolkit would only check what can be checked,
+// and whoever waits for the click would never hear of it.
+class SpokenButton : public QAccessibleWidget {
   public:
-    explicit SpokenSwitch(SwitchButton& button)
-        : QAccessibleWidget(&button, QAccessible::Button), Button(button) {}
+    SpokenButton(QAbstractButton& button, QAccessible::Role role)
+        : QAccessibleWidget(&button, role), Button(button) {}
 
-    QString text(QAccessible::Text part) const override {
-        if (part == QAccessible::Name)
-            return Button.text().trimmed() + u' ' + Button.accessibleName();
-        if (part == QAccessible::Description)
-            return Button.IsOn() ? QStringLiteral("켜짐") : QStringLiteral("꺼짐");
-        return QAccessibleWidget::text(part);
-    }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = true;
-        state.checked = Button.IsOn();
+        state.checked = Button.isChecked();
         return state;
     }
     QStringList actionNames() const override {
@@ -95,6 +90,29 @@ class SpokenSwitch : public QAccessibleWidget {
     }
 
   private:
+    QAbstractButton& Button;
+};
+
+// Known by its caption and by what it switches; checked while that is on.
+class SpokenSwitch : public SpokenButton {
+  public:
+    explicit SpokenSwitch(SwitchButton& button)
+        : SpokenButton(button, QAccessible::Button), Button(button) {}
+
+    QString text(QAccessible::Text part) const override {
+        if (part == QAccessible::Name)
+            return Button.text().trimmed() + u' ' + Button.accessibleName();
+        if (part == QAccessible::Description)
+            return Button.IsOn() ? QStringLiteral("켜짐") : QStringLiteral("꺼짐");
+        return QAccessibleWidget::text(part);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = SpokenButton::state();
+        state.checked = Button.IsOn();
+        return state;
+    }
+
+  private:
     SwitchButton& Button;
 };
 
@@ -108,6 +126,8 @@ QAccessibleInterface* MakeSpoken(const QString& className, QObject* object) {
         return new SpokenLabel(*qobject_cast<QLabel*>(object));
     if (HoldsFocus(object)) return new SpokenHolder(*qobject_cast<QWidget*>(object));
     if (auto* button = dynamic_cast<SwitchButton*>(object)) return new SpokenSwitch(*button);
+    if (auto* choice = qobject_cast<QRadioButton*>(object))
+        return new SpokenButton(*choice, QAccessible::RadioButton);
     if (auto* lamp = dynamic_cast<Lamp*>(object))
         return new QAccessibleWidget(lamp, QAccessible::Graphic);
     const QObjectList& children = object->children();

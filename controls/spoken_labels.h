@@ -7,8 +7,8 @@
 namespace zps {
 
 // Lets screen readers have each label's text behind its accessible name, name each Lamp as a
-// picture that is on or off, tell whether a SwitchButton is on, and pass over a FocusHolder. Once
-// in a program.
+// picture that is on or off, tell whether a SwitchButton is on, press a QRadioButton, and pass over
+// a FocusHolder. Once in a program.
 void SpeakLabels();
 
 // Shows `text` and, if it is another than before, has screen readers say it. For what changes at an

@@ -5,7 +5,9 @@
 //   when this process ends.
 // - While the window is moved or sized, or its system menu is open, the system leads the pointer: a
 //   clip set then would drag the window along with it. It is set once that is over.
+// - The entries of a pop-up may lie outside the frame: the clip goes while one is up.
 #include "platform/pointer_confinement.h"
+#include "platform/popup_watch.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -50,12 +52,14 @@ class WindowsPointerConfinement : public PointerConfinement {
     void Confine(QWidget& frame) override {
         if (!frame.isVisible()) return;
         Frame = &frame;
+        Popups.Start();
         Clip();
     }
 
     void Release() override {
         Frame.clear();
         Again.stop();
+        Popups.Stop();
         Free();
     }
 
@@ -67,7 +71,7 @@ class WindowsPointerConfinement : public PointerConfinement {
             return;
         }
         const RECT area = SeenPart(*Frame);
-        if (IsRectEmpty(&area))
+        if (IsRectEmpty(&area) || QApplication::activePopupWidget())
             Free();
         else
             Confined = ClipCursor(&area) || Confined;
@@ -79,6 +83,7 @@ class WindowsPointerConfinement : public PointerConfinement {
 
     QPointer<QWidget> Frame;  // what the pointer is to be kept in
     QTimer Again;             // until the next attempt
+    PopupWatch Popups{[this] { Free(); }, [this] { Again.start(); }};
     bool Confined = false;
 };
 

@@ -13,9 +13,9 @@
 //   this one is there, and its entries may lie outside the frame. So the fence goes when a pop-up
 //   shows and comes back when the last one hides.
 #include "platform/pointer_confinement.h"
+#include "platform/popup_watch.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -82,30 +82,28 @@ bool GrabPointer(xcb_connection_t* connection, xcb_window_t window, xcb_window_t
     return grabbed;
 }
 
-class X11PointerConfinement final : public PointerConfinement, public QObject {
+class X11PointerConfinement final : public PointerConfinement {
   public:
     X11PointerConfinement() {
         Again.setSingleShot(true);
         Again.setInterval(100ms);
-        Again.callOnTimeout(this, [this] { PutFence(); });
+        Again.callOnTimeout(&Again, [this] { PutFence(); });
     }
     ~X11PointerConfinement() override { Release(); }
 
     void Confine(QWidget& frame) override {
         if (!Connection() || !frame.isVisible()) return;
         Frame = &frame;
-        qApp->installEventFilter(this);
+        Popups.Start();
         PutFence();
     }
 
     void Release() override {
         Frame.clear();
         Again.stop();
-        if (qApp) qApp->removeEventFilter(this);
+        Popups.Stop();
         TakeFence();
     }
-
-    bool eventFilter(QObject* target, QEvent* event) override;
 
   private:
     void PutFence();
@@ -113,6 +111,7 @@ class X11PointerConfinement final : public PointerConfinement, public QObject {
 
     QPointer<QWidget> Frame;  // what the pointer is to be kept in
     QTimer Again;             // until the next attempt
+    PopupWatch Popups{[this] { TakeFence(); }, [this] { Again.start(); }};
     xcb_window_t Fence = XCB_WINDOW_NONE;
 };
 
@@ -138,18 +137,6 @@ void X11PointerConfinement::TakeFence() {
         xcb_flush(connection);
     }
     Fence = XCB_WINDOW_NONE;
-}
-
-bool X11PointerConfinement::eventFilter(QObject* target, QEvent* event) {
-    const auto type = event->type();
-    if (type != QEvent::Show && type != QEvent::Hide) return false;
-    const auto* widget = qobject_cast<QWidget*>(target);
-    if (!widget || widget->windowType() != Qt::Popup) return false;
-    if (type == QEvent::Show)
-        TakeFence();
-    else
-        Again.start();
-    return false;
 }
 
 }  // namespace

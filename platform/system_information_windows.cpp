@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QSettings>
+#include <QStandardPaths>
 
 namespace zps::platform {
 
@@ -17,8 +18,8 @@ SystemInformationTool FindSystemInformationTool() {
         QSettings::NativeFormat);
     const QString inFolder =
         location.value(QStringLiteral("MSINFO")).toString() + QStringLiteral("\\MSINFO32.EXE");
-    return QFileInfo::exists(inFolder) ? SystemInformationTool{inFolder, {}}
-                                       : SystemInformationTool{};
+    if (QFileInfo::exists(inFolder)) return {inFolder, {}};
+    return {QStandardPaths::findExecutable(QStringLiteral("msinfo32")), {}};
 }
 
 }  // namespace zps::platform

@@ -36,9 +36,8 @@ void PortWindow::Form_Unload() {
     EndExchange();
     comPOWER->SetPortOpen(false);
     Source.MenuDialogFlag = false;
-    Source.RetryCount = 0;
-    Source.RxBusy = false;
-    Source.ReplyFlag = ExpectAck;
+    Source.WasHandled();
+    Source.Settle();
     hide();
     const auto error = Power.TakeBack();
     PortReturned(!error);

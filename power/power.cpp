@@ -56,6 +56,7 @@ struct POWER::Inside {
     LastEvent Happened;
     LinkQuality Quality;
     Polling Polls;
+    AwaitedAnswer Answer;
     HeldSteps Held;
     LinkReport Report;
     ReadOuts Shown;
@@ -95,7 +96,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Door(window),
       Quality(Time, [this] { return Out.On(); }),
       Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
-      Held(source, *comPOWER, Sender, Time),
+      Answer(source, *comPOWER, Sender, Time),
+      Held(source, Sender, Answer),
       Report(Parts, Held, Quality, Happened, TimeAtOnce),
       Shown(Controls, source),
       Lock(Parts, around.Pointer),
@@ -107,23 +109,23 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
       Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
-      Start(
-          Time, [this] { return SendTopStep(); }, [this] { AskStatus(); }),
+      Start(Time, {[this] { return SendTopStep(); }, [this] { AskStatus(); },
+                   [this] { return Out.Known() != OutputState::Off; }}),
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       Table(Parts, Ways,
             {Rows, Lock, Held, Shown, Upload, Door, Time,
-             [this] { return Held.Awaits() || Sender.ReplyInProgress(); },
+             [this] { return Answer.Awaited() || Sender.ReplyInProgress(); },
              [this] { return Out.Known(); }, [this] { return Remote.ControlsUsable(); },
              [this] { Start.CallOff(); }}),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
-                    *comPOWER, Log, around.Loop, Time}),
+                    Answer, *comPOWER, Log, around.Loop}),
       Sequence(Parts, Fields, Progress),
       Display(Controls, TimeAtOnce, {source, Out, Shown, Rows, Progress, Quality}),
-      Replies(Parts, {*comPOWER, Held, OutputButton, Out, Happened, Start, Polls, Quality,
-                      Functions, Shown, Log, Progress}) {
+      Replies(Parts, {*comPOWER, Answer, Out, Happened, Start, Polls, Quality, Functions, Shown,
+                      Log, Progress}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
@@ -216,14 +218,14 @@ POWER::~POWER() = default;
 
 void POWER::Form_Load() {
     SOURCE& source = Self->Parts.Source;
-    source.RxBusy = false;
+    source.WasHandled();
+    source.Settle();
     Self->comPOWER->SetCommPort(source.CommPort);
     Self->comPOWER->SetPortOpen(true);
     source.SetStartScales();
     source.PowerAddr = source.SetAddr;
     ShowModel();
     Self->Report.ShowConnection(Self->comPOWER->Device());
-    source.ReplyFlag = ExpectAck;
     Self->Controls.frmPOWERDISPLAY->setVisible(true);
     Self->Rows.Highlight(0);
     Self->Refresh();
@@ -288,7 +290,7 @@ void POWER::ShowPanels(bool identified, bool checked) {
         frame->setVisible(identified);
     }
     if (checked || !Self->PortTrouble.isEmpty())
-        Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
+        Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult(), Self->PortTrouble);
     else
         Self->Controls.fraNOLINK->ExplainUnchecked();
     Self->Controls.fraNOLINK->setVisible(!identified);

@@ -72,7 +72,7 @@ void ProbeChain::SetAddress(std::int16_t address) {
     Source.SetAddr = address;
     if (FormAddr == address) return;
     FormAddr = Source.PowerAddr = address;
-    Source.RxResult = Reply::None;
+    Source.ForgetResult();
 }
 
 void ProbeChain::StartAfterLoad() {
@@ -101,7 +101,7 @@ void ProbeChain::EndExchange() {
     ++ExchangeNumber;
     AnswerAwaited = false;
     InitialisationOut = false;
-    Source.RetryCount = 0;
+    Source.Settle();
     Check.GiveUp();
 }
 
@@ -114,7 +114,7 @@ void ProbeChain::Stop() {
     Tell.Progress();
 }
 
-void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag, CheckStage stage) {
+void ProbeChain::Ask(Frame frame, std::int16_t replyFlag, CheckStage stage) {
     EndExchange();
     Sender.Send(std::move(frame), replyFlag);
     AnswerAwaited = true;
@@ -123,10 +123,10 @@ void ProbeChain::Exchange(Frame frame, std::int16_t replyFlag, CheckStage stage)
 }
 
 void ProbeChain::ProbeEnq() {
-    Exchange(ProbeFrame(FormAddr, code::Enq, FormAddr), ExpectAck, CheckStage::Answer);
+    Ask(ProbeFrame(FormAddr, code::Enq, FormAddr), ExpectAck, CheckStage::Answer);
 }
 void ProbeChain::ProbeDle() {
-    Exchange(ProbeFrame(FormAddr, code::Dle, FormAddr), ExpectData, CheckStage::Ratings);
+    Ask(ProbeFrame(FormAddr, code::Dle, FormAddr), ExpectData, CheckStage::Ratings);
 }
 
 void ProbeChain::comPOWER_OnComm() {
@@ -135,16 +135,15 @@ void ProbeChain::comPOWER_OnComm() {
         return;
     }
     const unsigned exchange = ExchangeNumber;
-    const std::size_t wanted = Source.ReplyFlag == ExpectData ? DataLength : AckLength;
+    const std::size_t wanted = Source.ReplyFlag() == ExpectData ? DataLength : AckLength;
     const Bytes reply = GatherReply(Port, wanted, serial::WaitMode::RunEvents);
     if (exchange != ExchangeNumber) return;
     const Reply result = Judge(reply);
-    Source.RxFrame = reply;
-    Source.RxResult = result;
-    Source.RxBusy = false;
+    Source.WasJudged(reply, result);
+    Source.WasHandled();
     if (result == Reply::Data) TakeRatings(reply);
-    if (Source.RetryCount < MostRetries && Failed(result)) {
-        ++Source.RetryCount;
+    if (Source.RetryCount() < MostRetries && Failed(result)) {
+        Source.WillRetry();
         Port.Pause(RetryPause, serial::WaitMode::RunEvents);
         if (exchange == ExchangeNumber) Sender.TransmitFrame();
     } else {
@@ -153,7 +152,8 @@ void ProbeChain::comPOWER_OnComm() {
 }
 
 Reply ProbeChain::Judge(const Bytes& reply) {
-    const Reply result = JudgeReply(reply, Source.ReplyFlag, Source.PowerAddr, CheckByte::Wrapped);
+    const Reply result =
+        JudgeReply(reply, Source.ReplyFlag(), Source.PowerAddr, CheckByte::Wrapped);
     if (result != Reply::Data || !TellsUnknownRatings()) return result;
     const auto bytes = std::span(reply).first<DataLength>();
     const RatingFields ratings = ReadRatingFields(bytes);
@@ -174,12 +174,11 @@ void ProbeChain::TakeRatings(const Bytes& reply) {
 }
 
 void ProbeChain::Finish(Reply result) {
-    const std::int16_t asked = Source.ReplyFlag;
-    const bool lastAttempt = Source.RetryCount >= MostRetries;
+    const std::int16_t asked = Source.ReplyFlag();
+    const bool lastAttempt = Source.RetryCount() >= MostRetries;
     const bool initialised = result == Reply::Ack && InitialisationOut;
     AnswerAwaited = false;
-    Source.RetryCount = 0;
-    Source.ReplyFlag = ExpectAck;
+    Source.Settle();
     Check.End(!Failed(result));
     Tell.Result(result, asked);
     if (initialised) Tell.FunctionsOff();
@@ -213,13 +212,13 @@ void ProbeChain::tmrSTART_ENQ_Timer() {
 void ProbeChain::tmrZPS_Remote_Timer() {
     tmrZPS_Remote.SetEnabled(false);
     ProbeStage = Stage::GoingRemote;
-    Exchange(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck, CheckStage::Remote);
+    Ask(ProbeFrame(FormAddr, code::Dc3, Source.PowerAddr), ExpectAck, CheckStage::Remote);
 }
 
 void ProbeChain::tmrPower_Init_Timer() {
     tmrPower_Init.SetEnabled(false);
     ProbeStage = Stage::Initialising;
-    Exchange(InitialisationFrame(FormAddr), ExpectAck, CheckStage::Initialise);
+    Ask(InitialisationFrame(FormAddr), ExpectAck, CheckStage::Initialise);
     InitialisationOut = true;
 }
 

@@ -60,7 +60,7 @@ class ProbeChain {
 
     void StartIn(std::chrono::milliseconds delay);
     void EndExchange();
-    void Exchange(Frame frame, std::int16_t replyFlag, CheckStage stage);
+    void Ask(Frame frame, std::int16_t replyFlag, CheckStage stage);
     void comPOWER_OnComm();
     Reply Judge(const Bytes& reply);
     bool TellsUnknownRatings() const;

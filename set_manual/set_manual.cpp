@@ -60,7 +60,7 @@ void SET_MANUAL::ConnectControls() {
 }
 
 void SET_MANUAL::Form_Load() {
-    Source.RxBusy = false;
+    Source.WasHandled();
     FormPort = Source.CommPort;
     const auto error = OpenPort(FormPort);
     Controls.cmbADDR->setCurrentIndex(Source.SetAddr - 1);
@@ -85,7 +85,7 @@ void SET_MANUAL::optPORT_Click(int number) {
     // Another port may hold another supply: the old ratings must not meet it.
     if (port != Source.CommPort) {
         Source.Forget();
-        Source.RxResult = Reply::None;
+        Source.ForgetResult();
     }
     Source.CommPort = FormPort = port;
     Power.ConnectionChanged();
@@ -162,12 +162,12 @@ void SET_MANUAL::ShowOnBoth(const ResultLook& look) {
 }
 
 void SET_MANUAL::EndExchange() {
-    CutShort = Chain.Progress().Running() && Source.RxResult == Reply::None;
+    CutShort = Chain.Progress().Running() && Source.RxResult() == Reply::None;
     Chain.Stop();
 }
 
 void SET_MANUAL::PortReturned(bool open) {
-    const bool answered = Source.RxResult == Reply::Data || Source.RxResult == Reply::Ack;
+    const bool answered = Source.RxResult() == Reply::Data || Source.RxResult() == Reply::Ack;
     Power.ShowPanels(open && answered, !CutShort);
 }
 
@@ -175,7 +175,7 @@ void SET_MANUAL::ShowProgress() {
     const CheckProgress& progress = Chain.Progress();
     Controls.fraSTAGES->Show(progress);
     const QString next = QString::fromUtf8(NextStep(
-        {comPOWER->PortOpen(), progress.Running(), Source.RxResult, Source.RatingsKnown()}));
+        {comPOWER->PortOpen(), progress.Running(), Source.RxResult(), Source.RatingsKnown()}));
     Controls.lblNEXT->setText(next);
     // Until they are read again the ratings are those of another supply, or of none.
     for (ReadOut* rating : {Controls.POWERVoltage, Controls.POWERCurrent})

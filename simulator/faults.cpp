@@ -1,5 +1,7 @@
 #include "simulator/faults.h"
 
+#include <cmath>
+
 namespace zps::simulator {
 
 namespace {
@@ -27,7 +29,7 @@ std::vector<Piece> ReplyFaults::Apply(const Faults& faults, Bytes reply, Time du
 }
 
 bool ReplyFaults::Happens(double share) {
-    return static_cast<double>(Random()) < share * 4294967296.0;
+    return static_cast<double>(Random()) < std::ldexp(share, 64);
 }
 
 }  // namespace zps::simulator

@@ -35,7 +35,9 @@ class ReplyFaults {
   private:
     bool Happens(double share);
 
-    std::mt19937 Random;
+    // Not the engine of 32 bits: Qt has it too, and g++ 12 for Windows calls the one copy that the
+    // linker keeps as if it were still the other, and loses registers.
+    std::mt19937_64 Random;
 };
 
 }  // namespace zps::simulator

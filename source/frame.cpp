@@ -73,8 +73,17 @@ FrameBuilder& FrameBuilder::AppendWord(std::int32_t value) {
     return Append({word.High, word.Low});
 }
 
+Request FrameBuilder::FirstRequest() const {
+    constexpr std::size_t letterPosition = CommandsPosition + 1;  // behind ESC
+    Request first;
+    if (Data.size() > letterPosition) first.Letter = static_cast<char>(Data[letterPosition]);
+    if (Data.size() > letterPosition + 1) first.Data = Data[letterPosition + 1];
+    return first;
+}
+
 Frame FrameBuilder::Finish() {
     Frame frame;
+    frame.Asks = FirstRequest();
     frame.Length = ToByte(static_cast<std::int64_t>(Data.size() - CommandsPosition));
     Data[LengthPosition] = frame.Length;
     Data.push_back(code::Etx);

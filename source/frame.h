@@ -44,10 +44,18 @@ inline constexpr char Sensing = 'W';      // 1 on, 0 off
 inline constexpr char OverCurrent = 'X';  // protection: 1 on, 0 off
 }  // namespace letter
 
+// What a framed command asks for: its first letter, and the first data byte of that. A control
+// frame has none.
+struct Request {
+    char Letter = 0;
+    std::uint8_t Data = 0;
+};
+
 struct Frame {
     Bytes Data;               // the whole frame as it goes on the line
     std::uint8_t Length = 0;  // its length byte; 0 for a control frame
     std::uint8_t Sum = 0;     // its last byte
+    Request Asks;
 };
 
 // Lays out a framed command, one command after another. Throws OverflowError for an address or a
@@ -64,6 +72,8 @@ class FrameBuilder {
     Frame Finish();
 
   private:
+    Request FirstRequest() const;
+
     Bytes Data;
 };
 

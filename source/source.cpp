@@ -2,15 +2,7 @@
 
 #include "source/errors.h"
 
-#include <utility>
-
 namespace zps {
-
-void SOURCE::LayFrame(Frame frame) {
-    TxFrame = std::move(frame.Data);
-    FrameLen = frame.Length;
-    FrameSum = frame.Sum;
-}
 
 void SOURCE::PaintStepRows(int step) const {
     if (Rows == nullptr) return;

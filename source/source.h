@@ -2,8 +2,8 @@
 // it is handed it, so that a test makes a fresh one. Window thread only.
 #pragma once
 
+#include "source/exchange.h"
 #include "source/ratings.h"
-#include "source/reply.h"
 #include "source/step_rows.h"
 #include "source/step_table.h"
 
@@ -12,34 +12,22 @@
 
 namespace zps {
 
-// What the link between the panel and its supply is made of.
+// What is chosen for the link between the panel and its supply.
 struct LinkState {
     std::int16_t CommPort = 1;   // serial port, 1 to 4
     std::int16_t SetAddr = 1;    // address chosen in the settings window
     std::int16_t PowerAddr = 0;  // in every frame, expected in every reply
     std::string ModelName = "ZPS_150";
     std::int16_t ModelIndex = 0;  // its place in the settings window's list
-
-    Bytes TxFrame;  // the frame last laid, and its length and sum byte
-    std::uint8_t FrameLen = 0;
-    std::uint8_t FrameSum = 0;
-    Bytes RxFrame;  // the bytes of the last reply
-    Reply RxResult = Reply::None;
-    std::int16_t ReplyFlag = ExpectAck;  // the kind of reply expected
-    bool RxBusy = false;                 // a frame is out and its reply not yet handled
-    std::int16_t RetryCount = 0;
     bool MenuDialogFlag = false;  // the settings or test window is open
 };
 
-struct SOURCE : LinkState, Ratings, StepTable {
+struct SOURCE : LinkState, Exchange, Ratings, StepTable {
     // The visible rows; set by the main window while it lives.
     StepRows* Rows = nullptr;
 
     // Whether the ratings are those of the supply at the chosen address.
     bool RatingsKnown() const { return KnownAt(SetAddr); }
-
-    // Puts `frame` into TxFrame, FrameLen and FrameSum.
-    void LayFrame(Frame frame);
 
     // Colours the visible rows: `step` highlighted, held steps marked, the others plain. A step
     // that is not visible highlights none. Throws OverflowError at a row that shows no step.

@@ -13,7 +13,7 @@ constexpr auto LatestReply = 1s;
 }  // namespace
 
 bool Transmitter::ReplyInProgress() const {
-    return Source.RxBusy && Now() - SentAt < LatestReply;
+    return Source.RxBusy() && Now() - SentAt < LatestReply;
 }
 
 void Transmitter::TransmitFrame() {
@@ -22,23 +22,23 @@ void Transmitter::TransmitFrame() {
 }
 
 void Transmitter::PutOut() {
-    Source.RxBusy = true;
+    Source.WentOut();
     SentAt = Now();
     Port.DiscardInput();
-    Port.Output(Source.TxFrame);
+    Port.Output(Source.TxFrame());
 }
 
 void Transmitter::AwaitOutstanding() {
     // No reply can be handled during this wait, so nothing can end it early.
     if (ReplyInProgress()) Port.Pause(OutstandingReplyWait, serial::WaitMode::HoldEvents);
-    for (const auto& hear : Hear) hear();
-    Source.RxBusy = false;
+    Hear();
+    Source.WasHandled();
 }
 
 void Transmitter::Send(Frame frame, std::int16_t replyFlag) {
     AwaitOutstanding();
     Source.LayFrame(std::move(frame));
-    Source.ReplyFlag = replyFlag;
+    Source.Expect(replyFlag);
     PutOut();
 }
 

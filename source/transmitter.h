@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <utility>
-#include <vector>
 
 namespace zps {
 
@@ -32,8 +31,8 @@ class Transmitter {
     // then is swept away by the next frame.
     void AwaitOutstanding();
     // Called once before each frame, after that wait if there is one: the last chance to read what
-    // has come. Of several at most one awaits an answer at any time.
-    void OnOutstanding(std::function<void()> hear) { Hear.push_back(std::move(hear)); }
+    // has come.
+    void OnOutstanding(std::function<void()> hear) { Hear = std::move(hear); }
 
     // Lays `frame`, notes the kind of reply it asks for, and sends it.
     void Send(Frame frame, std::int16_t replyFlag);
@@ -49,7 +48,7 @@ class Transmitter {
     serial::Port& Port;
     std::function<Clock::time_point()> Now;
     Clock::time_point SentAt;
-    std::vector<std::function<void()>> Hear;
+    std::function<void()> Hear = [] {};
 };
 
 }  // namespace zps

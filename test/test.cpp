@@ -69,7 +69,7 @@ void TEST::Probe(std::uint8_t controlCode) {
     ++ProbesOut;
     ProbeSilent = true;
     SentAt = serial::Clock::now();
-    comPOWER->Output(Source.TxFrame);
+    comPOWER->Output(Source.TxFrame());
 }
 
 // For one byte first: when that comes is how quick the supply is, and a data reply never has as

@@ -45,6 +45,7 @@ class Session {
     static QString Text(const QWidget& window, const char* label);
     SET_MANUAL& OpenSettings();
     void ChooseAddress(int address);
+    bool RatingsCome();
     void CloseSettings();
 
     simulator::Line Wire;

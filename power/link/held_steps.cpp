@@ -1,15 +1,6 @@
 #include "power/link/held_steps.h"
 
-#include <chrono>
-#include <utility>
-
 namespace zps {
-
-using namespace std::chrono_literals;
-
-namespace {
-constexpr auto AnswerLimit = 1s;  // an answer that has not come by then will not come
-}
 
 StepValues Only(StepValue value) {
     return StepValues().set(static_cast<std::size_t>(value));
@@ -17,15 +8,6 @@ StepValues Only(StepValue value) {
 
 StepValues AllValues() {
     return StepValues().set();
-}
-
-HeldSteps::HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Timekeeper& time)
-    : Source(source),
-      Port(port),
-      Sender(line),
-      tmrANSWER(time.MakeTicker("tmrANSWER", AnswerLimit)) {
-    Sender.OnOutstanding([this] { HearAnswer(); });
-    tmrANSWER->OnTick([this] { tmrANSWER_Timer(); });
 }
 
 void HeldSteps::Put(const Sent& sent, const Frame& frame) {
@@ -45,8 +27,7 @@ void HeldSteps::Put(const Sent& sent, const Frame& frame) {
         Refuse(sent);
         throw;
     }
-    Awaited = sent;
-    tmrANSWER->Restart();
+    Answer.Await([this, sent](Reply result) { Judge(sent, result); });
     Told();
 }
 
@@ -72,7 +53,7 @@ void HeldSteps::Changed(const TableValues& values) {
 }
 
 void HeldSteps::Forget() {
-    Awaited.reset();
+    Answer.Forget();
     Acknowledged.fill({});
     Refusals.fill({});
     Changes.fill({});
@@ -81,20 +62,7 @@ void HeldSteps::Forget() {
     Told();
 }
 
-void HeldSteps::Answered(Reply result) {
-    if (result != Reply::None) Judge(result);  // one that is late may still come
-}
-
-void HeldSteps::HearAnswer() {
-    if (!Awaited) return;
-    const Bytes reply = GatherReply(Port, 0, serial::WaitMode::HoldEvents);
-    Judge(JudgeReply(reply, ExpectAck, Source.PowerAddr, CheckByte::Whole));
-}
-
-void HeldSteps::Judge(Reply result) {
-    if (!Awaited) return;
-    const Sent sent = *std::exchange(Awaited, std::nullopt);
-    tmrANSWER->SetEnabled(false);
+void HeldSteps::Judge(const Sent& sent, Reply result) {
     if (result == Reply::Ack && sent.Selects) MaybeAt.reset().set(Index(sent.Step));
     if (result != Reply::Ack || !IsAt(sent.Step)) {
         Refuse(sent);
@@ -116,12 +84,6 @@ void HeldSteps::Refuse(const Sent& sent) {
 
 void HeldSteps::Mark(int step, bool held) {
     Source.Flags.set(Index(step), held);
-}
-
-void HeldSteps::tmrANSWER_Timer() {
-    if (Port.InBufferCount() > 0) return;  // an answer waits behind a box: its event comes next
-    tmrANSWER->SetEnabled(false);
-    Judge(Reply::None);
 }
 
 }  // namespace zps

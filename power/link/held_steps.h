@@ -1,15 +1,13 @@
 // Which steps the supply holds, as far as its answers tell.
 #pragma once
 
+#include "power/link/awaited_answer.h"
 #include "source/source.h"
-#include "source/timekeeper.h"
 #include "source/transmitter.h"
 
 #include <array>
 #include <bitset>
 #include <functional>
-#include <memory>
-#include <optional>
 
 namespace zps {
 
@@ -26,9 +24,9 @@ StepValues AllValues();
 // it may be at this step or at the one before: a value that is sent then counts for neither.
 class HeldSteps {
   public:
-    // From now on the answer to values of a step is heard before a further frame of `line`, which
-    // would sweep it away. `port` is the port of `line`; all of them outlive this.
-    HeldSteps(SOURCE& source, serial::Port& port, Transmitter& line, Timekeeper& time);
+    // All of them outlive this; `answer` is that of the frames of `line`.
+    HeldSteps(SOURCE& source, Transmitter& line, AwaitedAnswer& answer)
+        : Source(source), Sender(line), Answer(answer) {}
 
     // Sends `frame`, which carries `values` of `step`, the selected one, as the table has them.
     // Throws what sending throws; the values count as refused then.
@@ -46,9 +44,6 @@ class HeldSteps {
     // The table is that of a supply that has got none of it.
     void Forget();
 
-    // The reply to the last frame has been judged. Without a reply the answer is still awaited.
-    void Answered(Reply result);
-
     // The values of `step` that were sent and that the supply refused or did not acknowledge.
     const StepValues& Refused(int step) const { return Refusals.at(Index(step)); }
 
@@ -65,8 +60,6 @@ class HeldSteps {
     void OnRefusal(std::function<void(int step, StepValues values)> told) {
         ToldRefusal = std::move(told);
     }
-    // Whether the last frame was one of these and has no answer yet.
-    bool Awaits() const { return Awaited.has_value(); }
 
   private:
     struct Sent {
@@ -77,20 +70,15 @@ class HeldSteps {
 
     static std::size_t Index(int step) { return static_cast<std::size_t>(step); }
     void Put(const Sent& sent, const Frame& frame);
-    // Reads the answer that is outstanding, if it has come by now.
-    void HearAnswer();
-    void Judge(Reply result);
+    void Judge(const Sent& sent, Reply result);
     void Refuse(const Sent& sent);
     // The supply may have another value now.
     void Lose(int step, StepValues values);
     void Mark(int step, bool held);
-    void tmrANSWER_Timer();
 
     SOURCE& Source;
-    serial::Port& Port;
     Transmitter& Sender;
-    std::unique_ptr<Ticker> tmrANSWER;
-    std::optional<Sent> Awaited;
+    AwaitedAnswer& Answer;
     std::array<StepValues, StepCount> Acknowledged{};  // as they stand in the table
     std::array<StepValues, StepCount> Refusals{};
     std::array<StepValues, StepCount> Changes{};

@@ -1,6 +1,7 @@
 // The lay-out of the main window: what the supply is, what it does, what it is told, and the link.
 
 #include "controls/flowing_row.h"
+#include "controls/shortcuts.h"
 #include "controls/widgets.h"
 #include "power/log/measurement_log.h"
 #include "power/panel/display_layout.h"
@@ -185,6 +186,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     view->horizontalScrollBar()->setAccessibleName(QStringLiteral("창 좌우 이동"));
     window.setCentralWidget(view);
     window.menuBar()->setAccessibleName(QStringLiteral("메뉴"));
+    GiveMenuKey(*window.menuBar());
     window.statusBar()->setAccessibleName(QStringLiteral("통신 줄"));
     window.statusBar()->addWidget(MakeLinkLine(controls), 1);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room

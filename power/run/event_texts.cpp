@@ -30,24 +30,24 @@ const FaultText* Find(std::uint8_t faultCode) {
     return found == FaultTexts.end() ? nullptr : found;
 }
 
-struct Request {
+struct RequestName {
     char Letter;
     const char* Text;
-    bool Switches;  // its first byte says on or off
+    bool Switches;  // its data byte says on or off
 };
-constexpr std::array Requests{
-    Request{letter::Output, "출력", true},
-    Request{letter::Auto, "자동 운전", true},
-    Request{letter::Sensing, "원격 센싱", true},
-    Request{letter::OverCurrent, "과전류 보호", true},
-    Request{letter::Volt, "전압 설정", false},
-    Request{letter::Curr, "전류 설정", false},
-    Request{letter::Time, "시간 설정", false},
-    Request{letter::Slope, "전압 변화 시간 설정", false},
-    Request{letter::Ovp, "O.V.P 설정", false},
-    Request{letter::Sequence, "자동 운전 순서", false},
-    Request{letter::Count, "자동 운전 반복 횟수", false},
-    Request{letter::FaultReset, "오류 해제", false},
+constexpr std::array RequestNames{
+    RequestName{letter::Output, "출력", true},
+    RequestName{letter::Auto, "자동 운전", true},
+    RequestName{letter::Sensing, "원격 센싱", true},
+    RequestName{letter::OverCurrent, "과전류 보호", true},
+    RequestName{letter::Volt, "전압 설정", false},
+    RequestName{letter::Curr, "전류 설정", false},
+    RequestName{letter::Time, "시간 설정", false},
+    RequestName{letter::Slope, "전압 변화 시간 설정", false},
+    RequestName{letter::Ovp, "O.V.P 설정", false},
+    RequestName{letter::Sequence, "자동 운전 순서", false},
+    RequestName{letter::Count, "자동 운전 반복 횟수", false},
+    RequestName{letter::FaultReset, "오류 해제", false},
 };
 
 }  // namespace
@@ -68,24 +68,14 @@ QString FaultEvent(std::uint8_t faultCode) {
                : QStringLiteral("%1 (코드 %2)").arg(QString::fromUtf8(fault->Text)).arg(faultCode);
 }
 
-std::optional<char> LetterOf(const Bytes& frame) {
-    constexpr std::size_t letterPlace = 4;
-    if (frame.size() <= letterPlace) return std::nullopt;
-    return static_cast<char>(frame[letterPlace]);
-}
-
-QString RequestText(const Bytes& frame) {
-    constexpr std::size_t dataPlace = 5;
-    if (frame.size() <= dataPlace) return QStringLiteral("제어 명령");
-    const char asked = *LetterOf(frame);
-    const int data = frame[dataPlace];
-    if (asked == letter::Step)
-        return QStringLiteral("단계 %1 송신").arg(QString::fromStdString(FormatStep(data)));
-    const auto* found = std::ranges::find(Requests, asked, &Request::Letter);
-    if (found == Requests.end()) return QStringLiteral("제어 명령");
+QString RequestText(const Request& asked) {
+    if (asked.Letter == letter::Step)
+        return QStringLiteral("단계 %1 송신").arg(QString::fromStdString(FormatStep(asked.Data)));
+    const auto* found = std::ranges::find(RequestNames, asked.Letter, &RequestName::Letter);
+    if (found == RequestNames.end()) return QStringLiteral("제어 명령");
     QString text = QString::fromUtf8(found->Text);
     if (!found->Switches) return text;
-    return text + (data == 0 ? QStringLiteral(" 끄기") : QStringLiteral(" 켜기"));
+    return text + (asked.Data == 0 ? QStringLiteral(" 끄기") : QStringLiteral(" 켜기"));
 }
 
 QString RefusalText(int step, StepValues values) {
@@ -96,7 +86,8 @@ QString RefusalText(int step, StepValues values) {
                                        {StepValue::Slope, letter::Slope},
                                        {StepValue::Ovp, letter::Ovp}}) {
         if (values == Only(value))
-            what = QString::fromUtf8(std::ranges::find(Requests, asked, &Request::Letter)->Text);
+            what = QString::fromUtf8(
+                std::ranges::find(RequestNames, asked, &RequestName::Letter)->Text);
     }
     return QStringLiteral("전원 장치가 단계 %1의 %2을 받지 않았습니다.")
         .arg(QString::fromStdString(FormatStep(step)), what);

@@ -20,11 +20,8 @@ std::optional<Message> FaultMessage(std::uint8_t faultCode);
 // The same for the line of the last event; every code has one.
 QString FaultEvent(std::uint8_t faultCode);
 
-// The letter of a framed command, of the first one in it; none in a control frame.
-std::optional<char> LetterOf(const Bytes& frame);
-
 // What a frame asks for: "전압 설정", "단계 03 송신", "출력 켜기".
-QString RequestText(const Bytes& frame);
+QString RequestText(const Request& asked);
 
 // What of a step the supply has not taken: "전원 장치가 단계 03의 전압 설정을 받지 않았습니다."
 // Without values it is the selection of the step.

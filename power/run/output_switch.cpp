@@ -14,16 +14,13 @@ using namespace std::chrono_literals;
 
 namespace {
 constexpr auto ReplyInProgressLimit = 1s;
-constexpr auto OffAnswerLimit = 1s;
 constexpr auto Lateness = 100ms;  // more than a wait may overrun by itself
 }  // namespace
 
 OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround& around)
-    : Parts(parts), Around(around), tmrOFF(around.Time.MakeTicker("tmrOFF", OffAnswerLimit)) {
+    : Parts(parts), Around(around) {
     commands.Connect(
         *Parts.Controls.cmdOUTPUT, [this] { cmdOUTPUT_Click(); }, Commands::OpenEntry::LeaveOpen);
-    tmrOFF->OnTick([this] { tmrOFF_Timer(); });
-    Parts.Sender.OnOutstanding([this] { HearAnswer(); });
 }
 
 void OutputSwitch::cmdOUTPUT_Click() {
@@ -44,30 +41,12 @@ void OutputSwitch::SwitchOff() {
     Say(*Parts.Controls.Output_ONOFF);
     Around.Shown.ShowStep(Around.Rows.CurStep());
     Send(false);
-    OffAwaited = true;
-    tmrOFF->Restart();
-}
-
-void OutputSwitch::Answered(Reply result) {
-    if (result != Reply::None) JudgeOff(result);  // one that is late may still come
-}
-
-void OutputSwitch::HearAnswer() {
-    if (!OffAwaited) return;
-    const Bytes reply = GatherReply(Around.Port, 0, serial::WaitMode::HoldEvents);
-    JudgeOff(JudgeReply(reply, ExpectAck, Parts.Source.PowerAddr, CheckByte::Whole));
-}
-
-void OutputSwitch::tmrOFF_Timer() {
-    if (Around.Port.InBufferCount() > 0) return;  // it waits behind a box: its event comes next
-    JudgeOff(Reply::None);
+    Around.Answer.Await([this](Reply result) { JudgeOff(result); });
 }
 
 // Nothing is polled any more that would show the output on: whoever stands before the supply must
 // hear that it may be.
 void OutputSwitch::JudgeOff(Reply result) {
-    if (!std::exchange(OffAwaited, false)) return;
-    tmrOFF->SetEnabled(false);
     if (result == Reply::Ack) return;
     const bool refused = result == Reply::Nak;
     Around.Happened.Note(

@@ -1,6 +1,7 @@
 // The output switch.
 #pragma once
 
+#include "power/link/awaited_answer.h"
 #include "power/link/held_steps.h"
 #include "power/link/last_event.h"
 #include "power/link/polling.h"
@@ -16,9 +17,6 @@
 #include "serial/event_loop.h"
 #include "serial/port.h"
 #include "source/reply.h"
-#include "source/timekeeper.h"
-
-#include <memory>
 
 namespace zps {
 
@@ -38,22 +36,16 @@ class OutputSwitch {
         EditLock& Lock;
         StepList& Rows;
         HeldSteps& Held;
+        AwaitedAnswer& Answer;
         serial::Port& Port;  // that the frames leave by
         MeasurementLog& Log;
         serial::EventLoop& Loop;
-        Timekeeper& Time;
     };
     OutputSwitch(PowerParts& parts, Commands& commands, const Surround& around);
-
-    // The reply to the last frame has been judged. Without a reply the answer is still awaited.
-    void Answered(Reply result);
 
   private:
     void cmdOUTPUT_Click();
     void SwitchOff();
-    void tmrOFF_Timer();
-    // The answer to switching off that is outstanding, before the next frame sweeps it away.
-    void HearAnswer();
     void JudgeOff(Reply result);
     void SwitchOn(serial::Clock::time_point deadline);
     // Says that the supply has not got all that the table shows for `step`.
@@ -64,8 +56,6 @@ class OutputSwitch {
 
     PowerParts& Parts;
     Surround Around;
-    std::unique_ptr<Ticker> tmrOFF;  // the answer to switching off is due by its tick
-    bool OffAwaited = false;         // the last frame has switched the output off
 };
 
 }  // namespace zps

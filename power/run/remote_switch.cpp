@@ -49,7 +49,7 @@ void RemoteSwitch::GoRemote() {
     RemoteOn = true;
     SetRemoteControls(true);
     ShowControl(Parts.Controls, Control::Serial);
-    // No value may reach an output that is on by this: it goes on as it is.
+    // An output that is on goes on as it is.
     if (!Out.On()) Start.AfterNextReply();
 }
 

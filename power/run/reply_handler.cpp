@@ -14,7 +14,7 @@ constexpr int RetriesOver = 3;
 class BusyUntilEnd {
   public:
     explicit BusyUntilEnd(SOURCE& source) : Source(source) {}
-    ~BusyUntilEnd() { Source.RxBusy = false; }
+    ~BusyUntilEnd() { Source.WasHandled(); }
     BusyUntilEnd(const BusyUntilEnd&) = delete;
     BusyUntilEnd& operator=(const BusyUntilEnd&) = delete;
 
@@ -26,16 +26,14 @@ class BusyUntilEnd {
 
 void ReplyHandler::comPOWER_OnComm() {
     const BusyUntilEnd busy(Parts.Source);
-    const bool wantsData = Parts.Source.ReplyFlag == ExpectData;
+    const bool wantsData = Parts.Source.ReplyFlag() == ExpectData;
     const Bytes reply =
         GatherReply(Around.Port, wantsData ? DataLength : AckLength, serial::WaitMode::HoldEvents);
-    Parts.Source.RxFrame = reply;
     const Reply result =
-        JudgeReply(reply, Parts.Source.ReplyFlag, Parts.Source.PowerAddr, CheckByte::Whole);
-    Parts.Source.RxResult = result;
+        JudgeReply(reply, Parts.Source.ReplyFlag(), Parts.Source.PowerAddr, CheckByte::Whole);
+    Parts.Source.WasJudged(reply, result);
     if (result == Reply::Nak) Refused();
-    Around.Held.Answered(result);
-    Around.OutputButton.Answered(result);
+    Around.Answer.Heard(result);
     std::optional<Message> message;
     if (wantsData) {
         const bool present = Around.Quality.Answered(result, reply.size());
@@ -95,13 +93,12 @@ Message ReplyHandler::EndOfOutput(std::uint8_t code) {
 
 void ReplyHandler::Refused() {
     Around.Out.Refused();
-    const std::optional<char> asked = LetterOf(Parts.Source.TxFrame);
-    if (asked == letter::Sequence) Around.Progress.SequenceRefused();
-    if (asked == letter::Count) Around.Progress.CountRefused();
-    if (Around.Held.Awaits()) return;  // tells which value of which step it was
-    Around.Happened.Note(
-        EventKind::Refused,
-        QStringLiteral("전원 장치가 거부했습니다: %1").arg(RequestText(Parts.Source.TxFrame)));
+    const Request& asked = Parts.Source.LastRequest();
+    if (asked.Letter == letter::Sequence) Around.Progress.SequenceRefused();
+    if (asked.Letter == letter::Count) Around.Progress.CountRefused();
+    if (Around.Answer.Awaited()) return;  // whoever awaits it has more to say
+    Around.Happened.Note(EventKind::Refused,
+                         QStringLiteral("전원 장치가 거부했습니다: %1").arg(RequestText(asked)));
 }
 
 void ReplyHandler::TakeReadBack(const ReadBack& values) {
@@ -117,9 +114,8 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
 }
 
 void ReplyHandler::RearmTimers() {
-    const bool retriesOver = Parts.Source.RetryCount >= RetriesOver;
-    Parts.Source.RetryCount = 0;
-    Parts.Source.ReplyFlag = ExpectAck;
+    const bool retriesOver = Parts.Source.RetryCount() >= RetriesOver;
+    Parts.Source.Settle();
     Around.Polls.ReplyHandled();
     if (retriesOver) return;
     Around.Log.NoteReply();

@@ -1,7 +1,7 @@
 // What the main window does with a reply.
 #pragma once
 
-#include "power/link/held_steps.h"
+#include "power/link/awaited_answer.h"
 #include "power/link/last_event.h"
 #include "power/link/polling.h"
 #include "power/log/measurement_log.h"
@@ -10,7 +10,6 @@
 #include "power/run/auto_progress.h"
 #include "power/run/function_switches.h"
 #include "power/run/output.h"
-#include "power/run/output_switch.h"
 #include "power/run/step_start.h"
 #include "serial/port.h"
 
@@ -23,8 +22,7 @@ class ReplyHandler {
     // Who is told of what a reply says.
     struct Surround {
         serial::Port& Port;
-        HeldSteps& Held;
-        OutputSwitch& OutputButton;
+        AwaitedAnswer& Answer;
         Output& Out;
         LastEvent& Happened;
         StepStart& Start;

@@ -7,9 +7,8 @@ namespace zps {
 
 using namespace std::chrono_literals;
 
-StepStart::StepStart(Timekeeper& time, std::function<bool()> start, std::function<void()> poll)
-    : Start(std::move(start)),
-      Poll(std::move(poll)),
+StepStart::StepStart(Timekeeper& time, Actions actions)
+    : Act(std::move(actions)),
       tmrSTART(time.MakeTicker("tmrSTART", 200ms)),
       tmrStatus(time.MakeTicker("tmrStatus", 180ms)) {
     tmrSTART->OnTick([this] { tmrSTART_Timer(); });
@@ -23,20 +22,21 @@ void StepStart::CallOff() {
 }
 
 void StepStart::ReplyHandled() {
-    if (RunPhase == AskingStatus) tmrStatus->SetEnabled(true);
+    if (RunPhase == AskingStatus || RunPhase == AskingFirst) tmrStatus->SetEnabled(true);
+    if (RunPhase == Deciding) RunPhase = Act.OutputMayBeOn() ? Idle : Starting;
     if (RunPhase == Starting) tmrSTART->SetEnabled(true);
 }
 
 void StepStart::tmrSTART_Timer() {
     tmrSTART->SetEnabled(false);
     RunPhase = Idle;
-    if (Start()) RunPhase = AskingStatus;
+    if (Act.Start()) RunPhase = AskingStatus;
 }
 
 void StepStart::tmrStatus_Timer() {
     tmrStatus->SetEnabled(false);
-    RunPhase = Idle;
-    Poll();
+    RunPhase = RunPhase == AskingFirst ? Deciding : Idle;
+    Act.Poll();
 }
 
 }  // namespace zps

@@ -1,5 +1,6 @@
 // The step start: after the supply has gone under remote control the top step of the list is sent
-// to it, and then its status is asked for once.
+// to it, and then its status is asked for once. Where its output may be on, the status is asked for
+// first: no value may reach a live output by this.
 #pragma once
 
 #include "source/timekeeper.h"
@@ -12,14 +13,18 @@ namespace zps {
 
 class StepStart {
   public:
-    // `start` sends the top step and tells whether it has; `poll` asks for the status.
-    StepStart(Timekeeper& time, std::function<bool()> start, std::function<void()> poll);
+    struct Actions {
+        std::function<bool()> Start;          // sends the top step, and tells whether it has
+        std::function<void()> Poll;           // asks for the status
+        std::function<bool()> OutputMayBeOn;  // as far as the supply has reported by now
+    };
+    StepStart(Timekeeper& time, Actions actions);
 
     // Starts once the next reply has been handled, or at once (0.2 s from now).
-    void AfterNextReply() { RunPhase = Starting; }
+    void AfterNextReply() { RunPhase = Act.OutputMayBeOn() ? AskingFirst : Starting; }
     void Begin() { tmrSTART->SetEnabled(true); }
     // Whether the top step is about to be sent.
-    bool UnderWay() const { return RunPhase == Starting || tmrSTART->Enabled(); }
+    bool UnderWay() const { return RunPhase > AskingStatus || tmrSTART->Enabled(); }
     // Nothing of it comes any more.
     void CallOff();
     void ReplyHandled();
@@ -28,13 +33,14 @@ class StepStart {
     // What the next handled reply leads to.
     static constexpr std::int16_t Idle = 0;
     static constexpr std::int16_t AskingStatus = 1;
+    static constexpr std::int16_t AskingFirst = 98;
+    static constexpr std::int16_t Deciding = 99;  // it is the answer to that
     static constexpr std::int16_t Starting = 100;
 
     void tmrSTART_Timer();
     void tmrStatus_Timer();
 
-    std::function<bool()> Start;
-    std::function<void()> Poll;
+    Actions Act;
     std::int16_t RunPhase = Idle;
     std::unique_ptr<Ticker> tmrSTART;
     std::unique_ptr<Ticker> tmrStatus;

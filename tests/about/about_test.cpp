@@ -2,8 +2,10 @@
 
 #include "tests/support/panel.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPushButton>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -11,8 +13,10 @@
 namespace zps::tests {
 namespace {
 
+using Tool = platform::SystemInformationTool;
+
 struct Box {
-    explicit Box(const platform::SystemInformationTool& tool) : About(nullptr, tool, Boxes) {
+    explicit Box(const Tool& tool) : About(nullptr, tool, Boxes) {
         About.show();
         QTest::mouseClick(&Button, Qt::LeftButton);
     }
@@ -24,7 +28,9 @@ struct Box {
 TEST(AboutBox, StartsTheSystemsTool) {
     const QTemporaryDir folder;
     const QString made = folder.filePath("made by the tool");
-    const Box box({"/bin/mkdir", {made}});
+    const bool onWindows = QSysInfo::kernelType() == "winnt";
+    const Box box(onWindows ? Tool{"cmd.exe", {"/c", "mkdir", QDir::toNativeSeparators(made)}}
+                            : Tool{"/bin/mkdir", {made}});
     EXPECT_TRUE(WaitFor([&] { return QFile::exists(made); }));
     EXPECT_TRUE(box.Boxes.Shown.empty() && box.Button.isEnabled());
 }

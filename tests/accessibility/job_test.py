@@ -7,7 +7,7 @@ set, upload, switch on, read, switch off, copy. On a display and a bus of its ow
 import subprocess
 import sys
 
-from bus import Atspi, act, fail, find, press, running, says, wait_for
+from bus import Atspi, act, fail, find, press, running, says, wait_for, wait_for_ratings
 
 
 def write(field, text, following):
@@ -28,10 +28,10 @@ def is_on(switch):
 
 
 def do_job():
-    wait_for(lambda: says("DATA 확인 결과", "통신ok = DATA수신!!!"), "the ratings")
+    wait_for_ratings()
     press("통신 확인")
     wait_for(lambda: says("통신 확인 결과", "통신ok = ACK수신!!!"), "the answer")
-    wait_for(lambda: says("DATA 확인 결과", "통신ok = DATA수신!!!"), "the ratings again")
+    wait_for_ratings()
     act("ZPS설정", "닫기")
     wait_for(lambda: says("제어 경로", "RS232"), "remote control")
     write("단계 00 전압 V", "12.5", "단계 00 전류 A")

@@ -10,7 +10,7 @@ import subprocess
 import sys
 import time
 
-from bus import Atspi, below, choose, fail, find, press, running, says, wait_for
+from bus import Atspi, below, choose, fail, find, press, running, says, wait_for, wait_for_ratings
 
 CONTROLS = {
     Atspi.Role.PUSH_BUTTON,
@@ -156,7 +156,7 @@ def check_disabled(panel, supply):
 
 def use_panel():
     check_names("ZPS설정", IN_SETTINGS)
-    wait_for(lambda: says("DATA 확인 결과", "통신ok = DATA수신!!!"), "the spoken result")
+    wait_for_ratings()
     close("ZPS설정")
     wait_for(lambda: says("제어 경로", "RS232"), "remote control")
     check_names("ZPS-RS232", IN_MAIN)

@@ -32,7 +32,7 @@ class DemoPanel : private DemoParts, public Panel {
         demo::AddSupplyMenu(*Main().menuBar(), Supply.Line(), SimulatedSupply::Address);
         EXPECT_TRUE(WaitForDataResult(QStringLiteral("통신ok = DATA수신!!!")));
         Run.Settings()->close();
-        EXPECT_TRUE(WaitFor([this] { return Source().StepFlag(0) && !Source().RxBusy; }));
+        EXPECT_TRUE(WaitFor([this] { return Source().StepFlag(0) && !Source().RxBusy(); }));
     }
     auto State() { return Supply.Line().StateOf(SimulatedSupply::Address); }
     auto Faults() { return Supply.Line().PresentFaults(); }

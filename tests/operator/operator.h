@@ -308,10 +308,11 @@ class Operator {
         for (auto* dialog : Panel.Main().findChildren<QDialog*>()) dialog->close();
         if (opens()) return;
         Judge.Never(Panel.Boxes.Shown.size() == boxes, "the settings do not open, without a word");
-        Panel.Main().activateWindow();
-        QTest::qWait(20);
-        for (int times = 0; times < 3; ++times)
-            Key(Qt::Key_Escape);  // an open menu, then the entry
+        for (int times = 0; times < 3; ++times) {  // an open menu, then the entry
+            Panel.Main().activateWindow();
+            Judge.Never(!QTest::qWaitForWindowActive(&Panel.Main()), "the window stays inactive");
+            Key(Qt::Key_Escape);
+        }
         QTest::qWait(5);
         Judge.Never(!opens(), "the settings do not open, also after Escape");
     }

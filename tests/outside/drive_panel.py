@@ -172,6 +172,7 @@ class Trial:
         self.keys("F9")
         self.expect("the output off", OUTPUT_OFF)
         time.sleep(0.5)
+        self.look_round()
         self.end()
 
     def enter(self):
@@ -204,6 +205,22 @@ class Trial:
         since = len(self.line.answers)
         self.line.plug()
         self.wait("ten samples on the line put back", lambda: len(self.line.data_replies(since)) > 10)
+
+    def look_round(self):
+        """By F10, Alt alone and Alt with a letter: all ways lead to the menus."""
+        self.keys("F10", "Right", "Right", "Down", "Return")
+        self.front("ZPS-RS232 정보")
+        self.picture("about")
+        self.keys("Escape")
+        self.front("ZPS-RS232")
+        self.keys("Alt_L", "Down", "t")
+        self.front("통신 TEST")
+        self.keys("F2")
+        self.expect("the probe of the test window", ENQ)
+        time.sleep(0.5)
+        self.picture("test")
+        self.keys("Escape")
+        self.front("ZPS-RS232")
 
     def end(self):
         self.keys("alt+p", "x")

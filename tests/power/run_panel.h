@@ -43,9 +43,9 @@ class ScriptedRun : public testing::Test, protected ScriptedPanel {
 
     // Waits until a poll has been answered by `data` and the answer has been handled.
     bool Handled(const Bytes& data) {
-        Source().RxFrame.clear();
+        Source().WasJudged({}, Source().RxResult());
         Data = data;
-        return WaitFor([&] { return Source().RxFrame == data; }) && Settle();
+        return WaitFor([&] { return Source().RxFrame() == data; }) && Settle();
     }
     // Clicks a button and waits until the supply has answered.
     bool Press(const char* button) { return Click(button), Settle(); }

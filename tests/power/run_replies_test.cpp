@@ -37,7 +37,7 @@ TEST_F(RunReplies, ABadDataReplyCountsByItsKindAndLeavesTheReadings) {
                "0 2 1",
                "1 2 8 1 5 0 1 1 0 1 1 7 0 8"}}) {
         Line().Answer(reply);
-        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == reply; }));
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame() == reply; }));
         EXPECT_EQ(Counters() + ": " + Panels(), std::string(counters) + ": " + panels);
         expectReadings();
     }
@@ -115,7 +115,9 @@ TEST_F(RunReplies, AFaultOrTheEndOfTheOutputIsToldOnceAndUnlocksThePanel) {
         EXPECT_EQ(Lit("OutputLED"), PaleOrange);
         EXPECT_TRUE(Get<QWidget>("cmdAUTO").isEnabled() && Get<QWidget>("txPTIME_0").isEnabled());
         EXPECT_EQ(LastFrame() == (Bytes{1, 2, 2, 27, 'R', 3, 117}), code == 7);
-        EXPECT_EQ(Sent(), code == 7 ? "A1??R3" : "A1??");
+        std::string sent = Sent();
+        std::erase(sent, '?');  // as many polls as the machine has time for
+        EXPECT_EQ(sent, code == 7 ? "A1R3" : "A1");
     }
     Click("cmdOUTPUT");
     EXPECT_EQ(Text("lblREADING"), "마지막 측정값");  // of the period before
@@ -161,7 +163,7 @@ TEST_F(RunReplies, OldValuesBehindABoxAreNoReadingButWhatTheySayOfTheOutputHolds
         Choose("mnuPROGRAM_END");
         Boxes.WhileUp = nullptr;
         const int rows = log.RowCount();
-        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame == late; }));
+        ASSERT_TRUE(WaitFor([&] { return Source().RxFrame() == late; }));
         EXPECT_EQ(log.RowCount(), rows);
         EXPECT_EQ(Texts(*this, {"txtVOLT", "txtSTEP", "Output_ONOFF"}),
                   on ? "12.100 03 ON" : "12.100 09 OFF");

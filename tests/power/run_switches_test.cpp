@@ -132,15 +132,15 @@ TEST_F(RunSwitches, AnObjectionDuringTheWaitCallsTheSwitchingOnOffAndALineSaysWh
              Line().Arrive({1, 21, 22});
          },
          "거부"},
-        {[&] { Source().ReplyFlag = ExpectData, Line().Arrive(Reading(1, 9)); }, "코드 9"},
-        {[&] { Source().ReplyFlag = ExpectData, Line().Arrive(Reading(1, 5)); }, "코드 5"},
+        {[&] { Source().Expect(ExpectData), Line().Arrive(Reading(1, 9)); }, "코드 9"},
+        {[&] { Source().Expect(ExpectData), Line().Arrive(Reading(1, 5)); }, "코드 5"},
         {[&] { Boxes.Show(&Main(), {}); }, "1초"}};
     for (const auto& [objects, words] : objections) {
         InTheWait(objects);
         Click("cmdOUTPUT");
         EXPECT_EQ(Sent() + Texts(*this, {"Output_ONOFF"}), "OFF");
         EXPECT_TRUE(Text("lblNOTICE").contains(words)) << Text("lblNOTICE").toStdString();
-        Source().RxBusy = false;
+        Source().WasHandled();
     }
 }
 
@@ -162,7 +162,8 @@ TEST_F(RunSwitches, SwitchingOffThatNobodyConfirmsIsTold) {
           Case{{1, 21, 22}, nothing, "끄기 명령을 거부"}, Case{Acknowledged, nothing, ""},
           Case{{1, 6}, nothing, "끄기 명령에 응답이 없습니다"},
           Case{{}, [&] { Press("cmdOCP"); }, "끄기 명령에 응답이 없습니다"},
-          Case{Acknowledged, silentCommand, ""}, Case{Acknowledged, refusedCommand, "O.C.P|과전류"},
+          Case{Acknowledged, silentCommand, ""},
+          Case{Acknowledged, refusedCommand, "거부했습니다: 과전류 보호 (켜|끄)기"},
           Case{{}, otherWindow, "끄기 명령에 응답이 없습니다"},
           Case{Acknowledged, otherWindow, ""}}) {
         ASSERT_TRUE(SwitchOn());
@@ -182,9 +183,12 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     ASSERT_TRUE(Press("cmdPREMOTE") && AreSent(3) && SwitchOn() && Press("cmdPREMOTE"));
     EXPECT_EQ(shown(), "출력 상태 모름 (본체 제어)");
     EXPECT_TRUE(Text("lblNOTICE").contains("본체 제어로 바꿨습니다"));
-    Click("cmdPREMOTE");
+    Sent();
     Data = Reading(4 + 192);
+    Click("cmdPREMOTE");
     ASSERT_TRUE(WaitFor([&] { return Text("lblNOTICE").contains("켜져 있다고 알립니다"); }));
+    EXPECT_FALSE(AreSent(3, 500ms));
+    EXPECT_EQ(Sent(), "r?");  // no value goes to the live output
     EXPECT_EQ(shown(), "출력 켜짐 (전원 장치가 알림)전원 장치가 알린 상태: ON");
     EXPECT_EQ(Lit("OutputLED"), DarkRed);
     EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
@@ -192,13 +196,20 @@ TEST_F(RunSwitches, AnOutputThatStaysOnUnderLocalControlIsNotCalledOff) {
     EXPECT_EQ(shown(), "출력 중");
     // A reply that was under way when the output was switched off tells nothing.
     ASSERT_TRUE(Press("cmdOUTPUT"));
-    Source().ReplyFlag = ExpectData;
+    Source().Expect(ExpectData);
     Line().Arrive(Data);
     ASSERT_TRUE(Settle());
     EXPECT_EQ(shown(), "출력 꺼짐");
     EXPECT_EQ(Lit("OutputLED"), PaleOrange);
     ASSERT_TRUE(Press("cmdPREMOTE"));  // with the output off nothing is in doubt
     EXPECT_EQ(shown() + Text("lblNOTICE"), "출력 꺼짐");
+    // Switched off at the front panel: the step starts once the supply has told that.
+    ASSERT_TRUE(Press("cmdPREMOTE") && AreSent(3) && SwitchOn() && Press("cmdPREMOTE"));
+    Sent();
+    Data = Reading(192);
+    Click("cmdPREMOTE");
+    ASSERT_TRUE(AreSent(4));
+    EXPECT_EQ(Sent() + shown().toStdString(), "r?U?출력 꺼짐");
 }
 
 TEST_F(RunSwitches, AClosedPortIsReportedBeforeAnythingIsShownAsSwitchedOn) {

@@ -103,7 +103,7 @@ TEST_F(StepRows, LocalTakesAwayWhatNeedsARemoteSupply) {
     Bar().setValue(10);
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(), "");
-    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(10) && !Source().RxBusy; }));
+    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(10) && !Source().RxBusy(); }));
     EXPECT_EQ(StepButton(0).accessibleDescription(), "송신됨");  // step 10, which has been started
     Click("cmdPREMOTE");
     EXPECT_EQ(Disabled(),

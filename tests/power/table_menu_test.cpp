@@ -130,7 +130,7 @@ TEST_F(TableMenu, IsRefusedWithTheReasonAndCommitsAnOpenEntryFirst) {
     refused("DATA 확인");
     Source().ReadFrom(1, Line().Folder + "1");
     ASSERT_TRUE(Press("cmdPREMOTE"));
-    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(0) && !Source().RxBusy; }));
+    ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(0); }) && Settle());
     ASSERT_TRUE(Press("cmdPREMOTE"));
     refused("LOCAL");
     Boxes.WhileUp = [&](const Message&) { Paste(good); };

@@ -70,7 +70,7 @@ TEST(Identification, GoesOnWhenTheOperatorProbesInBetweenAndTellsHowFarItIs) {
             return GoodSupply(block);
         });
         panel.Run.StartUp();
-        ASSERT_TRUE(WaitFor([&] { return panel.Source().RxResult == Reply::Ack; }));
+        ASSERT_TRUE(WaitFor([&] { return panel.Source().RxResult() == Reply::Ack; }));
         Press(panel, one.Button);
         auto chain = ChainOf(1);
         chain.insert(chain.begin() + 1, one.Asked);
@@ -139,6 +139,8 @@ TEST(Choice, OfAnAddressIdentifiesTheSupplyThereAndMadeInErrorCostsNothing) {
     QTest::keyClick(list.view(), Qt::Key_Return);
     EXPECT_TRUE(WaitFor([&] { return !panel.Line().Written().empty(); }));
     EXPECT_EQ(panel.Line().WrittenData().front(), Control(8, 5));
+    EXPECT_TRUE(PressFromOutside(panel.GetSetting<QRadioButton>("optPORT_2")));
+    EXPECT_EQ(panel.Source().CommPort, 2);
 }
 
 TEST(Choice, PutsTheResultsBackAndKeepsTheOutcomeOfTheSameSupplyOnly) {
@@ -256,7 +258,7 @@ TEST(Choice, InTheWaitForAReplyOrBeforeARetryEndsTheExchangeAtOnce) {
             WaitFor([&] { return !expected.empty() && written.size() >= expected.size(); }));
         EXPECT_TRUE(StaysQuiet(panel.Line()));
         EXPECT_EQ(panel.Line().WrittenData(), expected);
-        EXPECT_FALSE(panel.Source().RxBusy);
+        EXPECT_FALSE(panel.Source().RxBusy());
         EXPECT_EQ(panel.Line().OpenMaker(), one.Holder);
     }
 }

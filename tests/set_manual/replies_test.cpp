@@ -72,7 +72,7 @@ TEST_P(ReplyOf, TheChainIsAskedForAgainThenShownAndOpensThePanelOnlyIfGood) {
     EXPECT_TRUE(StaysQuiet(panel.Line()) && shown());
     EXPECT_EQ(panel.Line().WrittenData(), asked);
     EXPECT_EQ(panel.Line().Waited(), one.Waited);
-    EXPECT_EQ(panel.Source().RxResult, one.Result);
+    EXPECT_EQ(panel.Source().RxResult(), one.Result);
     EXPECT_EQ(panel.Source().RatingsKnown(), one.Result == Reply::Data);
     const bool good = one.Result == Reply::Ack || one.Result == Reply::Data;
     const auto stages = static_cast<qsizetype>(one.Asked.size());

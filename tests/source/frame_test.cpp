@@ -26,6 +26,9 @@ TEST(Frames, AreTheKnownOnesByteForByte) {
     for (const auto& [frame, bytes] : rows) {
         EXPECT_EQ(frame.Data, bytes);
         EXPECT_EQ(frame.Sum, bytes.back());
+        const bool asks = bytes.size() > 3;
+        EXPECT_EQ(frame.Asks.Letter, asks ? bytes[4] : 0);
+        EXPECT_EQ(frame.Asks.Data, asks ? bytes[5] : 0);
     }
 }
 

@@ -14,11 +14,11 @@ TEST_F(Transmitting, WaitsWithItsEventsHeldForAReplyOfTheLastSecondAndThenSweeps
     OnReply = [&](Reply) { ++handled; };
     for (const auto& [age, wait] : {std::pair{0ms, 100ms}, {999ms, 100ms}, {1000ms, 0ms}}) {
         Line->ForgetWritten();
-        Source.RxBusy = false;
-        Source.ReplyFlag = ExpectData;
+        Source.WasHandled();
+        Source.Expect(ExpectData);
         Line->AnswerInPieces({{Acknowledged, age + 60ms}});
         Sender.SendCommand('G', 1);
-        EXPECT_EQ(Source.ReplyFlag, ExpectAck);
+        EXPECT_EQ(Source.ReplyFlag(), ExpectAck);
         Time.Pass(age);
         EXPECT_EQ(Sender.ReplyInProgress(), wait > 0ms);
         const auto begun = Line->Waited();

@@ -27,7 +27,15 @@ bool Panel::WaitForDataResult(const QString& caption, std::chrono::milliseconds 
 
 bool SimulatedPanel::Identify() {
     Run.StartUp();
-    return WaitForDataResult(QStringLiteral("통신ok = DATA수신!!!"));
+    const auto failed = [this](const char* result) {
+        return GetSetting<QLabel>(result).text().contains(QStringLiteral("에라"));
+    };
+    // On a busy machine the line may answer too late for the check, which is made again then.
+    return WaitFor([&] {
+        if (failed("lblZPS_ENQ") || failed("lblZPS_DLE"))
+            GetSetting<QAbstractButton>("optPORT_1").click();
+        return GetSetting<QLabel>("lblZPS_DLE").text() == QStringLiteral("통신ok = DATA수신!!!");
+    });
 }
 
 bool SimulatedPanel::Open() {
@@ -35,7 +43,8 @@ bool SimulatedPanel::Open() {
     Run.Settings()->close();
     // The step start sends the top step, and its answer asks for one status poll.
     return QTest::qWaitForWindowActive(&Main()) && WaitFor([this] {
-               return Source().RxResult == Reply::Data && !Source().RxBusy && Source().StepFlag(0);
+               return Source().RxResult() == Reply::Data && !Source().RxBusy() &&
+                      Source().StepFlag(0);
            }) &&
            (Frames(), true);
 }

@@ -9,6 +9,7 @@
 #include "tests/support/simulated_parts.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -27,6 +28,14 @@ using namespace std::chrono_literals;
 // Runs events until `done`, at most for `limit`; whether it came about.
 inline bool WaitFor(const std::function<bool()>& done, std::chrono::milliseconds limit = 20s) {
     return QTest::qWaitFor(done, static_cast<int>(limit.count()));
+}
+
+// By the first action that is offered, as a screen reader does. The toolkit holds such a button
+// down for a moment before it clicks.
+inline bool PressFromOutside(QAbstractButton& button) {
+    auto& offered = *QAccessible::queryAccessibleInterface(&button)->actionInterface();
+    offered.doAction(offered.actionNames().value(0));
+    return button.isDown() && WaitFor([&] { return !button.isDown(); });
 }
 
 // Answers message boxes at once and remembers them.
@@ -112,7 +121,7 @@ class Panel {
     void Enter(const char* field, const QString& text) { Type(field, text), Leave(); }
     // Waits until every frame has its reply handled.
     bool Settle() {
-        return WaitFor([this] { return !Source().RxBusy; });
+        return WaitFor([this] { return !Source().RxBusy(); });
     }
 
     // Waits until the settings window shows this caption for the data probe.

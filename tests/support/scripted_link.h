@@ -38,12 +38,12 @@ class ScriptedLink {
 
   private:
     void Receive() {
-        const bool data = Source.ReplyFlag == ExpectData;
+        const bool data = Source.ReplyFlag() == ExpectData;
         const Bytes reply =
             GatherReply(*Port, data ? DataLength : AckLength, serial::WaitMode::HoldEvents);
-        OnReply(JudgeReply(reply, Source.ReplyFlag, Source.PowerAddr, CheckByte::Whole));
-        Source.ReplyFlag = ExpectAck;
-        Source.RxBusy = false;
+        OnReply(JudgeReply(reply, Source.ReplyFlag(), Source.PowerAddr, CheckByte::Whole));
+        Source.Expect(ExpectAck);
+        Source.WasHandled();
     }
 
     bool BoxUp = false;

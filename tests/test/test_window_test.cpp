@@ -2,13 +2,12 @@
 #include "test/test.h"
 
 #include "tests/support/panel.h"
+#include "tests/support/processor_time.h"
 
 #include <QPushButton>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
-
-#include <ctime>
 
 namespace zps::tests {
 
@@ -196,12 +195,12 @@ TEST_F(ScriptedTest, AStreamCostsItLittleTimeAndLeavesItsSizeAndTheNextVerdictAs
     double longest = 0;
     for (const std::size_t lump : {30U, 9'600U, 100'000U, 20U}) {
         const QString counted = QString::number(std::min<std::size_t>(lump, 16'384));
-        const auto before = std::clock();
+        const double before = ProcessorTime();
         Line().Arrive(Bytes(lump, 255));
         const auto& last = Window->Get<QLabel>("StatusBar_RXDATA_20");
         EXPECT_TRUE(WaitFor(
             [&] { return Window->Text("lblRXBUFFER") == counted && last.text() == "255"; }));
-        longest = std::max(longest, static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC);
+        longest = std::max(longest, ProcessorTime() - before);
     }
     EXPECT_LT(longest, 0.05);
     EXPECT_EQ(Window->Window->size(), size);

@@ -13,7 +13,7 @@ namespace {
 // The supply holds steps 0 to 3: 10 s, 20 s, 5 s with a slope of 30 s, and 0.1 s.
 struct RunOfTheOutput : testing::Test, ScriptedLink {
     RunOfTheOutput() {
-        OnReply = [this](Reply result) { Held.Answered(result); };
+        OnReply = [this](Reply result) { Answer.Heard(result); };
         Source.SetStartScales();
         for (int step = 0; step < 4; ++step) {
             const double times[]{10, 20, 5, 0.1};
@@ -48,7 +48,8 @@ struct RunOfTheOutput : testing::Test, ScriptedLink {
         Progress.OutputSwitched(true, automatic);
     }
 
-    HeldSteps Held{Source, *Port, Sender, Time};
+    AwaitedAnswer Answer{Source, *Port, Sender, Time};
+    HeldSteps Held{Source, Sender, Answer};
     AutoProgress Progress{Source, Time};
     int Told = 0;
 };

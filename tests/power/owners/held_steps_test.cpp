@@ -13,7 +13,7 @@ constexpr std::array Values{StepValue::Volt, StepValue::Curr, StepValue::Time, S
 
 struct HoldingSteps : testing::Test, ScriptedLink {
     HoldingSteps() {
-        OnReply = [this](Reply result) { Held.Answered(result); };
+        OnReply = [this](Reply result) { Answer.Heard(result); };
         Held.OnChange([this] { Marks += Source.StepFlag(1) ? '1' : '0'; });
         Line->Otherwise([this](const Bytes& /*block*/) { return Acknowledged; });
         Source.SetStartScales();
@@ -34,7 +34,8 @@ struct HoldingSteps : testing::Test, ScriptedLink {
         Time.Pass(1ms);
     }
 
-    HeldSteps Held{Source, *Port, Sender, Time};
+    AwaitedAnswer Answer{Source, *Port, Sender, Time};
+    HeldSteps Held{Source, Sender, Answer};
     std::string Marks;  // those of step 1, one for each time that a change was told
 };
 

@@ -68,6 +68,22 @@ TEST_F(WatchingALink, DoesNotBlameTheSupplyWhereNothingIsAsked) {
     EXPECT_EQ(In(5s, false, false).find('G'), std::string::npos);  // the box may hold the answer
 }
 
+// The clock goes on meanwhile; an adapter may have been pulled.
+TEST_F(WatchingALink, AnHourOfTheMachineAsleepIsNoSilenceOfTheSupply) {
+    for (const bool pulled : {false, true}) {
+        Switch(true);
+        In(1s, true);
+        Line->Advance(Line->Waited() + 1h);
+        if (pulled) {
+            EXPECT_EQ(In(3s, false), "P3600000 L3600000 L3601000 L3602000 L3603000 ");
+            EXPECT_EQ(In(1s, false), "G3603000 lost G3604000 ");
+        }
+        EXPECT_EQ(In(1s, true), pulled ? "A200 back after 3604" : "P3600000 A200 ");
+        Switch(false);
+        In(1s, true);
+    }
+}
+
 TEST_F(WatchingALink, ALinkThatIsLostIsSoThroughABoxUntilAnAnswerComes) {
     for (const bool answered : {true, false}) {
         Switch(true);
@@ -92,8 +108,8 @@ TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
     now = now.addSecs(60);
     EXPECT_EQ(last.Get()->At.toString("HH:mm:ss ") + last.Get()->Text,
               "14:31:05 SET OVER VOLTAGE!!! (코드 5)");
-    last.Note(EventKind::Refused, RequestText({1, 2, 4, 27, 'A', 0, 0, 3, 0}));
-    EXPECT_EQ(last.Get()->Text + RequestText({1, 17, 18}), "출력 끄기제어 명령");
+    last.Note(EventKind::Refused, RequestText({letter::Output, 0}));
+    EXPECT_EQ(last.Get()->Text + RequestText({}), "출력 끄기제어 명령");
     EXPECT_TRUE(RefusalText(3, Only(StepValue::Ovp)).contains("단계 03의 O.V.P 설정을"));
     EXPECT_TRUE(RefusalText(3, AllValues()).contains("단계 03의 값을"));
     EXPECT_TRUE(RefusalText(3, {}).contains("단계 03의 선택을"));

@@ -13,7 +13,7 @@ struct SendingAll : testing::Test, ScriptedLink {
         Source.SetMaxVolt(150);
         Source.SetMaxCurr(10);
         Source.ResetSteps();
-        OnReply = [this](Reply result) { Held.Answered(result); };
+        OnReply = [this](Reply result) { Answer.Heard(result); };
         Line->Otherwise([this](const Bytes& /*block*/) { return Acknowledged; }, 20ms);
         Sending.OnProgress([this](const SendAll::Report& report) {
             Told += ProgressText(report).toStdString() + '|';
@@ -42,9 +42,10 @@ struct SendingAll : testing::Test, ScriptedLink {
 
     int Selected = 0;
     bool OutputOff = true;
-    HeldSteps Held{Source, *Port, Sender, Time};
+    AwaitedAnswer Answer{Source, *Port, Sender, Time};
+    HeldSteps Held{Source, Sender, Answer};
     SendAll Sending{Time,
-                    {Source, Held, [this] { return Held.Awaits() || Sender.ReplyInProgress(); },
+                    {Source, Held, [this] { return Answer.Awaited() || Sender.ReplyInProgress(); },
                      [this] { return Selected; }, [this](int step) { Upload(step); },
                      [this] { return OutputOff; }}};
     std::string Told;

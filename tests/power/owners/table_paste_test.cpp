@@ -15,7 +15,7 @@ struct StepTables : testing::Test, ScriptedLink {
     StepTables() {
         Rate(150, 10);
         Source.ResetSteps();
-        OnReply = [this](Reply result) { Held.Answered(result); };
+        OnReply = [this](Reply result) { Answer.Heard(result); };
         Line->Otherwise([this](const Bytes& /*block*/) { return Acknowledged; });
     }
     void Rate(float volts, float amps) {
@@ -52,7 +52,8 @@ struct StepTables : testing::Test, ScriptedLink {
         return marks;
     }
 
-    HeldSteps Held{Source, *Port, Sender, Time};
+    AwaitedAnswer Answer{Source, *Port, Sender, Time};
+    HeldSteps Held{Source, Sender, Answer};
     TablePaste Pasted{Source, Held};
 };
 

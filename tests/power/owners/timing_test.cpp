@@ -82,7 +82,10 @@ struct StartingAStep : testing::Test {
     std::string Log;
     std::chrono::milliseconds From{0};
     bool Starts = true;
-    StepStart Start{Time, [this] { return Note("S"), Starts; }, [this] { Note("?"); }};
+    bool MayBeOn = false;
+    StepStart Start{
+        Time,
+        {[this] { return Note("S"), Starts; }, [this] { Note("?"); }, [this] { return MayBeOn; }}};
 };
 
 TEST_F(StartingAStep, ComesOnceBehindAReplyOrAtOnceAndItsReplyAsksForTheStatusOnce) {
@@ -109,6 +112,21 @@ TEST_F(StartingAStep, ComesOnceBehindAReplyOrAtOnceAndItsReplyAsksForTheStatusOn
             Start.ReplyHandled();
             EXPECT_EQ(In(5s), "");
         }
+    }
+}
+
+TEST_F(StartingAStep, WhereTheOutputMayBeOnComesOnlyAfterTheSupplyHasToldThatItIsOff) {
+    for (const bool toldOff : {true, false}) {
+        MayBeOn = true;
+        Start.AfterNextReply();
+        EXPECT_EQ(In(1s), "");
+        Start.ReplyHandled();
+        EXPECT_EQ(In(1s), "?180");
+        EXPECT_TRUE(Start.UnderWay());
+        MayBeOn = !toldOff;
+        Start.ReplyHandled();
+        EXPECT_EQ(In(1s), toldOff ? "S200" : "");
+        EXPECT_FALSE(Start.UnderWay());
     }
 }
 
