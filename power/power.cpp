@@ -17,6 +17,7 @@
 #include "power/steps/step_entry.h"
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
+#include "power/steps/table_menu.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -76,6 +77,7 @@ struct POWER::Inside {
     MeasurementLog& Log;
     FunctionSwitches Functions;
     RemoteSwitch Remote;
+    TableMenu Table;
     OutputSwitch OutputButton;
     AutoSequence Sequence;
     RunDisplay Display;
@@ -112,6 +114,11 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Log(*Controls.Log),
       Functions(Parts, Ways, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
+      Table(Parts, Ways,
+            {Rows, Lock, Held, Shown, Upload, Door, Time,
+             [this] { return Answer.Awaited() || Sender.ReplyInProgress(); },
+             [this] { return Out.Known(); }, [this] { return Remote.ControlsUsable(); },
+             [this] { Start.CallOff(); }}),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
                     Answer, *comPOWER, Log, around.Loop}),
@@ -191,6 +198,7 @@ void POWER::Inside::AskStatus() {
 void POWER::Inside::EndExchanges() {
     Polls.End();
     Start.CallOff();
+    Table.CallOff();
 }
 
 POWER::POWER(SOURCE& source, const Surroundings& around) {
@@ -304,6 +312,7 @@ void POWER::ShowRatings(const QString& ratings) {
 
 void POWER::StepTableReset() {
     Self->Held.Forget();
+    Self->Table.TableReset();
     Self->Lock.ReleaseEditLock();
     Self->Rows.FillFields();
     Self->Rows.Highlight(0);

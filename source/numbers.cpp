@@ -141,6 +141,13 @@ double LeadingNumber(std::string_view text) {
     return length == 0 ? 0.0 : ReadNumber(std::string_view(dense).substr(0, length));
 }
 
+std::optional<double> WholeNumber(std::string_view text) {
+    const std::string dense = WithoutBlanks(text);
+    const std::size_t length = NumberLength(dense);
+    if (length == 0 || length != dense.size()) return std::nullopt;
+    return ReadNumber(dense);
+}
+
 int StrictInteger(std::string_view text, int low, int high) {
     const std::size_t length = NumberLength(text);
     if (length == 0 || length != text.size()) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,11 @@ namespace zps {
 // ignored, no number is 0, and a number too large for a double is an infinity.
 //   "1 2.5 V" is 12.5, "1e2x" is 100, "12e" is 12, "-" is 0
 double LeadingNumber(std::string_view text);
+
+// The number that `text` is as a whole, blanks aside; none where anything else stands in it.
+// Written as LeadingNumber reads it: "1 000.5" and "1e2" are numbers, "1,5", "12 V" and "" are
+// none.
+std::optional<double> WholeNumber(std::string_view text);
 
 // The whole of `text` as an integer, halves to even. Throws OverflowError where it is no number or
 // lies outside `low`..`high`.

@@ -13,6 +13,11 @@ namespace zps {
 inline constexpr int StepCount = 100;
 inline constexpr int RowCount = 7;  // steps that are visible at a time
 
+// What stands over the values of the steps, by StepValue, and over their numbers.
+inline constexpr const char* StepCaption = "STEP";
+inline constexpr std::array<const char*, StepValueCount> ValueCaptions{
+    "VOLTAGE(V)", "CURRENT(A)", "TIME(sec)", "SLOPE(sec)", "O.V.P(V)"};
+
 class HeldSteps;
 
 // The texts are those of the entry fields, exactly as displayed; the values are what they say, and

@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
@@ -69,6 +70,7 @@ bool Session::Work() {
     ChooseAnotherAddress();
     FailTheCheck();
     ComeBack();
+    PasteTable();
     End();
     return Hands.AllSeen();
 }
@@ -288,8 +290,36 @@ void Session::ComeBack() {
     });
 }
 
+void Session::PasteTable() {
+    Hands.Get<QAction>("mnuData_Copy_Range").trigger();
+    auto* range = Panel.Main().findChild<QDialog*>("COPY_RANGE");
+    Hands.LookAt(*range, "22-copy-range");
+    range->close();
+    QString table;
+    for (int step = 0; step < StepCount; ++step)
+        table += QStringLiteral("%1\t%2\t5\t1\t0\t160\n").arg(step).arg(step + 1);
+    QApplication::clipboard()->setText(QStringLiteral("0\t12,5\t5\t1\t0\t160"));
+    Hands.AnswerBox("23-paste-refused", Qt::Key_Return);
+    Hands.Get<QAction>("mnuData_Paste").trigger();
+    Hands.Expect("a cell that is no number is named",
+                 [&] { return Hands.BoxText().startsWith("1행 VOLTAGE(V): 12,5"); });
+    QApplication::clipboard()->setText(table);
+    Hands.Get<QAction>("mnuData_Paste").trigger();
+    Hands.Expect("a hundred steps are pasted",
+                 [&] { return Hands.Get<QLineEdit>("txtVOLT").text() == "1.00"; });
+    Hands.LookAt(Panel.Main(), "24-pasted");
+    Hands.Get<QAction>("mnuData_Send").trigger();
+    Hands.Expect("they are being sent", [&] { return Text("txtSTEP") == "05"; });
+    if (auto* box = Panel.Main().findChild<QDialog*>("SEND_ALL")) {
+        Hands.LookAt(*box, "25-sending");
+        QTest::mouseClick(box->findChild<QPushButton*>(), Qt::LeftButton);
+    }
+    Hands.Expect("no more is sent, and the first step is selected again",
+                 [&] { return Text("txtSTEP") == "00" && Text("lblTABLE").contains("송신됨"); });
+}
+
 void Session::End() {
-    Hands.AnswerBox("22-end", Qt::Key_Y);
+    Hands.AnswerBox("26-end", Qt::Key_Y);
     Panel.Main().close();
     Hands.Expect("the program ends and leaves the supply in local",
                  [&] { return !Panel.Main().isVisible() && !Wire.StateOf(Address).Remote; });

@@ -37,6 +37,7 @@ class Session {
     void ChooseAnotherAddress();
     void FailTheCheck();
     void ComeBack();
+    void PasteTable();
     void End();
 
     // What a label of the main window or of another shows.

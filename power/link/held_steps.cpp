@@ -37,8 +37,18 @@ void HeldSteps::Lose(int step, StepValues values) {
 }
 
 void HeldSteps::Changed(int step, StepValue value) {
-    Changes.at(Index(step)) |= Only(value);
-    Lose(step, Only(value));
+    TableValues values;
+    values.at(Index(step)) = Only(value);
+    Changed(values);
+}
+
+void HeldSteps::Changed(const TableValues& values) {
+    for (int step = 0; step < StepCount; ++step) {
+        const StepValues& changed = values.at(Index(step));
+        if (changed.none()) continue;
+        Changes.at(Index(step)) |= changed;
+        Lose(step, changed);
+    }
     Told();
 }
 
@@ -58,7 +68,8 @@ void HeldSteps::Judge(const Sent& sent, Reply result) {
         Refuse(sent);
         return;
     }
-    Acknowledged.at(Index(sent.Step)) |= sent.Values;
+    // What has been changed meanwhile is not what was sent.
+    Acknowledged.at(Index(sent.Step)) |= sent.Values & ~Changes.at(Index(sent.Step));
     Refusals.at(Index(sent.Step)) &= ~sent.Values;
     Mark(sent.Step, Acknowledged.at(Index(sent.Step)).all());
     Told();

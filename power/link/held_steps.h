@@ -11,7 +11,8 @@
 
 namespace zps {
 
-using StepValues = std::bitset<StepValueCount>;  // by StepValue
+using StepValues = std::bitset<StepValueCount>;         // by StepValue
+using TableValues = std::array<StepValues, StepCount>;  // by step
 StepValues Only(StepValue value);
 StepValues AllValues();
 
@@ -38,6 +39,8 @@ class HeldSteps {
     }
     // A value of `step` has been stored and is not sent.
     void Changed(int step, StepValue value);
+    // The same of many of them, told once.
+    void Changed(const TableValues& values);
     // The table is that of a supply that has got none of it.
     void Forget();
 

@@ -34,6 +34,30 @@ QAction* MakeAction(QMenu& menu, const QString& name, const QString& text) {
     return action;
 }
 
+// For the menu bar and the list itself.
+void MakeTableMenu(PowerControls& controls, QMenu& data) {
+    auto* copy = data.addMenu(QStringLiteral("단계표 복사(&S)"));
+    controls.mnuData_Copy_All =
+        MakeAction(*copy, QStringLiteral("mnuData_Copy_All"), QStringLiteral("전체(&A)"));
+    controls.mnuData_Copy_Visible = MakeAction(*copy, QStringLiteral("mnuData_Copy_Visible"),
+                                               QStringLiteral("보이는 단계(&V)"));
+    controls.mnuData_Copy_Range =
+        MakeAction(*copy, QStringLiteral("mnuData_Copy_Range"), QStringLiteral("범위(&R)..."));
+    controls.mnuData_Paste =
+        MakeAction(data, QStringLiteral("mnuData_Paste"), QStringLiteral("단계표 붙여넣기(&P)"));
+    controls.mnuData_Undo =
+        MakeAction(data, QStringLiteral("mnuData_Undo"), QStringLiteral("붙여넣기 되돌리기(&U)"));
+    controls.mnuData_Send = MakeAction(data, QStringLiteral("mnuData_Send"),
+                                       QStringLiteral("전송 안 된 단계 모두 송신(&N)"));
+    controls.mnuData_Copy = copy->menuAction();
+}
+
+void OfferTableMenu(const PowerControls& controls) {
+    controls.fraSTEPLIST->setContextMenuPolicy(Qt::ActionsContextMenu);
+    controls.fraSTEPLIST->addActions({controls.mnuData_Copy, controls.mnuData_Paste,
+                                      controls.mnuData_Undo, controls.mnuData_Send});
+}
+
 void MakeMenus(PowerControls& controls, QMenuBar& bar) {
     auto* connection = bar.addMenu(QStringLiteral("설정(&S)"));
     controls.mnuSET_MANU =
@@ -43,6 +67,8 @@ void MakeMenus(PowerControls& controls, QMenuBar& bar) {
     auto* data = bar.addMenu(QStringLiteral("데이터(&D)"));
     controls.mnuData_Clear =
         MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이터 삭제(&C)"));
+    data->addSeparator();
+    MakeTableMenu(controls, *data);
     auto* program = bar.addMenu(QStringLiteral("프로그램(&P)"));
     controls.mnuHELP =
         MakeAction(*program, QStringLiteral("mnuHELP"), QStringLiteral("프로그램 정보(&A)"));
@@ -79,6 +105,7 @@ QWidget* MakeSteps(PowerControls& controls) {
     column->setContentsMargins(Inset, Inset, Inset, Inset);
     column->setSpacing(Inset);
     MakeStepList(controls);
+    OfferTableMenu(controls);
     column->addWidget(controls.fraSTEPLIST, 1);
     column->addWidget(MakeAutoSequence(controls));
     return box;

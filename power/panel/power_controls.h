@@ -36,6 +36,13 @@ struct PowerControls {
     QAction* mnuSET_MANU = nullptr;
     QAction* mnuTEST = nullptr;
     QAction* mnuData_Clear = nullptr;
+    QAction* mnuData_Copy = nullptr;  // of the step table, with what follows
+    QAction* mnuData_Copy_All = nullptr;
+    QAction* mnuData_Copy_Visible = nullptr;
+    QAction* mnuData_Copy_Range = nullptr;
+    QAction* mnuData_Paste = nullptr;
+    QAction* mnuData_Undo = nullptr;
+    QAction* mnuData_Send = nullptr;
     QAction* mnuPROGRAM_END = nullptr;
     QAction* mnuHELP = nullptr;
 

@@ -1,6 +1,7 @@
 #include "power/panel/step_legend.h"
 
 #include "controls/colours.h"
+#include "controls/spoken_labels.h"
 #include "controls/widgets.h"
 #include "power/panel/step_look.h"
 
@@ -69,6 +70,13 @@ QWidget* MakeMeanings(QWidget* parent) {
     return page;
 }
 
+// However long its text is, it moves nothing beside it.
+QLabel* MakeNews() {
+    auto* label = MakeLabel(QStringLiteral("lblTABLE"), {});
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    return label;
+}
+
 QWidget* MakeEditing() {
     auto* label = MakeLabel(QStringLiteral("lblEDITING"),
                             QStringLiteral("입력 중: Enter 확정 · Esc 취소 · F9 출력 끄기"));
@@ -79,15 +87,36 @@ QWidget* MakeEditing() {
 
 }  // namespace
 
-StepLegend::StepLegend(QWidget* parent) : QWidget(parent), Pages(new QStackedLayout(this)) {
+StepLegend::StepLegend(QWidget* parent)
+    : QWidget(parent), Pages(new QStackedLayout(this)), lblTABLE(MakeNews()) {
+    constexpr int readingTime = 6000;  // ms
     setObjectName(QStringLiteral("fraSTEPLEGEND"));
     Pages->addWidget(MakeMeanings(this));
     Pages->addWidget(MakeEditing());
+    Pages->addWidget(lblTABLE);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    tmrTABLE.setSingleShot(true);
+    tmrTABLE.setInterval(readingTime);
+    QObject::connect(&tmrTABLE, &QTimer::timeout, this, [this] {
+        lblTABLE->clear();
+        ShowPage();
+    });
 }
 
 void StepLegend::ShowEditing(bool on) {
-    Pages->setCurrentIndex(on ? 1 : 0);
+    Editing = on;
+    ShowPage();
+}
+
+void StepLegend::Tell(const QString& text) {
+    lblTABLE->setText(text);
+    Say(*lblTABLE);
+    tmrTABLE.start();
+    ShowPage();
+}
+
+void StepLegend::ShowPage() {
+    Pages->setCurrentIndex(Editing ? 1 : lblTABLE->text().isEmpty() ? 0 : 2);
 }
 
 }  // namespace zps

@@ -18,21 +18,20 @@ namespace zps {
 
 namespace {
 
+// By StepValue.
 struct Column {
     std::array<EntryField*, RowCount> PowerControls::*Fields;
     const char* Name;
-    const char* Heading;
     const char* Quantity;
     const char* Start;   // design text
     const char* Widest;  // what it must have room for
 };
 constexpr std::array Columns{
-    Column{&PowerControls::txPVOLT, "txPVOLT", "VOLTAGE(V)", "전압 V", "0.00", "600.000"},
-    Column{&PowerControls::txPCURR, "txPCURR", "CURRENT(A)", "전류 A", "1.000", "600.000"},
-    Column{&PowerControls::txPTIME, "txPTIME", "TIME(sec)", "시간(초)", "0.00000", "50000.00000"},
-    Column{&PowerControls::txPSLOPE, "txPSLOPE", "SLOPE(sec)", "전압 변화 시간(초)", "0.00000",
-           "50.00000"},
-    Column{&PowerControls::txPOVP, "txPOVP", "O.V.P(V)", "과전압 보호 V", "218.0", "654.000"},
+    Column{&PowerControls::txPVOLT, "txPVOLT", "전압 V", "0.00", "600.000"},
+    Column{&PowerControls::txPCURR, "txPCURR", "전류 A", "1.000", "600.000"},
+    Column{&PowerControls::txPTIME, "txPTIME", "시간(초)", "0.00000", "50000.00000"},
+    Column{&PowerControls::txPSLOPE, "txPSLOPE", "전압 변화 시간(초)", "0.00000", "50.00000"},
+    Column{&PowerControls::txPOVP, "txPOVP", "과전압 보호 V", "218.0", "654.000"},
 };
 
 QString StepText(int step) {
@@ -84,9 +83,9 @@ void AddHeading(QGridLayout& grid, int place, const QString& text, Qt::Alignment
 
 void MakeHeadings(QGridLayout& grid) {
     int place = 0;
-    AddHeading(grid, place++, QStringLiteral("STEP"), Qt::AlignHCenter);
-    for (const auto& column : Columns)
-        AddHeading(grid, place++, QString::fromUtf8(column.Heading), Qt::AlignRight);
+    AddHeading(grid, place++, QString::fromUtf8(StepCaption), Qt::AlignHCenter);
+    for (const char* caption : ValueCaptions)
+        AddHeading(grid, place++, QString::fromUtf8(caption), Qt::AlignRight);
     AddHeading(grid, place, {}, Qt::AlignRight);
 }
 

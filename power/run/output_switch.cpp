@@ -73,12 +73,7 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
                                 std::make_error_code(std::errc::bad_file_descriptor));
     }
     Around.Out.WentOn();
-    if (Around.Held.Refused(step).any()) {
-        Around.Happened.Note(
-            EventKind::NotDone,
-            QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있지만 출력을 켰습니다.")
-                .arg(QString::fromStdString(FormatStep(step))));
-    }
+    NoteMissingValues(step);
     Around.Log.Restart(c.txtSTEP->text());
     try {
         Send(true);
@@ -88,6 +83,15 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
     }
     Say(*Parts.Controls.Output_ONOFF);
     Around.Polls.Start();
+}
+
+void OutputSwitch::NoteMissingValues(int step) {
+    const bool refused = Around.Held.Refused(step).any();
+    if (!refused && Around.Held.Unsent(step).none()) return;
+    const QString text =
+        refused ? QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있지만 출력을 켰습니다.")
+                : QStringLiteral("단계 %1에 송신하지 않은 값이 있지만 출력을 켰습니다.");
+    Around.Happened.Note(EventKind::NotDone, text.arg(QString::fromStdString(FormatStep(step))));
 }
 
 void OutputSwitch::Send(bool on) {

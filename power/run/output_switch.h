@@ -48,6 +48,8 @@ class OutputSwitch {
     void SwitchOff();
     void JudgeOff(Reply result);
     void SwitchOn(serial::Clock::time_point deadline);
+    // Says that the supply has not got all that the table shows for `step`.
+    void NoteMissingValues(int step);
     // Lets a reply in progress come. Empty, or why the output must not go on.
     QString WaitForReplyInProgress(serial::Clock::time_point deadline);
     void Send(bool on);

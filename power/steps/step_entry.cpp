@@ -7,12 +7,6 @@ namespace zps {
 
 namespace {
 
-// Ratings are single-precision values; the bounds in seconds are exact.
-bool OutOfRange(const StepField& kind, const SOURCE& source, double value) {
-    const double compared = kind.Smallest > 0 ? value : ToSingle(value);
-    return value < 0 || compared > kind.Bound(source) || (value > 0 && value < kind.Smallest);
-}
-
 Message RangeMessage(const StepField& kind, const SOURCE& source) {
     return {MessageIcon::Information, QString::fromUtf8(kind.Title),
             QString::fromUtf8(kind.FirstLine) + QStringLiteral("\r\n설정값 범위=0~") +

@@ -40,6 +40,11 @@ QString RangeText(const StepField& kind, const SOURCE& source) {
              QString::fromUtf8(kind.Unit));
 }
 
+bool OutOfRange(const StepField& kind, const SOURCE& source, double value) {
+    const double compared = kind.Smallest > 0 ? value : ToSingle(value);
+    return value < 0 || compared > kind.Bound(source) || (value > 0 && value < kind.Smallest);
+}
+
 const std::array<StepField, StepValueCount>& StepFields() {
     static const std::array<StepField, StepValueCount> fields{{
         {&PowerControls::txPVOLT, StepValue::Volt, "VOLTAGE 설정 오류",

@@ -24,6 +24,10 @@ struct StepField {
 // What the field takes: "0 ~ 150 V", "0, 0.001 ~ 50 sec".
 QString RangeText(const StepField& kind, const SOURCE& source);
 
+// Whether `value` is beyond what the field takes. Ratings are single-precision values; the bounds
+// in seconds are exact.
+bool OutOfRange(const StepField& kind, const SOURCE& source, double value);
+
 // By StepValue.
 const std::array<StepField, StepValueCount>& StepFields();
 

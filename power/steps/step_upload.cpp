@@ -1,6 +1,7 @@
 #include "power/steps/step_upload.h"
 
 #include "power/steps/messages.h"
+#include "source/numbers.h"
 
 #include <utility>
 
@@ -22,33 +23,31 @@ void StepUpload::txPSTEP_Click(int row) {
         return;
     }
     if (!Around.OutputOn()) {
-        Upload(row);
+        Send(step);
         return;
     }
     const Frame frame = SelectStepFrame(Parts.Source.PowerAddr, step);
-    Select(row);
+    Select(step);
     Around.Held.Select(step, {}, frame);
 }
 
 void StepUpload::SendTopStep() {
     constexpr int TopRow = 0;
-    Upload(TopRow);
+    Send(Around.Rows.StepOf(TopRow));
     Around.Rows.Highlight(0);  // a step that starts further down is shown as held
 }
 
-void StepUpload::Select(int row) {
+void StepUpload::Select(int step) {
     Around.Polls.Stop();
-    Around.Rows.Select(Around.Rows.StepOf(row));
-    Parts.Controls.txtSTEP->setText(
-        Parts.Controls.txPSTEP.at(static_cast<std::size_t>(row))->text());
+    Around.Rows.Select(step);
+    Parts.Controls.txtSTEP->setText(QString::fromStdString(FormatStep(step)));
     Around.Lock.ReleaseEditLock();
 }
 
-void StepUpload::Upload(int row) {
-    const int step = Around.Rows.StepOf(row);
+void StepUpload::Send(int step) {
     // What can't be sent must not be shown as selected or held.
     const Frame frame = UploadFrame(Parts.Source.PowerAddr, step, Parts.Source.WireOf(step));
-    Select(row);
+    Select(step);
     Around.Shown.ShowStep(step);
     Around.Held.Select(step, AllValues(), frame);
 }

@@ -25,6 +25,10 @@ class StepUpload {
     };
     StepUpload(PowerParts& parts, Commands& commands, Surround around);
 
+    // Makes `step` the selected one and sends all its values, with the output off. The ratings are
+    // known and no entry is open.
+    void Send(int step);
+
     // Sends the step in the top row to a supply that has just gone under remote control. The
     // ratings are known and no entry is open.
     void SendTopStep();
@@ -33,8 +37,7 @@ class StepUpload {
     // Makes the row's step the selected one: with the output off the supply gets all its values,
     // with the output on it is told to go to it.
     void txPSTEP_Click(int row);
-    void Select(int row);
-    void Upload(int row);
+    void Select(int step);
 
     PowerParts& Parts;
     Surround Around;

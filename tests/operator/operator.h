@@ -26,7 +26,7 @@ class Operator {
     // The n-th action of this seed. Returns what is wrong; empty if nothing.
     std::string Act(int number) {
         Random.seed(Seed * 100'003U + static_cast<unsigned>(number));
-        int left = Draw(113);  // the sum of the weights
+        int left = Draw(119);  // the sum of the weights
         const Action* drawn = Actions;
         while ((left -= std::get<int>(*drawn)) >= 0) ++drawn;
         const auto& [weight, name, act] = *drawn;
@@ -166,7 +166,7 @@ class Operator {
         if (way == 2) Key(Qt::Key_F10);
         if (way == 3) Key(Pick({'S', 'D', 'P'}), Qt::AltModifier);
         QTest::qWait(1);
-        if (Chance(30)) Key(Pick({'R', 'T', 'C', 'A', 'X'}));
+        if (Chance(30)) Key(Pick({'R', 'T', 'C', 'A', 'X', 'S', 'P', 'U', 'N'}));
         if (Chance(70)) Key(Qt::Key_Escape);
     }
 
@@ -175,8 +175,9 @@ class Operator {
         const int way = Draw(13);
         const auto bus = QAccessible::queryAccessibleInterface;
         if (way < 4) {
-            const auto* menu = Pick({"mnuSET_MANU", "mnuTEST", "mnuTEST", "mnuData_Clear",
-                                     "mnuHELP", "mnuPROGRAM_END"});
+            const auto* menu =
+                Pick({"mnuSET_MANU", "mnuTEST", "mnuTEST", "mnuData_Clear", "mnuData_Paste",
+                      "mnuData_Undo", "mnuData_Send", "mnuHELP", "mnuPROGRAM_END"});
             Say(menu);
             Panel.Choose(menu);
         } else if (way < 8) {
@@ -196,6 +197,24 @@ class Operator {
             auto* bar = bus(&Panel.Control("vscAUTOSTEP"))->valueInterface();
             bar->setCurrentValue(Pick({0, 1, 4, 50, 93, 200}));
         }
+    }
+
+    // A table that may be anything, and what is done with it; most of them fit the first supply.
+    void UseTable() {
+        QString text;
+        const int values = Pick({5, 5, 5, 5, 4, 6});
+        for (int rows = Pick({1, 3, 7, 100}); rows > 0; --rows) {
+            for (int cell = 0; cell < values; ++cell)
+                text +=
+                    (cell > 0 ? "\t" : "") + (Chance(99) ? QString::number(Draw(10)) : AnyText());
+            text += '\n';
+        }
+        if (Chance(70)) QGuiApplication::clipboard()->setText(text);
+        const auto* menu = Pick({"mnuData_Paste", "mnuData_Paste", "mnuData_Undo", "mnuData_Send",
+                                 "mnuData_Send", "mnuData_Copy_All", "mnuData_Copy_Range"});
+        Say(menu);
+        Panel.Choose(menu);
+        if (Chance(50)) QTest::qWait(Draw(400));
     }
 
     void ChangeWindows() {
@@ -283,6 +302,10 @@ class Operator {
             return Panel.PortWindow() != nullptr || !Panel.MenuUsable();
         };
         const auto boxes = Panel.Boxes.Shown.size();
+        const bool sent =
+            WaitFor([&] { return Panel.Main().findChild<QProgressDialog*>() == nullptr; });
+        Judge.Never(!sent, "the sending of steps does not end");
+        for (auto* dialog : Panel.Main().findChildren<QDialog*>()) dialog->close();
         if (opens()) return;
         Judge.Never(Panel.Boxes.Shown.size() == boxes, "the settings do not open, without a word");
         for (int times = 0; times < 3; ++times) {  // an open menu, then the entry
@@ -328,6 +351,7 @@ inline const Operator::Action Operator::Actions[] = {
     {3, "wheel", &Operator::TurnWheel},
     {9, "open a menu", &Operator::OpenMenu},
     {13, "from outside", &Operator::ActFromOutside},
+    {6, "use the table", &Operator::UseTable},
     {5, "change windows", &Operator::ChangeWindows},
     {4, "close a window", &Operator::CloseWindow},
     {3, "break the line", &Operator::BreakLine},

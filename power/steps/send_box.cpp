@@ -1,0 +1,37 @@
+#include "power/steps/send_box.h"
+
+#include "power/steps/table_messages.h"
+
+#include <QProgressBar>
+
+namespace zps {
+
+void SendBox::Show(const SendAll::Report& report) {
+    if (!Box) Open(report.Of);
+    Box->setLabelText(ProgressText(report));
+    Box->setValue(report.Sent);
+}
+
+// Not modal: a modal one would run events inside of setValue.
+void SendBox::Open(int steps) {
+    constexpr int width = 320;  // px
+    Box = new QProgressDialog(QString(), QStringLiteral("취소"), 0, steps, &Window);
+    Box->setObjectName(QStringLiteral("SEND_ALL"));
+    Box->setWindowTitle(QStringLiteral("단계 송신"));
+    Box->setAutoReset(false);
+    Box->setAutoClose(false);
+    Box->setMinimumDuration(0);
+    Box->setMinimumWidth(width);
+    Box->findChild<QProgressBar*>()->setAccessibleName(QStringLiteral("송신한 단계"));
+    QObject::connect(Box, &QProgressDialog::canceled, Box, [this] { Cancel(); });
+    Box->show();
+}
+
+void SendBox::Close() {
+    if (!Box) return;
+    Box->close();
+    Box->deleteLater();
+    Box = nullptr;
+}
+
+}  // namespace zps

@@ -1,0 +1,116 @@
+#include "power/steps/table_menu.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+#include <utility>
+
+namespace zps {
+
+TableMenu::TableMenu(PowerParts& parts, Commands& commands, Surround around)
+    : Parts(parts),
+      Ways(commands),
+      Around(std::move(around)),
+      Pasted(Parts.Source, Around.Held),
+      Sending(Around.Time, {Parts.Source, Around.Held, Around.AnswerDue,
+                            [this] { return Around.Rows.CurStep(); },
+                            [this](int step) { Around.Upload.Send(step); },
+                            [this] { return Around.Output() == OutputState::Off; }}),
+      Progress(Parts.Window, [this] { Parts.Events.Run([this] { Sending.Cancel(); }); }),
+      Range(new CopyRange(Parts.Window, [this](int first, int last) {
+          Ways.Run([=, this] { Copy(first, last); }, Commands::OpenEntry::LeaveOpen);
+      })) {
+    const PowerControls& c = Parts.Controls;
+    Ways.Connect(*c.mnuData_Copy_All, [this] { Copy(0, StepCount - 1); });
+    Ways.Connect(*c.mnuData_Copy_Visible,
+                 [this] { Copy(Around.Rows.TopStep(), Around.Rows.StepOf(RowCount - 1)); });
+    Ways.Connect(*c.mnuData_Copy_Range, [this] { mnuData_Copy_Range_Click(); });
+    Ways.Connect(*c.mnuData_Paste, [this] { mnuData_Paste_Click(); });
+    Ways.Connect(*c.mnuData_Undo, [this] { mnuData_Undo_Click(); });
+    Ways.Connect(*c.mnuData_Send, [this] { mnuData_Send_Click(); });
+    Sending.OnProgress([this](const SendAll::Report& report) { Progress.Show(report); });
+    Sending.OnEnd([this](const SendAll::Report& report) { SendingEnded(report); });
+}
+
+bool TableMenu::May(TableJob job) {
+    TableState state{.RatingsKnown = Parts.Source.RatingsKnown(),
+                     .Output = Around.Output(),
+                     .Remote = Around.Remote()};
+    if (const auto row = Around.Lock.EditedRow()) state.EditedStep = Around.Rows.StepOf(*row);
+    const auto objection = Objection(job, state);
+    if (objection) Show(*objection);
+    return !objection;
+}
+
+// The bytes are given as they are: some systems would put line ends of their own into a text.
+void TableMenu::Copy(int first, int last) {
+    auto* content = new QMimeData;
+    content->setData(QStringLiteral("text/plain"),
+                     QByteArray::fromStdString(TableText(Parts.Source, first, last)));
+    QGuiApplication::clipboard()->setMimeData(content);
+    Parts.Controls.fraSTEPLEGEND->Tell(CopiedText(first, last));
+}
+
+void TableMenu::mnuData_Copy_Range_Click() {
+    Range->Ask(Around.Rows.TopStep(), Around.Rows.StepOf(RowCount - 1));
+}
+
+void TableMenu::mnuData_Paste_Click() {
+    if (!May(TableJob::Paste)) return;
+    const QString text = QGuiApplication::clipboard()->text();
+    if (text.size() > static_cast<qsizetype>(LongestTable)) return Show(PasteRefusal(TooLarge{}));
+    const ReadSteps read = ReadTable(text.toStdString(), Parts.Source, Around.Rows.TopStep());
+    if (const auto* bad = std::get_if<BadCell>(&read)) {
+        Show(PasteRefusal(*bad, Parts.Source));
+    } else if (const auto* values = std::get_if<std::vector<NewValue>>(&read)) {
+        Paste(*values);
+    } else {
+        Show(PasteRefusal(TooLarge{}));
+    }
+}
+
+void TableMenu::Paste(const std::vector<NewValue>& values) {
+    if (values.empty()) return Show(NothingToPaste());
+    const auto changed = Pasted.Store(values);
+    ShowChanged(changed);
+    Parts.Controls.fraSTEPLEGEND->Tell(PastedText(static_cast<int>(values.size() / StepValueCount),
+                                                  static_cast<int>(changed.count())));
+}
+
+void TableMenu::mnuData_Undo_Click() {
+    if (!May(TableJob::Undo)) return;
+    if (!Pasted.CanUndo()) return Show(NothingToUndo());
+    const auto changed = Pasted.Undo();
+    ShowChanged(changed);
+    Parts.Controls.fraSTEPLEGEND->Tell(UndoneText(static_cast<int>(changed.count())));
+}
+
+void TableMenu::ShowChanged(const std::bitset<StepCount>& steps) {
+    const int selected = Around.Rows.CurStep();
+    Around.Rows.FillFields();
+    if (steps.test(static_cast<std::size_t>(selected))) Around.Shown.ShowStep(selected);
+}
+
+void TableMenu::mnuData_Send_Click() {
+    if (!May(TableJob::Send)) return;
+    if (Sending.Unsent().empty()) return Show(NothingToSend());
+    Around.CallOffStart();
+    Shut.emplace(Around.Door);
+    Sending.Start();
+}
+
+void TableMenu::SendingEnded(const SendAll::Report& report) {
+    Shut.reset();
+    Progress.Close();
+    Parts.Controls.fraSTEPLEGEND->Tell(SentText(report));
+    if (const auto trouble = SendingTrouble(report)) Show(*trouble);
+}
+
+void TableMenu::CallOff() {
+    Sending.CallOff();
+    Shut.reset();
+    Progress.Close();
+}
+
+}  // namespace zps

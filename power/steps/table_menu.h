@@ -1,0 +1,69 @@
+// The commands of the step table as a whole: copy, paste, take back, and send what is not sent.
+#pragma once
+
+#include "power/panel/gate.h"
+#include "power/panel/output_state.h"
+#include "power/panel/power_parts.h"
+#include "power/panel/read_outs.h"
+#include "power/steps/commands.h"
+#include "power/steps/copy_range.h"
+#include "power/steps/edit_lock.h"
+#include "power/steps/send_all.h"
+#include "power/steps/send_box.h"
+#include "power/steps/step_list.h"
+#include "power/steps/step_upload.h"
+#include "power/steps/table_messages.h"
+#include "power/steps/table_paste.h"
+
+#include <functional>
+#include <optional>
+
+namespace zps {
+
+class TableMenu {
+  public:
+    struct Surround {
+        StepList& Rows;
+        EditLock& Lock;
+        HeldSteps& Held;
+        ReadOuts& Shown;
+        StepUpload& Upload;
+        Gate& Door;
+        Timekeeper& Time;
+        std::function<bool()> AnswerDue;  // the last frame may still be answered
+        std::function<OutputState()> Output;
+        std::function<bool()> Remote;
+        std::function<void()>
+            CallOffStart;  // of the top step: what is sent here comes in its place
+    };
+    TableMenu(PowerParts& parts, Commands& commands, Surround around);
+
+    // The table is that of another supply, which can't be got back.
+    void TableReset() { Pasted.Forget(); }
+    // Nothing is sent any more.
+    void CallOff();
+
+  private:
+    void Copy(int first, int last);
+    void mnuData_Copy_Range_Click();
+    void mnuData_Paste_Click();
+    void mnuData_Undo_Click();
+    void mnuData_Send_Click();
+    void Paste(const std::vector<NewValue>& values);
+    void ShowChanged(const std::bitset<StepCount>& steps);
+    void SendingEnded(const SendAll::Report& report);
+    // Whether `job` may be done now; tells why not.
+    bool May(TableJob job);
+    void Show(const Message& message) { Parts.Boxes.Show(&Parts.Window, message); }
+
+    PowerParts& Parts;
+    Commands& Ways;
+    Surround Around;
+    TablePaste Pasted;
+    SendAll Sending;
+    SendBox Progress;
+    std::optional<Gate::Shut> Shut;  // while steps are sent
+    CopyRange* Range;                // the window's
+};
+
+}  // namespace zps
