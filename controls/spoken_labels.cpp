@@ -2,6 +2,7 @@
 
 #include "controls/focus_holder.h"
 #include "controls/lamp.h"
+#include "controls/pressing.h"
 #include "controls/switch_button.h"
 
 #include <QAccessibleWidget>
@@ -24,6 +25,18 @@ class SpokenLabel : public QAccessibleWidget {
         if (name.isEmpty() || name == text) return text;
         const bool onlyCaption = Shown.buddy() != nullptr;
         return onlyCaption || text.isEmpty() ? name : name + u' ' + text;
+    }
+    QStringList actionNames() const override {
+        const bool pressed = Pressing::Of(Shown) != nullptr && Shown.isEnabled();
+        return (pressed ? QStringList(pressAction()) : QStringList()) +
+               QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        Pressing* const pressing = Pressing::Of(Shown);
+        if (name == pressAction() && pressing != nullptr)
+            pressing->Press();
+        else
+            QAccessibleWidget::doAction(name);
     }
 
   private:

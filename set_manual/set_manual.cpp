@@ -127,8 +127,10 @@ void SET_MANUAL::TakeRatings(double volts, double amps) {
     Controls.POWERCurrent->ShowValue(Fixed(amps, 1));
     Source.SetMaxVolt(ToSingle(volts));
     Source.SetMaxCurr(ToSingle(amps));
-    Power.ShowRatings(Fixed(volts, 0) + QStringLiteral("V/") + Fixed(amps, 0) +
-                      QStringLiteral("A"));
+    const QString ratings = QStringLiteral("%1V/%2A").arg(Fixed(volts, 0), Fixed(amps, 0));
+    Power.ShowRatings(ratings);
+    Power.Happened().Note(EventKind::Checked,
+                          QStringLiteral("주소 %1의 정격: %2").arg(Source.SetAddr).arg(ratings));
     IdentifyModel(volts * amps);
     ResetStepTable();
 }
@@ -151,6 +153,9 @@ void SET_MANUAL::ResetStepTable() {
 
 void SET_MANUAL::ShowResult(Reply result, std::int16_t asked) {
     const ResultLook look = LookOf(result);
+    Power.Happened().Note(
+        EventKind::Checked,
+        QStringLiteral("주소 %1: %2").arg(Source.SetAddr).arg(QString::fromUtf8(look.Caption)));
     if (result == Reply::None)
         ShowOnBoth(look);
     else

@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "controls/flowing_row.h"
+#include "controls/focus_mark.h"
 #include "controls/spoken_labels.h"
 #include "controls/widgets.h"
 
@@ -66,6 +67,7 @@ class EventLine : public QLabel {
                                     Inset / 2.0, Inset / 2.0);
         }
         QLabel::paintEvent(event);
+        PaintFocusMark(*this);
     }
 };
 
@@ -117,7 +119,7 @@ QWidget* MakeIdentity(PowerControls& controls) {
     return header;
 }
 
-void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) {
+void ShowEvent(PowerControls& controls, const PanelEvent* event) {
     const QColor amber(shade::Amber);
     QLabel& line = *controls.lblNOTICE;
     Say(line, event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text : QString());
@@ -128,6 +130,7 @@ void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) 
         colours.setColor(QPalette::WindowText, ReadableOn(amber));
     }
     line.setPalette(colours);
+    line.setFocusPolicy(event ? Qt::TabFocus : Qt::NoFocus);  // empty it leads nowhere
 }
 
 }  // namespace zps

@@ -35,6 +35,8 @@ struct PowerControls {
     // Menus
     QAction* mnuSET_MANU = nullptr;
     QAction* mnuTEST = nullptr;
+    QAction* mnuRECORD = nullptr;
+    QAction* mnuHISTORY = nullptr;
     QAction* mnuData_Clear = nullptr;
     QAction* mnuPROGRAM_END = nullptr;
     QAction* mnuHELP = nullptr;

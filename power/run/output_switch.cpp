@@ -44,6 +44,7 @@ void OutputSwitch::SwitchOff() {
     Say(*Parts.Controls.Output_ONOFF);
     Around.Shown.ShowStep(Around.Rows.CurStep());
     Send(false);
+    Around.Happened.Note(EventKind::Switched, QStringLiteral("출력 끄기"));
     OffAwaited = true;
     tmrOFF->Restart();
 }
@@ -107,6 +108,9 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
         Around.Out.WentOff();  // nothing has gone out
         throw;
     }
+    Around.Happened.Note(
+        EventKind::Switched,
+        QStringLiteral("출력 켜기, 단계 %1").arg(QString::fromStdString(FormatStep(step))));
     Say(*Parts.Controls.Output_ONOFF);
     Around.Polls.Start();
 }

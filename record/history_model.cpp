@@ -1,0 +1,61 @@
+#include "record/history_model.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zps {
+
+namespace {
+
+struct Column {
+    const char* Title;
+    const char* Sample;
+};
+constexpr std::array Columns{Column{"시각", "2026-00-00 00:00:00.000"}, Column{"종류", "통신 끊김"},
+                             Column{"내용", ""}};
+
+}  // namespace
+
+HistoryModel::HistoryModel(const History& history) : Past(history) {}
+
+int HistoryModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(End - First);
+}
+
+int HistoryModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(Columns.size());
+}
+
+int HistoryModel::Follow() {
+    const std::uint64_t kept = std::clamp(Past.First(), First, End);
+    const int gone = DropRows(static_cast<int>(kept - First), [&] { First = kept; });
+    if (First == End) First = End = std::max(End, Past.First());
+    AddRows(static_cast<int>(Past.End() - End), [&] { End = Past.End(); });
+    return gone;
+}
+
+QVariant HistoryModel::data(const QModelIndex& index, int role) const {
+    const std::uint64_t number = First + static_cast<std::uint64_t>(index.row());
+    const bool text = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == CopiedRole;
+    if (!text || number < Past.First()) return {};
+    const PanelEvent& event = Past.Get(number);
+    switch (index.column()) {
+        case 0:
+            return event.At.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+        case 1:
+            return NameOf(event.Kind);
+        default:
+            return event.Text.simplified();
+    }
+}
+
+QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    const Column& column = Columns.at(static_cast<std::size_t>(section));
+    if (role == Qt::DisplayRole) return QString::fromUtf8(column.Title);
+    if (role == SampleRole) return QString::fromUtf8(column.Sample);
+    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    return {};
+}
+
+}  // namespace zps
