@@ -37,7 +37,7 @@ void Program::StartUp() {
     connect(Power.get(), &POWER::HistoryWanted, this, [this] { ShowRecord().ShowHistory(); });
     connect(Power.get(), &POWER::Closed, this, [this] {
         About.reset();
-        Record.reset();
+        RecordWindow.reset();
     });
     Power->Form_Load();
     FitToScreen(*Power);
@@ -93,15 +93,15 @@ void Program::ShowAbout() {
 // Beside the others, and of no owner: no window that is disabled disables it, or covers it for
 // good.
 RECORD& Program::ShowRecord() {
-    if (!Record) {
-        Record = std::make_unique<RECORD>(Line, Power->Happened());
-        Record->SetFoot([this] { return Power->LinkText(); });
-        FitToScreen(*Record);
+    if (!RecordWindow) {
+        RecordWindow = std::make_unique<RECORD>(Line, Power->Happened());
+        RecordWindow->SetFoot([this] { return Power->LinkText(); });
+        FitToScreen(*RecordWindow);
     }
-    Record->show();
-    Record->raise();
-    Record->activateWindow();
-    return *Record;
+    RecordWindow->show();
+    RecordWindow->raise();
+    RecordWindow->activateWindow();
+    return *RecordWindow;
 }
 
 Scales Program::ScalesAt(int address) const {

@@ -30,6 +30,8 @@ class Program : public QObject {
     // The settings or test window while it is open, else null.
     SET_MANUAL* Settings();
     TEST* Test();
+    // The record while it has been opened, else null.
+    RECORD* Record() { return RecordWindow.get(); }
     // What has gone over the line since the program began.
     const LineTrace& Trace() const { return Line; }
 
@@ -52,7 +54,7 @@ class Program : public QObject {
     std::unique_ptr<PortWindow> OpenWindow;
     std::vector<std::unique_ptr<PortWindow>> ClosedWindows;
     std::unique_ptr<frmAbout> About;
-    std::unique_ptr<RECORD> Record;
+    std::unique_ptr<RECORD> RecordWindow;
 };
 
 // What every window of the program looks like: style, type face, language, name and version.

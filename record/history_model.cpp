@@ -36,9 +36,10 @@ int HistoryModel::Follow() {
 
 QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     const std::uint64_t number = First + static_cast<std::uint64_t>(index.row());
-    const bool text = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == CopiedRole;
-    if (!text || number < Past.First()) return {};
+    if (number < Past.First()) return {};  // it has just gone
     const PanelEvent& event = Past.Get(number);
+    const bool text = role == Qt::DisplayRole || role == Qt::ToolTipRole || role == CopiedRole;
+    if (!text) return index.column() == 1 ? MarkFor(IsAlarm(event.Kind), role) : QVariant();
     switch (index.column()) {
         case 0:
             return event.At.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));

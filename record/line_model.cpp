@@ -1,6 +1,5 @@
 #include "record/line_model.h"
 
-#include "controls/colours.h"
 #include "record/frame_names.h"
 
 #include <QDateTime>
@@ -166,9 +165,6 @@ void LineModel::StartOver() {
 QVariant LineModel::data(const QModelIndex& index, int role) const {
     const TracedMessage& row = Rows[static_cast<std::size_t>(index.row())];
     const auto column = static_cast<LineColumn>(index.column());
-    const bool marked =
-        column == LineColumn::Verdict && IsError(row.Result) && !VerdictText(row).isEmpty();
-    const QColor amber(shade::Amber);
     switch (role) {
         case Qt::DisplayRole:
         case Qt::ToolTipRole:
@@ -182,9 +178,9 @@ QVariant LineModel::data(const QModelIndex& index, int role) const {
             return static_cast<int>(column == LineColumn::After ? Qt::AlignRight | Qt::AlignVCenter
                                                                 : Qt::AlignLeft | Qt::AlignVCenter);
         case Qt::BackgroundRole:
-            return marked ? QVariant(amber) : QVariant();
         case Qt::ForegroundRole:
-            return marked ? QVariant(ReadableOn(amber)) : QVariant();
+            if (column != LineColumn::Verdict || VerdictText(row).isEmpty()) return {};
+            return MarkFor(IsError(row.Result), role);
         case Qt::FontRole:
             return column == LineColumn::Data
                        ? QVariant(QFontDatabase::systemFont(QFontDatabase::FixedFont))

@@ -38,9 +38,9 @@ struct Moment {
 struct LineMessage {
     LineEvent What = LineEvent::Opened;
     std::uint8_t CommPort = 0;
-    Moment When;   // sent, or begun to be read
-    Scales Known;  // of the supply at the address in the first byte, at that time
-    std::vector<std::uint8_t> Data;
+    Moment When{};   // sent, or begun to be read
+    Scales Known{};  // of the supply at the address in the first byte, at that time
+    std::vector<std::uint8_t> Data{};
 };
 
 // Keeps the last MostMessages, fewer where they are so long that their bytes find no room. All its

@@ -71,6 +71,11 @@ QSize RECORD::sizeHint() const {
     return QWidget::sizeHint().expandedTo(Suggested);
 }
 
+void RECORD::ShowPage(RecordTable& table) {
+    Tabs->setCurrentWidget(table.parentWidget());
+    table.setFocus();
+}
+
 QWidget* RECORD::MakeLinePage() {
     auto* page = new QWidget;
     auto* column = new QVBoxLayout(page);
@@ -149,8 +154,7 @@ void RECORD::cmdPAUSE_Click() {
 }
 
 void RECORD::Refresh() {
-    const bool line = Tabs->currentIndex() == 0;
-    (line ? grdLINE : grdHISTORY)->Follow();
+    (ShowsLine() ? grdLINE : grdHISTORY)->Follow();
     const QString foot = FootText();
     if (lblQUALITY->text() != foot) lblQUALITY->setText(foot);
     ShowState();
@@ -158,7 +162,7 @@ void RECORD::Refresh() {
 
 void RECORD::ShowState() {
     if (CopyTold.isActive()) return;
-    const bool line = Tabs->currentIndex() == 0;
+    const bool line = ShowsLine();
     const int rows = line ? LineRows.rowCount() : HistoryRows.rowCount();
     const QString text =
         (line && LineRows.Paused() ? QStringLiteral("멈춤 · %1행") : QStringLiteral("%1행"))

@@ -27,8 +27,8 @@ class RECORD : public QWidget {
     // `text` is asked while the window shows for the line at its foot.
     void SetFoot(std::function<QString()> text) { FootText = std::move(text); }
 
-    void ShowLine() { Tabs->setCurrentIndex(0); }
-    void ShowHistory() { Tabs->setCurrentIndex(1); }
+    void ShowLine() { ShowPage(*grdLINE); }
+    void ShowHistory() { ShowPage(*grdHISTORY); }
 
     QSize sizeHint() const override;
 
@@ -43,6 +43,8 @@ class RECORD : public QWidget {
     QWidget* MakeFoot();
     QWidget* MakeFilter();
     QPushButton* MakeCopy(const QString& name, RecordTable& table);
+    void ShowPage(RecordTable& table);
+    bool ShowsLine() const { return Tabs->currentIndex() == 0; }
     void cmdPAUSE_Click();
     void Refresh();
     void ShowState();

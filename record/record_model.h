@@ -1,6 +1,8 @@
 // What a record shows: rows that come at the end and go at the front.
 #pragma once
 
+#include "controls/colours.h"
+
 #include <QAbstractTableModel>
 
 namespace zps {
@@ -16,6 +18,14 @@ class RecordModel : public QAbstractTableModel {
     virtual int Follow() = 0;
 
   protected:
+    // The colours of a cell that wants somebody to look.
+    static QVariant MarkFor(bool alarm, int role) {
+        const QColor amber(shade::Amber);
+        if (alarm && role == Qt::BackgroundRole) return amber;
+        if (alarm && role == Qt::ForegroundRole) return ReadableOn(amber);
+        return {};
+    }
+
     // Does `take`, which adds `count` rows; nothing where there are none.
     template <class Take>
     void AddRows(int count, const Take& take) {

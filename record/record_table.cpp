@@ -30,7 +30,6 @@ RecordTable::RecordTable(const QString& name, const QString& accessibleName, Rec
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
-    setShowGrid(false);
     setAlternatingRowColors(true);
     setCornerButtonEnabled(false);
     verticalHeader()->hide();

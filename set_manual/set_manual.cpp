@@ -21,6 +21,13 @@ QString Fixed(double value, int decimals) {
     return QString::fromStdString(FormatFixed(value, decimals));
 }
 
+// What a frame of the check asks for.
+QString AskedBy(const Bytes& frame) {
+    if (frame.size() != AckLength) return QStringLiteral("초기화");
+    if (frame[1] == code::Dle) return QStringLiteral("DATA 확인");
+    return frame[1] == code::Dc3 ? QStringLiteral("원격 제어") : QStringLiteral("통신 확인");
+}
+
 void Show(SignLabel& result, const ResultLook& look) {
     Say(result, QString::fromUtf8(look.Caption));
     result.ShowSign(look.Mark);
@@ -153,9 +160,10 @@ void SET_MANUAL::ResetStepTable() {
 
 void SET_MANUAL::ShowResult(Reply result, std::int16_t asked) {
     const ResultLook look = LookOf(result);
-    Power.Happened().Note(
-        EventKind::Checked,
-        QStringLiteral("주소 %1: %2").arg(Source.SetAddr).arg(QString::fromUtf8(look.Caption)));
+    Power.Happened().Note(EventKind::Checked,
+                          QStringLiteral("주소 %1 %2: %3")
+                              .arg(Source.SetAddr)
+                              .arg(AskedBy(Source.TxFrame), QString::fromUtf8(look.Caption)));
     if (result == Reply::None)
         ShowOnBoth(look);
     else

@@ -34,6 +34,19 @@ QString NameOf(EventKind kind) {
     return {};
 }
 
+bool IsAlarm(EventKind kind) {
+    switch (kind) {
+        case EventKind::Trip:
+        case EventKind::OutputOff:
+        case EventKind::Refused:
+        case EventKind::NotDone:
+        case EventKind::LinkLost:
+            return true;
+        default:
+            return false;
+    }
+}
+
 History::History(std::function<QDateTime()> clock) : Clock(std::move(clock)) {}
 
 void History::Note(EventKind kind, const QString& text) {

@@ -26,6 +26,9 @@ enum class EventKind : std::uint8_t {
 // What a person calls it: "보호 동작".
 QString NameOf(EventKind kind);
 
+// Whether somebody should look: ends, recoveries and what the operator does are only told.
+bool IsAlarm(EventKind kind);
+
 struct PanelEvent {
     EventKind Kind;
     QDateTime At;

@@ -90,6 +90,7 @@ QWidget* MakeState(PowerControls& controls) {
     auto* box = new QWidget;
     auto* row = MakeRow(*box);
     controls.lblPOLL = new LinkPill(QStringLiteral("lblPOLL"), QStringLiteral("통신 상태"));
+    controls.lblPOLL->setToolTip(QStringLiteral("누르면 통신 기록을 보여 줍니다."));
     controls.lblNOTICE = MakeEventLine();
     controls.lblORV_URL =
         new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
@@ -103,11 +104,6 @@ QWidget* MakeState(PowerControls& controls) {
     row->addSpacing(8);
     row->addWidget(controls.lblORV_URL);
     return box;
-}
-
-// Ends and recoveries are news; everything else wants somebody to look.
-bool IsAlarm(EventKind kind) {
-    return kind != EventKind::EndOfRun && kind != EventKind::LinkBack;
 }
 
 }  // namespace
