@@ -42,6 +42,13 @@ QHBoxLayout* MakeRow(QWidget& box) {
     return row;
 }
 
+// Spoken as it is captioned, without the mark of its key.
+QPushButton* MakeKeyed(const QString& name, const QString& caption) {
+    auto* button = MakeButton(name, caption);
+    button->setAccessibleName({});
+    return button;
+}
+
 }  // namespace
 
 RECORD::RECORD(const LineTrace& trace, const History& history)
@@ -54,9 +61,11 @@ RECORD::RECORD(const LineTrace& trace, const History& history)
     Tabs->setAccessibleName(QStringLiteral("기록 종류"));
     Tabs->addTab(MakeLinePage(), QStringLiteral("통신(&L)"));
     Tabs->addTab(MakeHistoryPage(), QStringLiteral("이력(&H)"));
-    auto* column = new QVBoxLayout(this);
+    auto* centre = new QWidget;
+    auto* column = new QVBoxLayout(centre);
     column->addWidget(Tabs, 1);
     column->addWidget(MakeFoot());
+    setCentralWidget(centre);
     connect(Tabs, &QTabWidget::currentChanged, this, &RECORD::Refresh);
     for (RecordTable* table : {grdLINE, grdHISTORY})
         connect(table, &RecordTable::Copied, this, &RECORD::TellCopied);
@@ -68,7 +77,7 @@ RECORD::RECORD(const LineTrace& trace, const History& history)
 }
 
 QSize RECORD::sizeHint() const {
-    return QWidget::sizeHint().expandedTo(Suggested);
+    return QMainWindow::sizeHint().expandedTo(Suggested);
 }
 
 void RECORD::ShowPage(RecordTable& table) {
@@ -82,7 +91,7 @@ QWidget* RECORD::MakeLinePage() {
     auto* tools = new QWidget;
     auto* row = MakeRow(*tools);
     grdLINE = new RecordTable(QStringLiteral("grdLINE"), QStringLiteral("통신 기록 표"), LineRows);
-    cmdPAUSE = MakeButton(QStringLiteral("cmdPAUSE"), QStringLiteral("일시 정지(&P)"));
+    cmdPAUSE = MakeKeyed(QStringLiteral("cmdPAUSE"), QStringLiteral("일시 정지(&P)"));
     connect(cmdPAUSE, &QPushButton::clicked, this, &RECORD::cmdPAUSE_Click);
     row->addWidget(MakeFilter());
     row->addStretch(1);
@@ -128,7 +137,7 @@ QWidget* RECORD::MakeFilter() {
 }
 
 QPushButton* RECORD::MakeCopy(const QString& name, RecordTable& table) {
-    auto* button = MakeButton(name, QStringLiteral("복사(&C)"));
+    auto* button = MakeKeyed(name, QStringLiteral("복사(&C)"));
     button->setToolTip(QStringLiteral("고른 행을 복사하고, 고른 행이 없으면 모두 복사합니다."));
     connect(button, &QPushButton::clicked, &table, &RecordTable::Copy);
     return button;
@@ -176,13 +185,13 @@ void RECORD::TellCopied(int rows) {
 }
 
 void RECORD::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
+    QMainWindow::showEvent(event);
     Refresh();
     tmrRECORD.start();
 }
 
 void RECORD::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
+    QMainWindow::hideEvent(event);
     tmrRECORD.stop();
 }
 
@@ -190,7 +199,7 @@ void RECORD::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         close();
     else
-        QWidget::keyPressEvent(event);
+        QMainWindow::keyPressEvent(event);
 }
 
 }  // namespace zps

@@ -6,10 +6,10 @@
 #include "record/record_table.h"
 
 #include <QLabel>
+#include <QMainWindow>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
-#include <QWidget>
 
 #include <functional>
 
@@ -17,7 +17,7 @@ namespace zps {
 
 // Takes no port and disturbs no other window. It looks for what has come some times a second while
 // it is shown, and does nothing while it is not.
-class RECORD : public QWidget {
+class RECORD : public QMainWindow {
     Q_OBJECT
 
   public:

@@ -25,7 +25,7 @@ IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 
 IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "AUTO STEP 자동 운전 순서", "단계표 이동", "측정 데이터 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
-IN_RECORD = {"전체(A)", "오류(E)", "조회 제외(M)", "일시 정지(P)", "복사(C)", "통신 기록 표", "통신 기록 표 이동"}
+IN_RECORD = {"전체(A)", "오류(E)", "조회 제외(M)", "일시 정지(P)", "복사(C)", "통신 기록 표"}
 # What a reader is told of the main window with the output on: role, name, description or text, and
 # what of it is checked, editable and reached with Tab. Roles by the bus's own words.
 TREE = """
