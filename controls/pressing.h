@@ -21,15 +21,16 @@ class Pressing : public QObject {
         Label.setFocusPolicy(Qt::TabFocus);
     }
 
-    // What presses `label`; null if it can't be pressed.
+    // What presses `label`; null for one that is not for pressing.
     static Pressing* Of(const QLabel& label) {
         for (QObject* child : label.children())
             if (auto* pressing = dynamic_cast<Pressing*>(child)) return pressing;
         return nullptr;
     }
 
+    bool CanPress() const { return Label.isEnabled() && !Label.text().isEmpty(); }
     void Press() {
-        if (Label.isEnabled() && !Label.text().isEmpty()) Pressed();
+        if (CanPress()) Pressed();
     }
 
   protected:

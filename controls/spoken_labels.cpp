@@ -26,9 +26,13 @@ class SpokenLabel : public QAccessibleWidget {
         const bool onlyCaption = Shown.buddy() != nullptr;
         return onlyCaption || text.isEmpty() ? name : name + u' ' + text;
     }
+    QAccessible::Role role() const override {
+        return Pressing::Of(Shown) == nullptr ? QAccessible::StaticText : QAccessible::Button;
+    }
     QStringList actionNames() const override {
-        const bool pressed = Pressing::Of(Shown) != nullptr && Shown.isEnabled();
-        return (pressed ? QStringList(pressAction()) : QStringList()) +
+        const Pressing* const pressing = Pressing::Of(Shown);
+        const bool can = pressing != nullptr && pressing->CanPress();
+        return (can ? QStringList(pressAction()) : QStringList()) +
                QAccessibleWidget::actionNames();
     }
     void doAction(const QString& name) override {
