@@ -141,11 +141,12 @@ TEST_F(RealPointer, ScrollsTheListByItsWheelAndLeavesNoPressOnTheBarBehindABox) 
 }
 
 TEST_F(RealPointer, OpensTheRecordFromThePillAndUsesItBesideAWindowThatDisablesTheMainOne) {
+    Program& program = SimulatedPanel::Run;
     ClickOn(Get<QLabel>("lblPOLL"));
-    ASSERT_TRUE(WaitFor([&] { return Run.Record() && Run.Record()->isActiveWindow(); }));
-    RECORD& record = *Run.Record();
+    ASSERT_TRUE(WaitFor([&] { return program.Record() && program.Record()->isActiveWindow(); }));
+    RECORD& record = *program.Record();
     Choose("mnuSET_MANU");
-    ASSERT_TRUE(WaitFor([&] { return Run.Settings()->isActiveWindow(); }));
+    ASSERT_TRUE(WaitFor([&] { return program.Settings()->isActiveWindow(); }));
     record.setGeometry(30, 40, 500, 400);
     record.raise();
     auto& errors = *record.findChild<QAbstractButton*>("optERRORS");
@@ -153,7 +154,7 @@ TEST_F(RealPointer, OpensTheRecordFromThePillAndUsesItBesideAWindowThatDisablesT
     EXPECT_TRUE(WaitFor([&] { return errors.isChecked() && record.isActiveWindow(); }));
     Xdotool("key Escape");
     EXPECT_TRUE(WaitFor([&] { return !record.isVisible(); }));
-    EXPECT_TRUE(Run.Settings() && !Main().isEnabled());
+    EXPECT_TRUE(program.Settings() && !Main().isEnabled());
 }
 
 TEST_F(RealPointer, ShiftsWithTheLockedRowWhateverMovesIt) {
