@@ -11,14 +11,14 @@
 
 namespace zps {
 
-// Belongs to the label, which can be pressed while it shows a text.
+// Belongs to the label, which can be pressed while it shows a text. Whether Tab reaches it is told
+// by its focus policy.
 class Pressing : public QObject {
   public:
     Pressing(QLabel& label, std::function<void()> pressed)
         : QObject(&label), Label(label), Pressed(std::move(pressed)) {
         Label.installEventFilter(this);
         Label.setCursor(Qt::PointingHandCursor);
-        Label.setFocusPolicy(Qt::TabFocus);
     }
 
     // What presses `label`; null for one that is not for pressing.

@@ -30,6 +30,7 @@ RecordTable::RecordTable(const QString& name, const QString& accessibleName, Rec
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
     setAlternatingRowColors(true);
     setCornerButtonEnabled(false);
     verticalHeader()->hide();
@@ -66,9 +67,20 @@ void RecordTable::AddActions() {
     }
 }
 
+bool RecordTable::AtEnd() const {
+    return verticalScrollBar()->value() == verticalScrollBar()->maximum();
+}
+
+// What stood at the end stands there still.
+void RecordTable::resizeEvent(QResizeEvent* event) {
+    const bool atEnd = AtEnd();
+    QTableView::resizeEvent(event);
+    if (atEnd) ShowEnd();
+}
+
 void RecordTable::Follow() {
     QScrollBar& bar = *verticalScrollBar();
-    const bool atEnd = bar.value() == bar.maximum();
+    const bool atEnd = AtEnd();
     const int rows = Model.rowCount();
     const int gone = Model.Follow();
     if (atEnd && (gone > 0 || Model.rowCount() != rows))

@@ -28,8 +28,10 @@ class RecordTable : public QTableView {
 
   protected:
     int sizeHintForRow(int row) const override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    bool AtEnd() const;
     void AddActions();
     void SizeColumns();
     QString LineOf(int row) const;

@@ -302,6 +302,7 @@ TEST_F(Record, StandsStillWhilePausedAndFollowsTheEndUnlessScrolledAway) {
 
 TEST_F(Record, StandsBesideTheOtherWindowsOpensByPointerKeyAndBusAndGoesWithTheProgram) {
     auto& pill = Get<QLabel>("lblPOLL");
+    EXPECT_EQ(Get<QLabel>("lblNOTICE").focusPolicy(), Qt::NoFocus);  // empty it leads nowhere
     const std::function<void()> ways[]{
         [&] { QTest::mouseClick(&pill, Qt::LeftButton); },
         [&] { pill.setFocus(), QTest::keyClick(&pill, Qt::Key_Space); },
