@@ -7,23 +7,15 @@ namespace zps {
 
 namespace {
 
-struct Column {
-    const char* Title;
-    const char* Sample;
-};
-constexpr std::array Columns{Column{"시각", "2026-00-00 00:00:00.000"}, Column{"종류", "통신 끊김"},
-                             Column{"내용", ""}};
+constexpr std::array HistoryColumns{RecordColumn{"시각", "2026-00-00 00:00:00.000"},
+                                    RecordColumn{"종류", "통신 끊김"}, RecordColumn{"내용", ""}};
 
 }  // namespace
 
-HistoryModel::HistoryModel(const History& history) : Past(history) {}
+HistoryModel::HistoryModel(const History& history) : RecordModel(HistoryColumns), Past(history) {}
 
 int HistoryModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(End - First);
-}
-
-int HistoryModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(Columns.size());
 }
 
 int HistoryModel::Follow() {
@@ -48,15 +40,6 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
         default:
             return event.Text.simplified();
     }
-}
-
-QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) return {};
-    const Column& column = Columns.at(static_cast<std::size_t>(section));
-    if (role == Qt::DisplayRole) return QString::fromUtf8(column.Title);
-    if (role == SampleRole) return QString::fromUtf8(column.Sample);
-    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-    return {};
 }
 
 }  // namespace zps

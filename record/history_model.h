@@ -14,9 +14,7 @@ class HistoryModel final : public RecordModel {
     int Follow() override;
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
     const History& Past;

@@ -12,11 +12,7 @@ namespace zps {
 
 namespace {
 
-struct Column {
-    const char* Title;
-    const char* Sample;
-};
-constexpr std::array<Column, LineColumnCount> Columns{
+constexpr std::array<RecordColumn, LineColumnCount> LineColumns{
     {{"시각", "00:00:00.000"},
      {"포트", "COM4"},
      {"방향", "◀ 수신"},
@@ -111,14 +107,10 @@ QString TextOf(LineColumn column, const TracedMessage& row, const LineMessage& m
 
 }  // namespace
 
-LineModel::LineModel(const LineTrace& trace) : Live(trace) {}
+LineModel::LineModel(const LineTrace& trace) : RecordModel(LineColumns), Live(trace) {}
 
 int LineModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(Rows.size());
-}
-
-int LineModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : LineColumnCount;
 }
 
 int LineModel::Follow() {
@@ -188,15 +180,6 @@ QVariant LineModel::data(const QModelIndex& index, int role) const {
         default:
             return {};
     }
-}
-
-QVariant LineModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) return {};
-    const Column& column = Columns.at(static_cast<std::size_t>(section));
-    if (role == Qt::DisplayRole) return QString::fromUtf8(column.Title);
-    if (role == SampleRole) return QString::fromUtf8(column.Sample);
-    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-    return {};
 }
 
 }  // namespace zps

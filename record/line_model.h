@@ -35,9 +35,7 @@ class LineModel final : public RecordModel {
     bool Paused() const { return Frozen != nullptr; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
     const LineTrace& Seen() const { return Frozen ? *Frozen : Live; }

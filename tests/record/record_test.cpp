@@ -381,6 +381,20 @@ TEST_F(Record, KnowsEventsOfEveryKind) {
         EXPECT_NE(all.find(event), std::string::npos) << event << '\n' << all;
 }
 
+TEST(TheRowsOfTheHistory, KeepUpHoweverMuchHasHappenedMeanwhile) {
+    History past;
+    HistoryModel rows(past);
+    int noted = 0;
+    for (const auto& [more, gone, left] :
+         {std::tuple{3, 0, 3}, {997, 0, 1000}, {2, 2, 1000}, {5000, 1000, 1000}, {0, 0, 1000}}) {
+        for (int i = 0; i < more; ++i) past.Note(EventKind::Trip, QString::number(noted++));
+        EXPECT_EQ(rows.Follow(), gone);
+        EXPECT_EQ(rows.rowCount(), left);
+        EXPECT_EQ(rows.index(left - 1, 2).data().toInt(), noted - 1);
+        EXPECT_EQ(rows.index(0, 2).data().toInt(), noted - left);
+    }
+}
+
 // With the settings and the test window, steps, switches and polls.
 TEST(TheSimulatedLine, SawEveryFrameOfTheTraceInItsOrderAndAnsweredIt) {
     SimulatedPanel panel;
