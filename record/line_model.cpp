@@ -16,9 +16,9 @@ constexpr std::array<RecordColumn, LineColumnCount> LineColumns{
     {{"시각", "00:00:00.000"},
      {"포트", "COM4"},
      {"방향", "◀ 수신"},
-     {"내용", "DATA 출력 꺼짐 · 정격 150.0 V 10.0 A · O.V.P 163.5 V"},
      {"판정", "잘못된 응답"},
      {"응답(ms)", "1000.0"},
+     {"내용", "DATA 출력 꺼짐 · 정격 150.0 V 10.0 A · O.V.P 163.5 V"},
      {"바이트", "00 00 00 00 00 00 00"}}};
 
 QString DirectionText(LineEvent what) {

@@ -12,7 +12,8 @@
 
 namespace zps {
 
-enum class LineColumn : std::uint8_t { Time, Port, Direction, Content, Verdict, After, Data };
+// A narrow window shows the first ones: what is wrong stands before what was said.
+enum class LineColumn : std::uint8_t { Time, Port, Direction, Verdict, After, Content, Data };
 inline constexpr int LineColumnCount = 7;
 
 // A row for each message of a trace that the filter lets through. What a cell shows is made when

@@ -262,10 +262,10 @@ TEST_F(Record, TakesInTheStartChainAndWhateverWasThereBeforeItWasOpened) {
     table.Copy();
     const QStringList lines = QApplication::clipboard()->text().split('\n');
     EXPECT_EQ(lines.size(), table.model()->rowCount() + 2);
-    EXPECT_EQ(lines.front(), "시각\t포트\t방향\t내용\t판정\t응답(ms)\t바이트");
-    EXPECT_TRUE(lines[4].contains(
-        QRegularExpression("^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3}\tCOM1\t▶ 송신\tENQ "
-                           "응답 확인\t\t\t01 05 06$")))
+    EXPECT_EQ(lines.front(), "시각\t포트\t방향\t판정\t응답(ms)\t내용\t바이트");
+    EXPECT_TRUE(lines[4].contains(QRegularExpression(
+        "^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3}\tCOM1\t▶ 송신\t\t\tENQ "
+        "응답 확인\t01 05 06$")))
         << lines[4].toStdString();
     table.selectRow(3);
     QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
