@@ -5,6 +5,7 @@
 #include "controls/shortcuts.h"
 #include "controls/spoken_labels.h"
 #include "controls/window_stack.h"
+#include "record/record.h"
 #include "test/test.h"
 
 #include <QApplication>
@@ -21,7 +22,9 @@ namespace zps {
 
 using namespace std::chrono_literals;
 
-Program::Program(const Surroundings& around) : Around(around) {}
+Program::Program(const Surroundings& around)
+    : Ports(around.Ports, Line, [this](int address) { return ScalesAt(address); }),
+      Around{Ports, around.Loop, around.Boxes, around.Pointer, around.Browser} {}
 Program::~Program() = default;
 
 void Program::StartUp() {
@@ -30,7 +33,12 @@ void Program::StartUp() {
     connect(Power.get(), &POWER::SettingsWanted, this, [this] { ShowPortWindow<SET_MANUAL>(); });
     connect(Power.get(), &POWER::TestWanted, this, [this] { ShowPortWindow<TEST>(); });
     connect(Power.get(), &POWER::AboutWanted, this, [this] { ShowAbout(); });
-    connect(Power.get(), &POWER::Closed, this, [this] { About.reset(); });
+    connect(Power.get(), &POWER::LineRecordWanted, this, [this] { ShowRecord().ShowLine(); });
+    connect(Power.get(), &POWER::HistoryWanted, this, [this] { ShowRecord().ShowHistory(); });
+    connect(Power.get(), &POWER::Closed, this, [this] {
+        About.reset();
+        RecordWindow.reset();
+    });
     Power->Form_Load();
     FitToScreen(*Power);
     Centre(*Power);
@@ -80,6 +88,25 @@ void Program::ShowAbout() {
     About->show();
     About->raise();
     About->activateWindow();
+}
+
+// Beside the others, and of no owner: no window that is disabled disables it, or covers it for
+// good.
+RECORD& Program::ShowRecord() {
+    if (!RecordWindow) {
+        RecordWindow = std::make_unique<RECORD>(Line, Power->Happened());
+        RecordWindow->SetFoot([this] { return Power->LinkText(); });
+        FitToScreen(*RecordWindow);
+    }
+    RecordWindow->show();
+    RecordWindow->raise();
+    RecordWindow->activateWindow();
+    return *RecordWindow;
+}
+
+Scales Program::ScalesAt(int address) const {
+    if (!Source.KnownAt(static_cast<std::int16_t>(address))) return {};
+    return {Source.VoltScale(), Source.CurrScale()};
 }
 
 namespace {

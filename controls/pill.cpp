@@ -1,6 +1,7 @@
 #include "controls/pill.h"
 
 #include "controls/colours.h"
+#include "controls/focus_mark.h"
 
 #include <QPainter>
 
@@ -44,6 +45,7 @@ void Pill::paintEvent(QPaintEvent* event) {
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter.end();
     QLabel::paintEvent(event);
+    PaintFocusMark(*this);
 }
 
 }  // namespace zps

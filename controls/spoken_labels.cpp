@@ -2,6 +2,7 @@
 
 #include "controls/focus_holder.h"
 #include "controls/lamp.h"
+#include "controls/pressing.h"
 #include "controls/switch_button.h"
 
 #include <QAccessibleWidget>
@@ -25,6 +26,22 @@ class SpokenLabel : public QAccessibleWidget {
         if (name.isEmpty() || name == text) return text;
         const bool onlyCaption = Shown.buddy() != nullptr;
         return onlyCaption || text.isEmpty() ? name : name + u' ' + text;
+    }
+    QAccessible::Role role() const override {
+        return Pressing::Of(Shown) == nullptr ? QAccessible::StaticText : QAccessible::Button;
+    }
+    QStringList actionNames() const override {
+        const Pressing* const pressing = Pressing::Of(Shown);
+        const bool can = pressing != nullptr && pressing->CanPress();
+        return (can ? QStringList(pressAction()) : QStringList()) +
+               QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        Pressing* const pressing = Pressing::Of(Shown);
+        if (name == pressAction() && pressing != nullptr)
+            pressing->Press();
+        else
+            QAccessibleWidget::doAction(name);
     }
 
   private:

@@ -1,9 +1,9 @@
 // A label that is reached with Tab.
 #pragma once
 
+#include "controls/focus_mark.h"
+
 #include <QLabel>
-#include <QPainter>
-#include <QStyleOptionFocusRect>
 
 namespace zps {
 
@@ -20,12 +20,7 @@ class TabLabel : public QLabel {
   protected:
     void paintEvent(QPaintEvent* event) override {
         QLabel::paintEvent(event);
-        if (!hasFocus()) return;
-        QPainter painter(this);
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        option.backgroundColor = palette().color(QPalette::Window);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+        PaintFocusMark(*this);
     }
 };
 

@@ -1,5 +1,7 @@
 #include "power/port_window.h"
 
+#include "controls/error_texts.h"
+
 #include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -22,6 +24,7 @@ std::optional<serial::PortError> PortWindow::OpenPort(std::int16_t number) {
         Source.PortOpenedOn(comPOWER->Device());
         Power.ConnectionChanged();
     } catch (const serial::PortError& error) {
+        Power.Happened().Note(EventKind::Port, MessageOf(error).Text);
         return error;
     }
     return std::nullopt;

@@ -1,10 +1,12 @@
 #include "power/power.h"
 
 #include "controls/error_texts.h"
+#include "controls/pressing.h"
 #include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
+#include "power/panel/link_layout.h"
 #include "power/panel/panel_enabling.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_progress.h"
@@ -53,7 +55,7 @@ struct POWER::Inside {
     Gate Door;
 
     Output Out;
-    LastEvent Happened;
+    History Happened;
     LinkQuality Quality;
     Polling Polls;
     AwaitedAnswer Answer;
@@ -112,7 +114,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Start(Time, {[this] { return SendTopStep(); }, [this] { AskStatus(); },
                    [this] { return Out.Known() != OutputState::Off; }}),
       Log(*Controls.Log),
-      Functions(Parts, Ways, [this] { Refresh(); }),
+      Functions(Parts, Ways, Happened, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       Table(Parts, Ways,
             {Rows, Lock, Held, Shown, Upload, Door, Time,
@@ -235,6 +237,12 @@ void POWER::ConnectMenus() {
     const PowerControls& c = Self->Controls;
     Self->Ways.Connect(*c.mnuSET_MANU, [this] { OpenOther(&POWER::SettingsWanted); });
     Self->Ways.Connect(*c.mnuTEST, [this] { OpenOther(&POWER::TestWanted); });
+    const auto showLine = [this] { Q_EMIT LineRecordWanted(); };
+    const auto showHistory = [this] { Q_EMIT HistoryWanted(); };
+    Self->Ways.Connect(*c.mnuRECORD, showLine);
+    Self->Ways.Connect(*c.mnuHISTORY, showHistory);
+    new Pressing(*c.lblPOLL, [this, showLine] { Self->Ways.Run(showLine); });
+    new Pressing(*c.lblNOTICE, [this, showHistory] { Self->Ways.Run(showHistory); });
     Self->Ways.Connect(*c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
     Self->Ways.Connect(*c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
     Self->Ways.Connect(*c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
@@ -267,6 +275,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
         ConnectionChanged();
     } catch (const serial::PortError& error) {
         Self->PortTrouble = MessageOf(error).Text;
+        Self->Happened.Note(EventKind::Port, Self->PortTrouble);
         return error;
     }
     return std::nullopt;
@@ -326,6 +335,16 @@ void POWER::FunctionsReset() {
     Self->Functions.Reset();
     Self->Sequence.Reset();
     Self->Progress.Forget();
+    Self->Happened.Note(EventKind::Checked,
+                        QStringLiteral("확인 중에 전원 장치의 출력과 기능을 모두 껐습니다."));
+}
+
+History& POWER::Happened() {
+    return Self->Happened;
+}
+
+QString POWER::LinkText() const {
+    return QualityText(Self->Quality).replace(u'\n', QStringLiteral(" · "));
 }
 
 void POWER::comPOWER_Event() {

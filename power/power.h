@@ -4,6 +4,7 @@
 #include "controls/message_boxes.h"
 #include "platform/pointer_confinement.h"
 #include "platform/web_browser.h"
+#include "power/link/history.h"
 #include "serial/port.h"
 #include "source/source.h"
 
@@ -54,9 +55,16 @@ class POWER : public QMainWindow {
     // The supply has acknowledged that all its functions are off.
     void FunctionsReset();
 
+    // What has happened; the windows that have the port meanwhile note here too.
+    History& Happened();
+    // How well the supply answers, in a line.
+    QString LinkText() const;
+
   Q_SIGNALS:
     void SettingsWanted();
     void TestWanted();
+    void LineRecordWanted();
+    void HistoryWanted();
     void AboutWanted();
     void Closed();
 

@@ -37,10 +37,10 @@ class AsioPort final : public Port {
     std::string Device() const override { return Present ? Present->Path : std::string(); }
     void SetPortOpen(bool open) override;
     std::size_t InBufferCount() const override { return Present ? Present->Arrived.Count() : 0; }
-    void DiscardInput() override {
-        if (InBufferCount() == 0) return;
+    std::vector<std::uint8_t> DiscardInput() override {
+        if (InBufferCount() == 0) return {};
         Event.BytesDiscarded();
-        Present->Arrived.Clear();
+        return Present->Arrived.Clear();
     }
     std::uint8_t Input() override;
     void Output(std::span<const std::uint8_t> block) override;

@@ -19,9 +19,11 @@ std::size_t Inbox::Count() const {
     return Bytes.size();
 }
 
-void Inbox::Clear() {
+std::vector<std::uint8_t> Inbox::Clear() {
     const std::lock_guard lock(Mutex);
+    std::vector<std::uint8_t> all(Bytes.begin(), Bytes.end());
     Bytes.clear();
+    return all;
 }
 
 std::uint8_t Inbox::Take() {

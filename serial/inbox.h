@@ -10,6 +10,7 @@
 #include <deque>
 #include <mutex>
 #include <span>
+#include <vector>
 
 namespace zps::serial {
 
@@ -20,7 +21,8 @@ class Inbox {
     // What finds no room is lost: the bytes that came first are those of an answer.
     void Put(std::span<const std::uint8_t> bytes);
     std::size_t Count() const;
-    void Clear();
+    // What was in it, oldest first.
+    std::vector<std::uint8_t> Clear();
     // The oldest byte; throws std::logic_error if there is none.
     std::uint8_t Take();
     // Sleeps until `count` bytes are here (true) or `deadline` has passed (false).

@@ -27,6 +27,7 @@
 #include <span>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace zps::serial {
 
@@ -71,8 +72,8 @@ class Port {
 
     // Bytes that have arrived and were not read.
     virtual std::size_t InBufferCount() const = 0;
-    // Throws away what has arrived: the buffer count becomes 0.
-    virtual void DiscardInput() = 0;
+    // Throws away what has arrived, the buffer count becomes 0, and tells what it was.
+    virtual std::vector<std::uint8_t> DiscardInput() = 0;
     // Reads one byte. Calling it with an empty buffer is a fault of the caller (std::logic_error).
     virtual std::uint8_t Input() = 0;
 

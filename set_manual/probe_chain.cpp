@@ -118,6 +118,7 @@ void ProbeChain::Ask(Frame frame, std::int16_t replyFlag, CheckStage stage) {
     EndExchange();
     Sender.Send(std::move(frame), replyFlag);
     AnswerAwaited = true;
+    Asked = stage;
     Check.Begin(stage);
     Tell.Progress();
 }
@@ -174,13 +175,12 @@ void ProbeChain::TakeRatings(const Bytes& reply) {
 }
 
 void ProbeChain::Finish(Reply result) {
-    const std::int16_t asked = Source.ReplyFlag();
     const bool lastAttempt = Source.RetryCount() >= MostRetries;
     const bool initialised = result == Reply::Ack && InitialisationOut;
     AnswerAwaited = false;
     Source.Settle();
     Check.End(!Failed(result));
-    Tell.Result(result, asked);
+    Tell.Result(result, Asked);
     if (initialised) Tell.FunctionsOff();
     if (result == Reply::Ack && !lastAttempt) MoveOn();
     Tell.Progress();

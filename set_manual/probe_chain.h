@@ -17,8 +17,8 @@ namespace zps {
 
 // What the window is told.
 struct ProbeEvents {
-    // An exchange has ended; `asked` is what its frame asked for.
-    std::function<void(Reply result, std::int16_t asked)> Result;
+    // An exchange has ended; `asked` is what its frame asked.
+    std::function<void(Reply result, CheckStage asked)> Result;
     // A supply whose ratings were not known has told them, in V and A.
     std::function<void(double volts, double amps)> Ratings;
     // The supply has switched all its functions off.
@@ -88,6 +88,7 @@ class ProbeChain {
     Timer tmrSTART_DLE;
     std::int16_t FormAddr;  // the window's address, which goes into the probes
     Stage ProbeStage = Stage::Idle;
+    CheckStage Asked = CheckStage::Answer;  // in the exchange begun last
     bool AnswerAwaited = false;      // the exchange in progress is still without a result
     bool InitialisationOut = false;  // the exchange in progress is that of the initialisation frame
     unsigned ExchangeNumber = 0;     // tells a handler that its exchange was ended while it waited

@@ -21,6 +21,20 @@ QString Fixed(double value, int decimals) {
     return QString::fromStdString(FormatFixed(value, decimals));
 }
 
+QString NameOf(CheckStage asked) {
+    switch (asked) {
+        case CheckStage::Remote:
+            return QStringLiteral("원격 제어");
+        case CheckStage::Initialise:
+            return QStringLiteral("초기화");
+        case CheckStage::Ratings:
+            return QStringLiteral("DATA 확인");
+        case CheckStage::Answer:
+            break;
+    }
+    return QStringLiteral("통신 확인");
+}
+
 void Show(SignLabel& result, const ResultLook& look) {
     Say(result, QString::fromUtf8(look.Caption));
     result.ShowSign(look.Mark);
@@ -35,7 +49,7 @@ SET_MANUAL::SET_MANUAL(SOURCE& source, POWER& power, const Surroundings& around)
       Controls(MakeSetManualControls(*this)),
       Choices(Controls),
       Chain(source, *comPOWER, around.Loop, Events,
-            {[this](Reply result, std::int16_t asked) { ShowResult(result, asked); },
+            {[this](Reply result, CheckStage asked) { ShowResult(result, asked); },
              [this](double volts, double amps) { TakeRatings(volts, amps); },
              [this] { Power.FunctionsReset(); }, [this] { Controls.cmdZPS_DLE->setEnabled(true); },
              [this] { ShowProgress(); }}) {
@@ -127,8 +141,10 @@ void SET_MANUAL::TakeRatings(double volts, double amps) {
     Controls.POWERCurrent->ShowValue(Fixed(amps, 1));
     Source.SetMaxVolt(ToSingle(volts));
     Source.SetMaxCurr(ToSingle(amps));
-    Power.ShowRatings(Fixed(volts, 0) + QStringLiteral("V/") + Fixed(amps, 0) +
-                      QStringLiteral("A"));
+    const QString ratings = QStringLiteral("%1V/%2A").arg(Fixed(volts, 0), Fixed(amps, 0));
+    Power.ShowRatings(ratings);
+    Power.Happened().Note(EventKind::Checked,
+                          QStringLiteral("주소 %1의 정격: %2").arg(Source.SetAddr).arg(ratings));
     IdentifyModel(volts * amps);
     ResetStepTable();
 }
@@ -149,12 +165,16 @@ void SET_MANUAL::ResetStepTable() {
     Power.StepTableReset();
 }
 
-void SET_MANUAL::ShowResult(Reply result, std::int16_t asked) {
+void SET_MANUAL::ShowResult(Reply result, CheckStage asked) {
     const ResultLook look = LookOf(result);
+    Power.Happened().Note(EventKind::Checked,
+                          QStringLiteral("주소 %1 %2: %3")
+                              .arg(Source.SetAddr)
+                              .arg(NameOf(asked), QString::fromUtf8(look.Caption)));
     if (result == Reply::None)
         ShowOnBoth(look);
     else
-        Show(asked == ExpectData ? *Controls.lblZPS_DLE : *Controls.lblZPS_ENQ, look);
+        Show(asked == CheckStage::Ratings ? *Controls.lblZPS_DLE : *Controls.lblZPS_ENQ, look);
 }
 
 void SET_MANUAL::ShowOnBoth(const ResultLook& look) {

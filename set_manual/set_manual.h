@@ -36,7 +36,7 @@ class SET_MANUAL : public PortWindow {
     void TakeRatings(double volts, double amps);
     void IdentifyModel(double watts);
     void ResetStepTable();
-    void ShowResult(Reply result, std::int16_t asked);
+    void ShowResult(Reply result, CheckStage asked);
     void ShowOnBoth(const ResultLook& look);
     void ShowProgress();
     void ShowDevices();

@@ -1,8 +1,10 @@
 #include "tour/session.h"
 
 #include "power/log/measurement_log.h"
+#include "record/record.h"
 #include "test/test.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -64,6 +66,7 @@ bool Session::Work() {
     RunOutput();
     LoseTheLine();
     Trip();
+    ReadTheRecord();
     RunSequence();
     TestLink();
     ShowAbout();
@@ -189,6 +192,26 @@ void Session::Trip() {
     });
 }
 
+// It stays open beside all that follows.
+void Session::ReadTheRecord() {
+    Hands.Get<QAction>("mnuRECORD").trigger();
+    RECORD& record = *Panel.Record();
+    const auto rows = [&](const char* table) {
+        return record.findChild<QAbstractItemView*>(QLatin1String(table))->model()->rowCount();
+    };
+    Hands.Expect("the record shows what has gone over the line",
+                 [&] { return record.isVisible() && rows("grdLINE") > 100; });
+    Hands.LookAt(record, "11a-record");
+    const int all = rows("grdLINE");
+    QTest::mouseClick(record.findChild<QAbstractButton*>("optERRORS"), Qt::LeftButton);
+    Hands.Expect("the silence is among the errors",
+                 [&] { return rows("grdLINE") > 5 && rows("grdLINE") < all / 2; });
+    Hands.LookAt(record, "11b-record-errors");
+    record.ShowHistory();
+    Hands.Expect("the history knows the trip", [&] { return rows("grdHISTORY") > 8; });
+    Hands.LookAt(record, "11c-history");
+}
+
 void Session::RunSequence() {
     Hands.Enter("txPTIME_1", "1");
     Hands.Expect("step 01 lasts a second",
@@ -215,6 +238,8 @@ void Session::TestLink() {
     Hands.Get<QAction>("mnuTEST").trigger();
     TEST& test = *Panel.Test();
     Hands.LookAt(test, "15-test-before");
+    Hands.Expect("the record is open beside it",
+                 [&] { return Panel.Record()->isVisible() && Panel.Record()->isEnabled(); });
     Click(test, "cmdENQ");
     Hands.Expect("the test window hears an acknowledgement",
                  [&] { return Text(test, "lblRESULT") == "GOOD  ENQ"; });

@@ -31,6 +31,7 @@ class Session {
     void RunOutput();
     void LoseTheLine();
     void Trip();
+    void ReadTheRecord();
     void RunSequence();
     void TestLink();
     void ShowAbout();

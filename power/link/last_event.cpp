@@ -1,13 +1,22 @@
 #include "power/link/last_event.h"
 
-#include <utility>
-
 namespace zps {
 
-LastEvent::LastEvent(std::function<QDateTime()> clock) : Clock(std::move(clock)) {}
+namespace {
 
-void LastEvent::Note(EventKind kind, const QString& text) {
-    Last = PanelEvent{kind, Clock(), text};
+bool IsNews(EventKind kind) {
+    return kind != EventKind::Switched && kind != EventKind::Port && kind != EventKind::Checked;
+}
+
+}  // namespace
+
+LastEvent::LastEvent(History& history) : Past(history) {
+    history.OnNote([this](std::uint64_t number) { Noted(number); });
+}
+
+void LastEvent::Noted(std::uint64_t number) {
+    if (!IsNews(Past.Get(number).Kind)) return;
+    Last = number;
     Told();
 }
 
@@ -15,6 +24,10 @@ void LastEvent::Forget() {
     if (!Last) return;
     Last.reset();
     Told();
+}
+
+const PanelEvent* LastEvent::Get() const {
+    return Last && *Last >= Past.First() ? &Past.Get(*Last) : nullptr;
 }
 
 }  // namespace zps

@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "controls/flowing_row.h"
+#include "controls/focus_mark.h"
 #include "controls/spoken_labels.h"
 #include "controls/widgets.h"
 
@@ -66,6 +67,7 @@ class EventLine : public QLabel {
                                     Inset / 2.0, Inset / 2.0);
         }
         QLabel::paintEvent(event);
+        PaintFocusMark(*this);
     }
 };
 
@@ -88,6 +90,8 @@ QWidget* MakeState(PowerControls& controls) {
     auto* box = new QWidget;
     auto* row = MakeRow(*box);
     controls.lblPOLL = new LinkPill(QStringLiteral("lblPOLL"), QStringLiteral("통신 상태"));
+    controls.lblPOLL->setFocusPolicy(Qt::TabFocus);
+    controls.lblPOLL->setToolTip(QStringLiteral("누르면 통신 기록을 보여 줍니다."));
     controls.lblNOTICE = MakeEventLine();
     controls.lblORV_URL =
         new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),
@@ -103,11 +107,6 @@ QWidget* MakeState(PowerControls& controls) {
     return box;
 }
 
-// Ends and recoveries are news; everything else wants somebody to look.
-bool IsAlarm(EventKind kind) {
-    return kind != EventKind::EndOfRun && kind != EventKind::LinkBack;
-}
-
 }  // namespace
 
 QWidget* MakeIdentity(PowerControls& controls) {
@@ -117,7 +116,7 @@ QWidget* MakeIdentity(PowerControls& controls) {
     return header;
 }
 
-void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) {
+void ShowEvent(PowerControls& controls, const PanelEvent* event) {
     const QColor amber(shade::Amber);
     QLabel& line = *controls.lblNOTICE;
     Say(line, event ? event->At.toString(QStringLiteral("HH:mm:ss  ")) + event->Text : QString());
@@ -128,6 +127,7 @@ void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event) 
         colours.setColor(QPalette::WindowText, ReadableOn(amber));
     }
     line.setPalette(colours);
+    line.setFocusPolicy(event ? Qt::TabFocus : Qt::NoFocus);  // empty it leads nowhere
 }
 
 }  // namespace zps

@@ -4,13 +4,11 @@
 #include "power/link/last_event.h"
 #include "power/panel/power_controls.h"
 
-#include <optional>
-
 namespace zps {
 
 QWidget* MakeIdentity(PowerControls& controls);
 
 // The line of the last event, with its time.
-void ShowEvent(PowerControls& controls, const std::optional<PanelEvent>& event);
+void ShowEvent(PowerControls& controls, const PanelEvent* event);
 
 }  // namespace zps

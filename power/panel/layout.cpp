@@ -64,6 +64,10 @@ void MakeMenus(PowerControls& controls, QMenuBar& bar) {
         MakeAction(*connection, QStringLiteral("mnuSET_MANU"), QStringLiteral("ZPS설정(&R)"));
     controls.mnuTEST =
         MakeAction(*connection, QStringLiteral("mnuTEST"), QStringLiteral("TEST(&T)"));
+    controls.mnuRECORD =
+        MakeAction(*connection, QStringLiteral("mnuRECORD"), QStringLiteral("통신 기록(&L)"));
+    controls.mnuHISTORY =
+        MakeAction(*connection, QStringLiteral("mnuHISTORY"), QStringLiteral("이력(&H)"));
     auto* data = bar.addMenu(QStringLiteral("데이터(&D)"));
     controls.mnuData_Clear =
         MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이터 삭제(&C)"));
@@ -209,9 +213,9 @@ PowerControls MakePowerControls(QMainWindow& window) {
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; what is only read or seldom used is last.
     QWidget* before = controls.Log->findChild<LogChart*>();
-    for (QWidget* next : std::initializer_list<QWidget*>{controls.lblZPS_ERR, controls.lblZPS_ERR1,
-                                                         controls.lblZPS_ENQ, controls.lblORV_URL,
-                                                         controls.cmdFOCUS}) {
+    for (QWidget* next : std::initializer_list<QWidget*>{
+             controls.lblZPS_ERR, controls.lblZPS_ERR1, controls.lblZPS_ENQ, controls.lblPOLL,
+             controls.lblNOTICE, controls.lblORV_URL, controls.cmdFOCUS}) {
         QWidget::setTabOrder(before, next);
         before = next;
     }

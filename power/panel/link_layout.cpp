@@ -97,12 +97,16 @@ QWidget* MakeLinkLine(PowerControls& controls) {
     return line;
 }
 
+QString QualityText(const LinkQuality& quality) {
+    const auto polled = quality.Polled();
+    return QStringLiteral("조회 %1회, 올바른 응답 %2회\n응답 시간: 마지막 %3, 중앙값 %4")
+        .arg(QString::number(polled.Asked), QString::number(polled.Answered),
+             InMilliseconds(polled.Last), InMilliseconds(polled.Median));
+}
+
 void DescribeCounters(PowerControls& controls, const LinkQuality& quality) {
     const auto words = [&quality](const QString& what) {
-        const auto polled = quality.Polled();
-        return QStringLiteral("%1\n조회 %2회, 올바른 응답 %3회\n응답 시간: 마지막 %4, 중앙값 %5")
-            .arg(what, QString::number(polled.Asked), QString::number(polled.Answered),
-                 InMilliseconds(polled.Last), InMilliseconds(polled.Median));
+        return what + u'\n' + QualityText(quality);
     };
     for (const CounterKind& kind : CounterKinds) {
         const QString what = QString::fromUtf8(kind.What);

@@ -8,6 +8,9 @@ namespace zps {
 
 QWidget* MakeLinkLine(PowerControls& controls);
 
+// How many polls were answered, and how fast; two lines.
+QString QualityText(const LinkQuality& quality);
+
 // The tool tips of the counters tell out of how many polls. `quality` outlives the controls' use.
 void DescribeCounters(PowerControls& controls, const LinkQuality& quality);
 

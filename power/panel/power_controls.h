@@ -35,6 +35,8 @@ struct PowerControls {
     // Menus
     QAction* mnuSET_MANU = nullptr;
     QAction* mnuTEST = nullptr;
+    QAction* mnuRECORD = nullptr;
+    QAction* mnuHISTORY = nullptr;
     QAction* mnuData_Clear = nullptr;
     QAction* mnuData_Copy = nullptr;  // of the step table, with what follows
     QAction* mnuData_Copy_All = nullptr;

@@ -1,15 +1,16 @@
 #include "power/run/function_switches.h"
 
 #include "power/panel/status_display.h"
+#include "power/run/event_texts.h"
 #include "source/reply.h"
 
 #include <utility>
 
 namespace zps {
 
-FunctionSwitches::FunctionSwitches(PowerParts& parts, Commands& commands,
+FunctionSwitches::FunctionSwitches(PowerParts& parts, Commands& commands, History& happened,
                                    std::function<void()> changed)
-    : Parts(parts), Changed(std::move(changed)) {
+    : Parts(parts), Happened(happened), Changed(std::move(changed)) {
     for (std::size_t place = 0; place < PlainFunctionCount; ++place) {
         commands.Connect(*(Parts.Controls.*PlainFunction(place).Button),
                          [this, place] { Toggle(place); });
@@ -24,6 +25,7 @@ void FunctionSwitches::Toggle(std::size_t place) {
     ShowDifference(Parts.Controls, function, on, false);
     Changed();
     Parts.Sender.SendCommand(function.Letter, on ? 1 : 0);
+    Happened.Note(EventKind::Switched, RequestText(Parts.Source.LastRequest()));
 }
 
 void FunctionSwitches::Reset() {

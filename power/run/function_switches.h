@@ -1,6 +1,7 @@
 // The switches that only send their letter: automatic run, remote sensing, over-current protection.
 #pragma once
 
+#include "power/link/history.h"
 #include "power/panel/functions.h"
 #include "power/panel/power_parts.h"
 #include "power/steps/commands.h"
@@ -13,7 +14,8 @@ namespace zps {
 class FunctionSwitches {
   public:
     // `changed` is told after a flag has changed.
-    FunctionSwitches(PowerParts& parts, Commands& commands, std::function<void()> changed);
+    FunctionSwitches(PowerParts& parts, Commands& commands, History& happened,
+                     std::function<void()> changed);
 
     bool AutoOn() const { return Flags[0].On; }
 
@@ -32,6 +34,7 @@ class FunctionSwitches {
     void Toggle(std::size_t place);
 
     PowerParts& Parts;
+    History& Happened;
     std::function<void()> Changed;
     std::array<Flag, PlainFunctionCount> Flags;
 };

@@ -6,11 +6,11 @@
 
 namespace zps {
 
-LinkReport::LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality,
-                       LastEvent& happened, Timekeeper& time)
-    : Parts(parts), Quality(quality), Happened(happened), Link(quality, time) {
+LinkReport::LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality, History& happened,
+                       Timekeeper& time)
+    : Parts(parts), Quality(quality), Happened(happened), Last(happened), Link(quality, time) {
     DescribeCounters(Parts.Controls, Quality);
-    Happened.OnChange([this] { ShowEvent(Parts.Controls, Happened.Get()); });
+    Last.OnChange([this] { ShowEvent(Parts.Controls, Last.Get()); });
     held.OnRefusal([this](int step, StepValues values) {
         Happened.Note(EventKind::Refused, RefusalText(step, values));
     });
@@ -23,7 +23,7 @@ LinkReport::LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality,
 
 void LinkReport::OutputSwitched(bool on) {
     if (on) {
-        Happened.Forget();
+        Last.Forget();
         Quality.OutputWentOn();
     }
     Link.Look();
@@ -31,9 +31,11 @@ void LinkReport::OutputSwitched(bool on) {
 
 void LinkReport::ShowConnection(const std::string& device) {
     QLabel& label = *Parts.Controls.lblLINK;
-    label.setText(
-        QStringLiteral("COM%1 · 주소 %2").arg(Parts.Source.CommPort).arg(Parts.Source.PowerAddr));
+    const std::pair<int, int> now(Parts.Source.CommPort, Parts.Source.PowerAddr);
+    const QString text = QStringLiteral("COM%1 · 주소 %2").arg(now.first).arg(now.second);
+    label.setText(text);
     label.setToolTip(QString::fromStdString(device));
+    if (std::exchange(Connection, now) != now) Happened.Note(EventKind::Port, text);
 }
 
 void LinkReport::NoteBack(std::chrono::seconds away) {

@@ -6,13 +6,16 @@
 #include "power/link/link_watch.h"
 #include "power/panel/power_parts.h"
 
+#include <utility>
+
 namespace zps {
 
-// Shows what the owners below tell, and notes a lost link and refused values as events.
+// Shows what the owners below tell, and notes a lost link, refused values and another connection as
+// events.
 class LinkReport {
   public:
     // All of them outlive this. `time` as LinkWatch wants it.
-    LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality, LastEvent& happened,
+    LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality, History& happened,
                Timekeeper& time);
 
     // The output has been switched, by whomever.
@@ -25,8 +28,10 @@ class LinkReport {
 
     PowerParts& Parts;
     LinkQuality& Quality;
-    LastEvent& Happened;
+    History& Happened;
+    LastEvent Last;
     LinkWatch Link;
+    std::pair<int, int> Connection{0, 0};  // port and address that were noted last
 };
 
 }  // namespace zps

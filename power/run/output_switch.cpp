@@ -42,6 +42,7 @@ void OutputSwitch::SwitchOff() {
     Around.Shown.ShowStep(Around.Rows.CurStep());
     Send(false);
     Around.Answer.Await([this](Reply result) { JudgeOff(result); });
+    Around.Happened.Note(EventKind::Switched, QStringLiteral("출력 끄기"));
 }
 
 // Nothing is polled any more that would show the output on: whoever stands before the supply must
@@ -81,6 +82,9 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
         Around.Out.WentOff();  // nothing has gone out
         throw;
     }
+    Around.Happened.Note(
+        EventKind::Switched,
+        QStringLiteral("출력 켜기, 단계 %1").arg(QString::fromStdString(FormatStep(step))));
     Say(*Parts.Controls.Output_ONOFF);
     Around.Polls.Start();
 }

@@ -3,7 +3,7 @@
 
 #include "power/link/awaited_answer.h"
 #include "power/link/held_steps.h"
-#include "power/link/last_event.h"
+#include "power/link/history.h"
 #include "power/link/polling.h"
 #include "power/log/measurement_log.h"
 #include "power/panel/gate.h"
@@ -28,7 +28,7 @@ class OutputSwitch {
         Gate& Door;
         Entries& Fields;
         Output& Out;
-        LastEvent& Happened;
+        History& Happened;
         StepStart& Start;
         Polling& Polls;
         LinkQuality& Quality;

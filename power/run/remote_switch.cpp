@@ -6,9 +6,8 @@
 
 namespace zps {
 
-RemoteSwitch::RemoteSwitch(PowerParts& parts, Commands& commands, Output& output,
-                           LastEvent& happened, StepStart& start, Polling& polls,
-                           std::function<void()> changed)
+RemoteSwitch::RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, History& happened,
+                           StepStart& start, Polling& polls, std::function<void()> changed)
     : Parts(parts),
       Out(output),
       Happened(happened),
@@ -32,6 +31,8 @@ void RemoteSwitch::cmdPREMOTE_Click() {
     else
         GoRemote();
     Parts.Sender.Send(std::move(frame), ExpectAck);
+    Happened.Note(EventKind::Switched, RemoteOn ? QStringLiteral("원격 제어로 전환")
+                                                : QStringLiteral("본체 제어로 전환"));
 }
 
 void RemoteSwitch::GoLocal() {

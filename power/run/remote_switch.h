@@ -1,7 +1,7 @@
 // The remote switch: who controls the supply.
 #pragma once
 
-#include "power/link/last_event.h"
+#include "power/link/history.h"
 #include "power/link/polling.h"
 #include "power/panel/power_parts.h"
 #include "power/run/output.h"
@@ -15,7 +15,7 @@ namespace zps {
 class RemoteSwitch {
   public:
     // `changed` is told after what may be used has changed.
-    RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, LastEvent& happened,
+    RemoteSwitch(PowerParts& parts, Commands& commands, Output& output, History& happened,
                  StepStart& start, Polling& polls, std::function<void()> changed);
 
     // The switch was last pressed to remote.
@@ -33,7 +33,7 @@ class RemoteSwitch {
 
     PowerParts& Parts;
     Output& Out;
-    LastEvent& Happened;
+    History& Happened;
     StepStart& Start;
     Polling& Polls;
     std::function<void()> Changed;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "power/link/awaited_answer.h"
-#include "power/link/last_event.h"
+#include "power/link/history.h"
 #include "power/link/polling.h"
 #include "power/log/measurement_log.h"
 #include "power/panel/power_parts.h"
@@ -24,7 +24,7 @@ class ReplyHandler {
         serial::Port& Port;
         AwaitedAnswer& Answer;
         Output& Out;
-        LastEvent& Happened;
+        History& Happened;
         StepStart& Start;
         Polling& Polls;
         LinkQuality& Quality;

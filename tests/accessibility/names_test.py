@@ -10,7 +10,7 @@ import subprocess
 import sys
 import time
 
-from bus import Atspi, below, choose, fail, find, press, running, says, wait_for, wait_for_ratings
+from bus import Atspi, act, below, choose, fail, find, press, running, says, wait_for, wait_for_ratings
 
 CONTROLS = {
     Atspi.Role.PUSH_BUTTON,
@@ -25,6 +25,7 @@ IN_SETTINGS = {"통신 포트 COM1", "Address 전원 장치 주소", "Model No. 
 IN_MAIN = {"단계 03 전압 V", "단계 00", "OUTPUT 출력", "AUTO STEP 자동 운전 순서", "단계표 이동", "측정 데이터 표"}
 IN_TEST = {"ENQ", "DLE"}
 IN_ABOUT = {"확인(O)"}
+IN_RECORD = {"전체(A)", "오류(E)", "조회 제외(M)", "일시 정지(P)", "복사(C)", "통신 기록 표"}
 # What a reader is told of the main window with the output on: role, name, description or text, and
 # what of it is checked, editable and reached with Tab. Roles by the bus's own words.
 TREE = """
@@ -170,11 +171,17 @@ def use_panel():
     choose("프로그램 정보(A)")
     check_names("ZPS-RS232 정보", IN_ABOUT)
     close("ZPS-RS232 정보")
+    choose("통신 기록(L)")
+    check_names("통신 기록", IN_RECORD)
     choose("TEST(T)")
+    press("일시 정지(P)")  # beside a window that disables the main one
+    wait_for(lambda: find("계속(P)"), "the paused record")
     check_names("통신 TEST", IN_TEST)
     press("DLE")
     wait_for(lambda: says("OCP", "켜짐") and says("OUTPUT", "꺼짐"), "the lamps of the bits")
     close("통신 TEST")
+    act("통신 상태 조회 안 함", "Press")
+    close("통신 기록")
     check_log()
 
 

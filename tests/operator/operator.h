@@ -166,7 +166,7 @@ class Operator {
         if (way == 2) Key(Qt::Key_F10);
         if (way == 3) Key(Pick({'S', 'D', 'P'}), Qt::AltModifier);
         QTest::qWait(1);
-        if (Chance(30)) Key(Pick({'R', 'T', 'C', 'A', 'X', 'S', 'P', 'U', 'N'}));
+        if (Chance(30)) Key(Pick({'R', 'T', 'L', 'H', 'C', 'A', 'X', 'S', 'P', 'U', 'N'}));
         if (Chance(70)) Key(Qt::Key_Escape);
     }
 
@@ -176,8 +176,9 @@ class Operator {
         const auto bus = QAccessible::queryAccessibleInterface;
         if (way < 4) {
             const auto* menu =
-                Pick({"mnuSET_MANU", "mnuTEST", "mnuTEST", "mnuData_Clear", "mnuData_Paste",
-                      "mnuData_Undo", "mnuData_Send", "mnuHELP", "mnuPROGRAM_END"});
+                Pick({"mnuSET_MANU", "mnuTEST", "mnuTEST", "mnuRECORD", "mnuHISTORY",
+                      "mnuData_Clear", "mnuData_Paste", "mnuData_Undo", "mnuData_Send", "mnuHELP",
+                      "mnuPROGRAM_END"});
             Say(menu);
             Panel.Choose(menu);
         } else if (way < 8) {

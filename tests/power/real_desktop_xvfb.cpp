@@ -1,5 +1,6 @@
 // The panel under a real pointer and real keys, with the toolkit's own message boxes.
 #include "controls/message_boxes.h"
+#include "record/record.h"
 #include "tests/power/run_panel.h"
 
 #include <QClipboard>
@@ -137,6 +138,23 @@ TEST_F(RealPointer, ScrollsTheListByItsWheelAndLeavesNoPressOnTheBarBehindABox) 
     // As long as a press would take to repeat itself.
     EXPECT_FALSE(WaitFor([&] { return Bar().value() > 1; }, 1s)) << Bar().value();
     EXPECT_EQ(Boxes.Shown.size(), 1U);
+}
+
+TEST_F(RealPointer, OpensTheRecordFromThePillAndUsesItBesideAWindowThatDisablesTheMainOne) {
+    Program& program = SimulatedPanel::Run;
+    ClickOn(Get<QLabel>("lblPOLL"));
+    ASSERT_TRUE(WaitFor([&] { return program.Record() && program.Record()->isActiveWindow(); }));
+    RECORD& record = *program.Record();
+    Choose("mnuSET_MANU");
+    ASSERT_TRUE(WaitFor([&] { return program.Settings()->isActiveWindow(); }));
+    record.setGeometry(30, 40, 500, 400);
+    record.raise();
+    auto& errors = *record.findChild<QAbstractButton*>("optERRORS");
+    ClickOn(errors);
+    EXPECT_TRUE(WaitFor([&] { return errors.isChecked() && record.isActiveWindow(); }));
+    Xdotool("key Escape");
+    EXPECT_TRUE(WaitFor([&] { return !record.isVisible(); }));
+    EXPECT_TRUE(program.Settings() && !Main().isEnabled());
 }
 
 TEST_F(RealPointer, ShiftsWithTheLockedRowWhateverMovesIt) {

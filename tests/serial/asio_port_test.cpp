@@ -131,7 +131,7 @@ TEST_F(AsioPort, AWaitEndsWhenTheBytesAreThereOrTheTimeIsUpAndRunsEventsOnlyIfIt
         std::thread supply([this] { Far->Write({1, 6, 7}); });
         EXPECT_TRUE(Port->WaitForInput(3, 10s, mode));
         supply.join();
-        Port->DiscardInput();
+        EXPECT_EQ(Port->DiscardInput(), (std::vector<std::uint8_t>{1, 6, 7}));
         const auto begin = Clock::now();
         EXPECT_FALSE(Port->WaitForInput(1, 50ms, mode));
         Port->Pause(50ms, mode);

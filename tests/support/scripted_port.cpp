@@ -27,9 +27,9 @@ class ScriptedPort final : public serial::Port {
     }
     void SetPortOpen(bool open) override;
     std::size_t InBufferCount() const override { return Arrived.Count(); }
-    void DiscardInput() override {
+    Bytes DiscardInput() override {
         if (InBufferCount() > 0) Event.BytesDiscarded();
-        Arrived.Clear();
+        return Arrived.Clear();
     }
     std::uint8_t Input() override { return Arrived.Take(); }
     void Output(std::span<const std::uint8_t> block) override;

@@ -100,21 +100,44 @@ TEST_F(WatchingALink, ALinkThatIsLostIsSoThroughABoxUntilAnAnswerComes) {
 
 TEST(TheLastEvent, StaysWithItsTimeUntilTheOutputGoesOn) {
     QDateTime now(QDate(2026, 11, 21), QTime(14, 31, 5));
-    LastEvent last([&] { return now; });
+    History past([&] { return now; });
+    LastEvent last(past);
     int told = 0;
     last.OnChange([&] { ++told; });
     last.Forget();
-    last.Note(EventKind::Trip, FaultEvent(5));
+    past.Note(EventKind::Trip, FaultEvent(5));
     now = now.addSecs(60);
     EXPECT_EQ(last.Get()->At.toString("HH:mm:ss ") + last.Get()->Text,
               "14:31:05 SET OVER VOLTAGE!!! (코드 5)");
-    last.Note(EventKind::Refused, RequestText({letter::Output, 0}));
+    past.Note(EventKind::Switched, "출력 끄기");  // by the operator: nothing to tell
+    past.Note(EventKind::Refused, RequestText({letter::Output, 0}));
     EXPECT_EQ(last.Get()->Text + RequestText({}), "출력 끄기제어 명령");
     EXPECT_TRUE(RefusalText(3, Only(StepValue::Ovp)).contains("단계 03의 O.V.P 설정을"));
     EXPECT_TRUE(RefusalText(3, AllValues()).contains("단계 03의 값을"));
     EXPECT_TRUE(RefusalText(3, {}).contains("단계 03의 선택을"));
     last.Forget();
     EXPECT_TRUE(!last.Get() && told == 3);
+    past.Note(EventKind::Refused, past.Get(2).Text);  // the same at once: told again, kept once
+    EXPECT_TRUE(last.Get() && past.End() == 3);
+}
+
+TEST(TheHistory, KeepsTheLastThousandEventsAndTheSameWithinATenthOfASecondOnce) {
+    QDateTime now(QDate(2026, 11, 21), QTime(14, 31, 5));
+    History past([&] { return now; });
+    const auto noteIn = [&](qint64 ms, const char* text, EventKind kind = EventKind::Trip) {
+        now = now.addMSecs(ms);
+        past.Note(kind, text);
+        return past.End();
+    };
+    EXPECT_EQ(noteIn(0, "a"), 1U);
+    EXPECT_EQ(noteIn(50, "b"), 2U);
+    EXPECT_EQ(noteIn(50, "a"), 2U);
+    EXPECT_EQ(noteIn(0, "a", EventKind::NotDone), 3U);
+    EXPECT_EQ(noteIn(1, "a"), 4U);
+    EXPECT_EQ(noteIn(-3'600'000, "a"), 5U);  // the clock has been set
+    for (int i = 0; i < 1000; ++i) noteIn(101, "a");
+    EXPECT_EQ(past.End() - past.First(), History::MostEvents);
+    EXPECT_EQ(past.Get(past.First()).At.msecsTo(now), 999 * 101);
 }
 
 }  // namespace
