@@ -8,7 +8,8 @@ namespace zps {
 
 QWidget* MakeLinkLine(PowerControls& controls);
 
-// The tool tips of the counters tell out of how many polls. `quality` outlives the controls' use.
-void DescribeCounters(PowerControls& controls, const LinkQuality& quality);
+// The tool tips of the link's sign and of the counters tell what became of the polls and how long
+// the answers took. `quality` outlives the controls' use.
+void DescribeLink(PowerControls& controls, const LinkQuality& quality);
 
 }  // namespace zps

@@ -9,7 +9,7 @@ namespace zps {
 LinkReport::LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality,
                        LastEvent& happened, Timekeeper& time)
     : Parts(parts), Quality(quality), Happened(happened), Link(quality, time) {
-    DescribeCounters(Parts.Controls, Quality);
+    DescribeLink(Parts.Controls, Quality);
     Happened.OnChange([this] { ShowEvent(Parts.Controls, Happened.Get()); });
     held.OnRefusal([this](int step, StepValues values) {
         Happened.Note(EventKind::Refused, RefusalText(step, values));
