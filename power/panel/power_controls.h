@@ -36,6 +36,7 @@ struct PowerControls {
     QAction* mnuSET_MANU = nullptr;
     QAction* mnuTEST = nullptr;
     QAction* mnuData_Clear = nullptr;
+    QAction* mnuData_CopyStatistics = nullptr;
     QAction* mnuPROGRAM_END = nullptr;
     QAction* mnuHELP = nullptr;
 
