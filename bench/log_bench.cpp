@@ -6,6 +6,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
 #include <map>
 #include <memory>
 
@@ -133,6 +134,38 @@ void ReplotChart(benchmark::State& state) {
     }
 }
 BENCHMARK(ReplotChart)->Arg(0)->Arg(50)->Unit(benchmark::kMillisecond);
+
+// The statistics of rows anywhere, none of them a whole number of blocks.
+void SumsOfRange(benchmark::State& state) {
+    FilledLog& filled = LogWith(Most);
+    const auto rows = static_cast<int>(state.range(0));
+    int first = 0;
+    while (state.KeepRunning()) {
+        first = (first + 977) % (Most - rows + 1);
+        benchmark::DoNotOptimize(filled.Model.SumsOf(first + 1, first + rows));
+    }
+}
+BENCHMARK(SumsOfRange)->Arg(1000)->Arg(100'000)->Arg(Most - 3)->Unit(benchmark::kMicrosecond);
+
+// A day of polling: how much more memory is in use at its end for each sample, all told.
+void DayOfSamples(benchmark::State& state) {
+    constexpr int day = 523'636;
+    FilledLog filled(0);
+    const auto append = [&filled](int samples) {
+        for (int k = 1; k <= samples; ++k) {
+            filled.Append();
+            if (k % 1000 == 0 || k == samples) QApplication::processEvents();
+        }
+    };
+    const auto used = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
+    append(10'000);
+    while (state.KeepRunning()) {
+        const std::size_t before = used();
+        append(day);
+        state.counters["bytes_per_sample"] = static_cast<double>(used() - before) / day;
+    }
+}
+BENCHMARK(DayOfSamples)->Iterations(1)->Unit(benchmark::kSecond);
 
 // The part of a copy that holds the window at one time.
 void CopyPortion(benchmark::State& state) {

@@ -1,13 +1,12 @@
 #include "controls/paced.h"
 
-#include <chrono>
 #include <utility>
 
 namespace zps {
 
-Paced::Paced(std::function<void()> show) : Show(std::move(show)) {
+Paced::Paced(std::function<void()> show, std::chrono::milliseconds beat) : Show(std::move(show)) {
     Beat.setSingleShot(true);
-    Beat.setInterval(std::chrono::milliseconds(40));
+    Beat.setInterval(beat);
     Beat.callOnTimeout([this] {
         if (Behind) RunShow();
     });

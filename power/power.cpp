@@ -4,6 +4,7 @@
 #include "controls/pressing.h"
 #include "controls/window_time.h"
 #include "power/freeing_message_boxes.h"
+#include "power/log/statistics_view.h"
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
 #include "power/panel/link_layout.h"
@@ -39,6 +40,7 @@ struct POWER::Inside {
     // The output has been switched, by whomever.
     void ShowOutput();
     void ShowScrolled();
+    SupplyOnLine OnLine() const;
     bool SendTopStep();
     void AskStatus();
     // Nothing is sent by itself any more.
@@ -131,6 +133,8 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
+    Log.SetSupply([this] { return OnLine(); });
+    Log.OnSums([this] { Controls.Plate.lblENERGY->Show(Log.RunSums()); });
     Out.OnChange([this] { ShowOutput(); });
     Out.OnReport([this] { ShowOutputState(Controls, Out.Known()); });
     Shown.OnShown([this] { Display.NumbersShown(); });
@@ -184,6 +188,16 @@ void POWER::Inside::ShowScrolled() {
     OvpUnderLoad = Out.On();
     Lock.ReleaseEditLock();
     Refresh();
+}
+
+SupplyOnLine POWER::Inside::OnLine() const {
+    const SOURCE& source = Parts.Source;
+    const QString port = QStringLiteral("COM%1").arg(source.CommPort);
+    const QString device = QString::fromStdString(comPOWER->Device());
+    return {.Model = QString::fromStdString(source.ModelName),
+            .Ratings = source.RatingsKnown() ? Ratings : QString(),
+            .Port = device.isEmpty() || device == port ? port : port + u' ' + device,
+            .Address = source.PowerAddr};
 }
 
 bool POWER::Inside::SendTopStep() {
@@ -245,6 +259,7 @@ void POWER::ConnectMenus() {
     new Pressing(*c.lblNOTICE, [this, showHistory] { Self->Ways.Run(showHistory); });
     Self->Ways.Connect(*c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
     Self->Ways.Connect(*c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
+    Self->Ways.Connect(*c.mnuData_CopyStatistics, [this] { Self->Log.CopyStatistics(); });
     Self->Ways.Connect(*c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
 }
 

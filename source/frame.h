@@ -55,7 +55,7 @@ struct Frame {
     Bytes Data;               // the whole frame as it goes on the line
     std::uint8_t Length = 0;  // its length byte; 0 for a control frame
     std::uint8_t Sum = 0;     // its last byte
-    Request Asks;
+    Request Asks{};
 };
 
 // Lays out a framed command, one command after another. Throws OverflowError for an address or a

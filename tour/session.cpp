@@ -231,6 +231,12 @@ void Session::RunSequence() {
     Hands.LookAt(Panel.Main(), "12-automatic-run");
     Hands.Expect("the end of the run is reported",
                  [&] { return Hands.BoxText() == "Auto Test Ending!!!"; });
+    auto& grid = *Panel.Main().findChild<LogGrid*>();
+    QTest::keyClick(&grid, Qt::Key_Home);
+    QTest::keyClick(&grid, Qt::Key_End, Qt::ShiftModifier);
+    Hands.Expect("the selected rows are summed up", [&] {
+        return Panel.Main().findChild<MeasurementLog*>()->SelectedSums().Samples > 0;
+    });
     Hands.LookAt(Panel.Main(), "14-after-the-run");
 }
 

@@ -1,6 +1,5 @@
 #include "power/link/link_quality.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace zps {
@@ -10,9 +9,7 @@ LinkQuality::LinkQuality(const Timekeeper& time, std::function<bool()> outputOn)
 
 void LinkQuality::Restart() {
     Faults.fill(0);
-    AskedCount = 0;
-    Taken = 0;
-    AskedAt.reset();  // its answer would be one without a question
+    Polls.Restart();  // an answer to the poll before would be one without a question
 }
 
 void LinkQuality::OutputWentOn() {
@@ -22,50 +19,32 @@ void LinkQuality::OutputWentOn() {
 }
 
 void LinkQuality::Asked() {
-    ++AskedCount;
-    AskedAt = Time.Now();
-    if (!UnansweredFrom || SinceAsked() > LongestGap) UnansweredFrom = AskedAt;
-    LastAsked = *AskedAt;
+    const auto now = Time.Now();
+    Polls.Asked(now);
+    if (!UnansweredFrom || SinceAsked() > LongestGap) UnansweredFrom = now;
+    LastAsked = now;
 }
 
 bool LinkQuality::Answered(Reply result, std::size_t length) {
-    const auto asked = std::exchange(AskedAt, std::nullopt);
+    const auto asked = Polls.OpenSince();
     if (result != Reply::Data) {
         NoteFault(length);
         return false;
     }
     UnansweredFrom.reset();
-    if (asked && Since(*asked) > LatestAnswer) return false;
-    FreshAt = Time.Now();
-    if (asked) Responses.at(Taken++ % Remembered) = Since(*asked);
-    return true;
+    const bool late = asked && Since(*asked) > LatestAnswer;
+    Polls.Became(late ? Fate::Late : Fate::Answered, Time.Now());
+    if (!late) FreshAt = Time.Now();
+    return !late;
 }
 
 void LinkQuality::NoteFault(std::size_t length) {
-    const Fault fault = length == 0            ? Fault::Nothing
-                        : length == DataLength ? Fault::WrongHeader
-                                               : Fault::WrongLength;
+    const Fate fault = length == 0            ? Fate::Empty
+                       : length == DataLength ? Fate::WrongHeader
+                                              : Fate::WrongLength;
     auto& count = Faults.at(static_cast<std::size_t>(fault));
     count = count.value_or(0) + 1;
-}
-
-std::optional<int> LinkQuality::Count(Fault fault) const {
-    return Faults.at(static_cast<std::size_t>(fault));
-}
-
-LinkQuality::Exchanges LinkQuality::Polled() const {
-    Exchanges all{AskedCount, static_cast<int>(Taken), {}, Median()};
-    if (Taken > 0) all.Last = Responses.at((Taken - 1) % Remembered);
-    return all;
-}
-
-std::optional<LinkQuality::Span> LinkQuality::Median() const {
-    if (Taken == 0) return std::nullopt;
-    auto times = Responses;
-    const auto end = times.begin() + static_cast<std::ptrdiff_t>(std::min(Taken, Remembered));
-    const auto middle = times.begin() + (end - times.begin()) / 2;
-    std::nth_element(times.begin(), middle, end);
-    return *middle;
+    Polls.Became(fault, Time.Now());
 }
 
 std::optional<LinkQuality::Span> LinkQuality::ReadingAge() const {

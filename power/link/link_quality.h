@@ -1,6 +1,7 @@
 // How well the supply answers the polls of the main window, and how old its last reading is.
 #pragma once
 
+#include "power/link/poll_record.h"
 #include "source/reply.h"
 #include "source/timekeeper.h"
 
@@ -17,16 +18,6 @@ namespace zps {
 class LinkQuality {
   public:
     using Span = std::chrono::milliseconds;
-    // What can be wrong with the answer to a poll.
-    enum class Fault : std::uint8_t { Nothing, WrongLength, WrongHeader };
-    // The polls, the good data replies to them, and how long these took; the times are empty
-    // before the first.
-    struct Exchanges {
-        int Asked = 0;
-        int Answered = 0;
-        std::optional<Span> Last;
-        std::optional<Span> Median;  // of the last 256
-    };
 
     // `outputOn` tells whether the output is believed on. Both outlive this.
     LinkQuality(const Timekeeper& time, std::function<bool()> outputOn);
@@ -42,9 +33,14 @@ class LinkQuality {
     // behind a message box, proves only that the supply answers.
     bool Answered(Reply result, std::size_t length);
 
+    // Answers that were none: Empty, WrongLength and WrongHeader, also where no poll was open.
     // Empty until the first Restart or the first such fault.
-    std::optional<int> Count(Fault fault) const;
-    Exchanges Polled() const;
+    std::optional<int> Count(Fate fault) const {
+        return Faults.at(static_cast<std::size_t>(fault));
+    }
+    // The polls since the last Restart, those of the last minute and all.
+    PollCounts LastMinute() const { return Polls.LastMinute(Time.Now()); }
+    PollCounts WholeRun() const { return Polls.All(); }
     // Time since the last good data reply of the present output period, or since the output went on
     // if none has come yet. Empty while the output is off and so nothing is polled.
     std::optional<Span> ReadingAge() const;
@@ -56,24 +52,18 @@ class LinkQuality {
     // How long polls have been going out without a good answer; empty where there is none to wait
     // for. Begins anew behind a pause of the polls.
     std::optional<Span> UnansweredFor() const;
-    static constexpr Span LatestAnswer{1000};
+    static constexpr Span LatestAnswer = PollRecord::LatestAnswer;
     // The polls are never further apart than this while they go on.
     static constexpr Span LongestGap{1500};
 
   private:
-    static constexpr std::size_t Remembered = 256;
-
     Span Since(serial::Clock::time_point moment) const;
     void NoteFault(std::size_t length);
-    std::optional<Span> Median() const;
 
     const Timekeeper& Time;
     std::function<bool()> OutputOn;
-    std::array<std::optional<int>, 3> Faults;  // by Fault
-    int AskedCount = 0;
-    std::array<Span, Remembered> Responses{};  // a ring; the next goes to Taken % Remembered
-    std::size_t Taken = 0;
-    std::optional<serial::Clock::time_point> AskedAt;  // until its answer
+    std::array<std::optional<int>, FateCount> Faults;  // by Fate
+    PollRecord Polls;
     serial::Clock::time_point LastAsked;
     std::optional<serial::Clock::time_point> UnansweredFrom;  // the first poll without one
     serial::Clock::time_point Begun;                          // the present output period

@@ -15,7 +15,7 @@ constexpr int RowsWithoutProgress = 50000;
 
 }  // namespace
 
-LogCopy::LogCopy(const QAbstractItemModel& model, QWidget& owner) : Model(model), Owner(owner) {
+LogCopy::LogCopy(const LogModel& model, QWidget& owner) : Model(model), Owner(owner) {
     connect(&Pause, &QTimer::timeout, this, &LogCopy::CopySome);
     connect(&Model, &QAbstractItemModel::rowsRemoved, this, &LogCopy::Cancel);
 }
@@ -24,9 +24,9 @@ void LogCopy::Start(int first, int last) {
     Cancel();
     First = Next = first;
     Last = last;
-    AddLine([this](int column) {
-        return Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    });
+    Text = Model.CopyHead(first, last).toUtf8();
+    AddLine(
+        [this](int column, int role) { return Model.headerData(column, Qt::Horizontal, role); });
     if (last - first >= RowsWithoutProgress) ShowProgress();
     Pause.start(0);
     CopySome();
@@ -46,19 +46,18 @@ void LogCopy::Cancel() {
 void LogCopy::CopySome() {
     const int end = std::min(Next + RowsAtATime - 1, Last);
     for (; Next <= end; ++Next) {
-        AddLine([this](int column) { return Model.index(Next, column).data().toString(); });
+        AddLine([this](int column, int role) { return Model.index(Next, column).data(role); });
     }
     if (Progress) Progress->setValue(Next - First);
     if (Next > Last) Finish();
 }
 
-void LogCopy::AddLine(const std::function<QString(int column)>& cell) {
+void LogCopy::AddLine(const std::function<QVariant(int column, int role)>& cell) {
     const int columns = Model.columnCount();
     for (int column = 0; column < columns; ++column) {
-        if (column > 0) Text += '\t';
-        Text += cell(column).toUtf8();
+        Text += cell(column, Qt::DisplayRole).toString().toUtf8() + '\t';
     }
-    Text += '\n';
+    Text += cell(0, MoreRole).toString().toUtf8() + '\n';
 }
 
 // The box leaves the window usable: the output must be within reach at any time.

@@ -1,7 +1,8 @@
 // Copies rows of the log to the clipboard, as text that a spreadsheet takes in.
 #pragma once
 
-#include <QAbstractItemModel>
+#include "power/log/log_model.h"
+
 #include <QByteArray>
 #include <QPointer>
 #include <QProgressDialog>
@@ -18,10 +19,11 @@ class LogCopy : public QObject {
     Q_OBJECT
   public:
     // `model` and `owner`, over which the box appears, outlive the copy.
-    LogCopy(const QAbstractItemModel& model, QWidget& owner);
+    LogCopy(const LogModel& model, QWidget& owner);
 
-    // Copies the rows `first` to `last`, counted from 0, below a line of the columns' titles; cells
-    // are parted by tabs. A copy that is under way is given up.
+    // Copies the rows `first` to `last`, counted from 0, below what the model has to say of
+    // them and a line of the columns' titles; cells are parted by tabs, and behind the columns
+    // comes what MoreRole tells. A copy that is under way is given up.
     void Start(int first, int last);
     void Cancel();
 
@@ -34,11 +36,11 @@ class LogCopy : public QObject {
 
   private:
     void CopySome();
-    void AddLine(const std::function<QString(int column)>& cell);
+    void AddLine(const std::function<QVariant(int column, int role)>& cell);
     void ShowProgress();
     void Finish();
 
-    const QAbstractItemModel& Model;
+    const LogModel& Model;
     QWidget& Owner;
     QPointer<QProgressDialog> Progress;
     QTimer Pause;  // lets the window's events run between two portions

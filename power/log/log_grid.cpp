@@ -30,7 +30,7 @@ QRect TextRect(const QRect& cell) {
 
 }  // namespace
 
-LogGrid::LogGrid(QAbstractItemModel& model, QWidget* parent)
+LogGrid::LogGrid(LogModel& model, QWidget* parent)
     : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
     verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이터 표 이동"));
     setFocusPolicy(Qt::StrongFocus);
@@ -193,6 +193,7 @@ void LogGrid::DescribeSelection() {
         cells << CellText(0, column) + u' ' + CellText(Current, column);
     }
     setAccessibleDescription(cells.join(QStringLiteral(", ")));
+    Q_EMIT Selected();
 }
 
 void LogGrid::keyPressEvent(QKeyEvent* event) {

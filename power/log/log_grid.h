@@ -3,7 +3,6 @@
 
 #include "power/log/log_copy.h"
 
-#include <QAbstractItemModel>
 #include <QAbstractScrollArea>
 
 #include <algorithm>
@@ -24,7 +23,7 @@ class LogGrid : public QAbstractScrollArea {
     Q_OBJECT
   public:
     // `model` outlives the grid.
-    explicit LogGrid(QAbstractItemModel& model, QWidget* parent = nullptr);
+    explicit LogGrid(LogModel& model, QWidget* parent = nullptr);
 
     int RowCount() const { return Model.rowCount(); }  // without the header
     int TopRow() const;                                // the first row that is seen
@@ -53,6 +52,8 @@ class LogGrid : public QAbstractScrollArea {
     void Scrolled();
     // So many rows are on the clipboard.
     void Copied(int rows);
+    // Other rows are selected, or the same by another way.
+    void Selected();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -81,7 +82,7 @@ class LogGrid : public QAbstractScrollArea {
     void PaintCell(QPainter& painter, const QRect& cell, const QModelIndex& index, bool selected);
     void PaintFocus(QPainter& painter, int row);
 
-    QAbstractItemModel& Model;
+    LogModel& Model;
     LogCopy Copy;
     int ColumnWidth = 0;  // px
     int Anchor = 1;       // where the selection began

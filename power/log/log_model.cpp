@@ -1,6 +1,10 @@
 #include "power/log/log_model.h"
 
+#include "power/log/statistics_text.h"
 #include "source/numbers.h"
+#include "source/reply.h"
+
+#include <algorithm>
 
 namespace zps {
 
@@ -54,10 +58,12 @@ void LogModel::SetZeroRow(const QString& step, const QString& volts, const QStri
     Q_EMIT dataChanged(index(0, 0), index(0, LogColumns - 1));
 }
 
-void LogModel::Append(const Sample& sample, std::int32_t number) {
+void LogModel::Append(const Sample& sample, std::int32_t number, const RunOrigin& origin) {
     const int row = rowCount();
     beginInsertRows({}, row, row);
     Samples.Append(sample, number);
+    Sums.Appended();
+    if (Samples.RunAt(Samples.Count() - 1) == Origins.size()) Origins.push_back(origin);
     endInsertRows();
 }
 
@@ -65,6 +71,8 @@ void LogModel::ClearSamples() {
     if (Samples.Count() == 0) return;
     beginRemoveRows({}, 1, rowCount() - 1);
     Samples.Clear();
+    Sums.Clear();
+    Origins.clear();
     endRemoveRows();
 }
 
@@ -77,6 +85,34 @@ ChartPoint LogModel::PointAt(int row) const {
             Samples.NumberAt(index),
             sample.Hundredths,
             Samples.RunAt(index)};
+}
+
+RangeSums LogModel::SumsOf(int first, int last) const {
+    if (last < 1) return {};
+    return Sums.Over(static_cast<std::size_t>(std::max(first, 1) - 1),
+                     static_cast<std::size_t>(last - 1));
+}
+
+QString LogModel::MoreOf(int row) const {
+    if (row == 0) return QStringLiteral("\t\t\t");
+    const auto index = static_cast<std::size_t>(row - 1);
+    const Sample sample = Samples.At(index);
+    const auto passed = std::chrono::duration<std::uint32_t, std::centi>(sample.Hundredths);
+    const auto is = [&sample](std::uint8_t bit) { return (sample.Status & bit) != 0; };
+    return QStringList{ClockText(Origins[Samples.RunAt(index)].Start + passed),
+                       is(status::ConstantCurrent) ? QStringLiteral("CC") : QStringLiteral("CV"),
+                       is(status::Fault) ? QStringLiteral("1") : QStringLiteral("0"),
+                       QStringLiteral("0x%1").arg(sample.Status, 2, 16, QLatin1Char('0'))}
+        .join(u'\t');
+}
+
+QString LogModel::CopyHead(int first, int last) const {
+    QString text = ProgramText();
+    const RangeSums sums = SumsOf(first, last);
+    if (sums.Samples == 0) return text + u'\n';
+    for (std::uint32_t run = sums.FirstRun; run <= sums.LastRun; ++run)
+        text += OriginText(Origins[run]);
+    return text + StatisticsTable(QStringLiteral("통계"), sums) + u'\n';
 }
 
 // The zero row above the oldest run is that run's beginning.
@@ -97,6 +133,7 @@ int LogModel::columnCount(const QModelIndex& parent) const {
 QVariant LogModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     if (role == StartsRunRole) return StartsRun(index.row());
+    if (role == MoreRole) return MoreOf(index.row());
     if (role != Qt::DisplayRole) return TextOrAlignment(role, {});
     const auto row = static_cast<std::size_t>(index.row());
     const auto column = static_cast<std::size_t>(index.column());
@@ -106,6 +143,7 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= LogColumns) return {};
+    if (role == MoreRole) return QStringLiteral("시각\t모드\t고장\t상태 바이트");
     return TextOrAlignment(role,
                            QString::fromLatin1(Columns[static_cast<std::size_t>(section)].Title));
 }

@@ -5,9 +5,11 @@
 
 namespace zps {
 
-LogRun::LogRun(Now now) : Time(std::move(now)) {}
+LogRun::LogRun(Now now, WallClock wall) : Time(std::move(now)), Wall(std::move(wall)) {}
 
-void LogRun::Restart() {
+void LogRun::Restart(SupplyOnLine supply) {
+    From = {std::move(supply), {}};
+    Sums = {};
     EmptyChart();
     SampleNo = 0;
     LogStart.reset();
@@ -16,6 +18,7 @@ void LogRun::Restart() {
 bool LogRun::Answered() {
     if (LogStart) return false;
     LogStart = Time();
+    From.Start = Wall();
     return true;
 }
 

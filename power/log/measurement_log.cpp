@@ -4,7 +4,10 @@
 #include "controls/widgets.h"
 #include "power/log/log_grid_accessible.h"
 #include "power/log/spoken_chart.h"
+#include "power/log/statistics_text.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -16,6 +19,10 @@ MeasurementLog::MeasurementLog(QWidget* parent)
       MSFlexGrid1(new LogGrid(*Model, this)),
       MSChart1(new LogChart(this)),
       Label6(new QLabel(QStringLiteral("1"), this)),
+      lblSELECTED(new StatisticsView(QStringLiteral("lblSELECTED"),
+                                     QStringLiteral("선택한 행의 통계"), StatisticsView::Form::Line,
+                                     QStringLiteral("선택: "))),
+      fraSTATISTICS(new StatisticsPanel),
       lblCOPIED(MakeLabel(QStringLiteral("lblCOPIED"), {})) {
     SpeakLogGrids();
     SpeakLogCharts();
@@ -31,6 +38,7 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     LayOut();
     connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
     connect(MSFlexGrid1, &LogGrid::Copied, this, &MeasurementLog::MSFlexGrid1_Copied);
+    connect(MSFlexGrid1, &LogGrid::Selected, this, &MeasurementLog::ShowSelected);
     tmrCOPIED.setSingleShot(true);
     tmrCOPIED.setInterval(3000);
     connect(&tmrCOPIED, &QTimer::timeout, lblCOPIED, &QLabel::clear);
@@ -45,8 +53,12 @@ void MeasurementLog::LayOut() {
     top->addWidget(new QLabel(QStringLiteral("표시 시작 행")));
     top->addSpacing(3);
     top->addWidget(Label6);
-    top->addStretch(1);
+    top->addSpacing(12);
+    top->addWidget(lblSELECTED, 1);
+    top->addStretch(0);
     top->addWidget(lblCOPIED);
+    lblSELECTED->hide();
+    fraSTATISTICS->hide();
     auto* table = new QWidget;
     auto* column = new QVBoxLayout(table);
     column->setContentsMargins(0, 0, 0, 0);
@@ -56,6 +68,7 @@ void MeasurementLog::LayOut() {
     auto* parts = new FlowingRow(QBoxLayout::TopToBottom);
     parts->Add(*table, 0);  // as wide as its columns; the chart has the rest
     parts->Add(*MSChart1, 1);
+    parts->Add(*fraSTATISTICS, 0);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(parts);
@@ -63,24 +76,28 @@ void MeasurementLog::LayOut() {
 
 void MeasurementLog::Restart(const QString& stepCaption) {
     Model->SetZeroRow(stepCaption);
-    Run.Restart();
+    Run.Restart(Supply());
+    SumsBeat.Changed();
 }
 
 void MeasurementLog::NoteReply() {
     if (Run.Answered()) MSChart1->SetData(Run.Chart());
 }
 
-void MeasurementLog::Append(int step, Reading volts, Reading amps) {
+void MeasurementLog::Append(int step, Reading volts, Reading amps, std::uint8_t status) {
     const LogRun::Entry entry = Run.Take();
-    Model->Append({.Volts = volts.Value,
-                   .Amps = amps.Value,
-                   .Hundredths = entry.Hundredths,
-                   .Step = static_cast<std::uint8_t>(step),
-                   .VoltDecimals = static_cast<std::int8_t>(volts.Decimals),
-                   .CurrDecimals = static_cast<std::int8_t>(amps.Decimals)},
-                  entry.Number);
+    const Sample sample{.Volts = volts.Value,
+                        .Amps = amps.Value,
+                        .Hundredths = entry.Hundredths,
+                        .Step = static_cast<std::uint8_t>(step),
+                        .VoltDecimals = static_cast<std::int8_t>(volts.Decimals),
+                        .CurrDecimals = static_cast<std::int8_t>(amps.Decimals),
+                        .Status = status};
+    Run.Sum(sample);
+    Model->Append(sample, entry.Number, Run.Origin());
     Run.Plot(Model->PointAt(Model->rowCount() - 1));
     MSChart1->SetData(Run.Chart());
+    SumsBeat.Changed();
 }
 
 void MeasurementLog::Clear(const QString& stepCaption, const QString& voltText,
@@ -102,10 +119,52 @@ void MeasurementLog::MSFlexGrid1_Scroll() {
     MSChart1->SetData(seen);
 }
 
-// The label's text is what screen readers hear, once.
 void MeasurementLog::MSFlexGrid1_Copied(int rows) {
-    lblCOPIED->setText(QStringLiteral("%1행 복사됨").arg(rows));
+    TellCopied(QStringLiteral("%1행 복사됨").arg(rows));
+}
+
+// The label's text is what screen readers hear, once.
+void MeasurementLog::TellCopied(const QString& what) {
+    lblCOPIED->setText(what);
     tmrCOPIED.start();
+}
+
+void MeasurementLog::CopyStatistics() {
+    const RangeSums selected = SelectedSums();
+    if (RunSums().Samples + selected.Samples == 0)
+        return TellCopied(QStringLiteral("복사할 통계 없음"));
+    QString text = ProgramText() + OriginText(Run.Origin()) +
+                   StatisticsTable(QStringLiteral("운전 통계"), RunSums());
+    if (selected.Samples > 0)
+        text += u'\n' + StatisticsTable(QStringLiteral("선택한 행의 통계"), selected);
+    QGuiApplication::clipboard()->setText(text);
+    TellCopied(QStringLiteral("통계 복사됨"));
+}
+
+RangeSums MeasurementLog::SelectedSums() const {
+    const bool several = MSFlexGrid1->FirstSelected() < MSFlexGrid1->LastSelected();
+    if (!several) return {};
+    return Model->SumsOf(MSFlexGrid1->FirstSelected() - 1, MSFlexGrid1->LastSelected() - 1);
+}
+
+void MeasurementLog::ShowSums() {
+    fraSTATISTICS->ShowRun(RunSums());
+    ToldSums();
+}
+
+void MeasurementLog::ShowSelected() {
+    const RangeSums sums = SelectedSums();
+    lblSELECTED->Show(sums);
+    fraSTATISTICS->ShowSelected(sums);
+    lblSELECTED->setVisible(sums.Samples > 0 && !fraSTATISTICS->HasBoth());
+}
+
+// The table keeps its width, and the chart is not to become narrower than the table.
+void MeasurementLog::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const int besides = 2 * MSFlexGrid1->sizeHint().width() + fraSTATISTICS->sizeHint().width();
+    fraSTATISTICS->FitInto(width() >= besides ? height() : 0);
+    ShowSelected();
 }
 
 const ChartPoint& MeasurementLog::ChartRow(int row) const {

@@ -3,6 +3,7 @@
 #include "controls/big_read_out.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
+#include "power/log/statistics_view.h"
 #include "power/panel/plate_look.h"
 
 #include <QHBoxLayout>
@@ -70,6 +71,14 @@ void AddStepAndPower(QBoxLayout& column, PowerControls& controls) {
     column.addLayout(row, 1);
 }
 
+void AddStatistics(QBoxLayout& column, PowerControls& controls) {
+    controls.Plate.lblENERGY = new StatisticsView(
+        QStringLiteral("lblENERGY"), QStringLiteral("운전 통계"), StatisticsView::Form::Line);
+    SetPixels(*controls.Plate.lblENERGY, SmallText, false);
+    SetNumberFace(*controls.Plate.lblENERGY);
+    column.addWidget(controls.Plate.lblENERGY);
+}
+
 }  // namespace
 
 QWidget* MakeReadOuts(PowerControls& controls) {
@@ -87,6 +96,8 @@ QWidget* MakeReadOuts(PowerControls& controls) {
     controls.Plate.lblSETCURR =
         AddSetValue(*column, QStringLiteral("lblSETCURR"), QStringLiteral("전류 설정"));
     AddStepAndPower(*column, controls);
+    AddStatistics(*column, controls);
+    frame->GrowText(*controls.Plate.lblENERGY);
     for (auto* label : frame->findChildren<QLabel*>()) frame->GrowText(*label);
     return frame;
 }

@@ -71,6 +71,9 @@ void MakeMenus(PowerControls& controls, QMenuBar& bar) {
     auto* data = bar.addMenu(QStringLiteral("데이터(&D)"));
     controls.mnuData_Clear =
         MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이터 삭제(&C)"));
+    controls.mnuData_CopyStatistics = MakeAction(*data, QStringLiteral("mnuData_CopyStatistics"),
+                                                 QStringLiteral("통계 복사(&T)"));
+    controls.mnuData_CopyStatistics->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
     data->addSeparator();
     MakeTableMenu(controls, *data);
     auto* program = bar.addMenu(QStringLiteral("프로그램(&P)"));
@@ -213,6 +216,10 @@ PowerControls MakePowerControls(QMainWindow& window) {
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; what is only read or seldom used is last.
     QWidget* before = controls.Log->findChild<LogChart*>();
+    for (auto* next : controls.Log->findChildren<StatisticsView*>()) {
+        QWidget::setTabOrder(before, next);
+        before = next;
+    }
     for (QWidget* next : std::initializer_list<QWidget*>{
              controls.lblZPS_ERR, controls.lblZPS_ERR1, controls.lblZPS_ENQ, controls.lblPOLL,
              controls.lblNOTICE, controls.lblORV_URL, controls.cmdFOCUS}) {

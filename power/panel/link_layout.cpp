@@ -77,6 +77,35 @@ QString InMilliseconds(const std::optional<LinkQuality::Span>& time) {
     return time ? QStringLiteral("%1 ms").arg(time->count()) : QStringLiteral("없음");
 }
 
+struct LossName {
+    Fate Is;
+    const char* Words;
+};
+constexpr std::array LossNames{
+    LossName{Fate::Silent, "응답 없음"},      LossName{Fate::Empty, "빈 응답"},
+    LossName{Fate::WrongLength, "길이 오류"}, LossName{Fate::WrongHeader, "헤더 오류"},
+    LossName{Fate::Late, "1초 넘음"},
+};
+
+QString InWords(const QString& span, const PollCounts& polls) {
+    QStringList lost;
+    for (const auto& [is, words] : LossNames) {
+        if (polls.Of(is) > 0)
+            lost += QStringLiteral("%1 %2회").arg(QString::fromUtf8(words)).arg(polls.Of(is));
+    }
+    return QStringLiteral(
+               "%1: 조회 %2회, 올바른 응답 %3회, 잃음 %4회%5\n"
+               "    응답 시간: 마지막 %6, 중앙값 %7, 99% %8 이내")
+        .arg(span)
+        .arg(polls.Asked())
+        .arg(polls.Of(Fate::Answered))
+        .arg(polls.Lost())
+        .arg(lost.isEmpty() ? QString()
+                            : QStringLiteral(" (%1)").arg(lost.join(QStringLiteral(", "))),
+             InMilliseconds(polls.Last), InMilliseconds(polls.Median),
+             InMilliseconds(polls.Within99));
+}
+
 }  // namespace
 
 QWidget* MakeLinkLine(PowerControls& controls) {
@@ -98,16 +127,15 @@ QWidget* MakeLinkLine(PowerControls& controls) {
 }
 
 QString QualityText(const LinkQuality& quality) {
-    const auto polled = quality.Polled();
-    return QStringLiteral("조회 %1회, 올바른 응답 %2회\n응답 시간: 마지막 %3, 중앙값 %4")
-        .arg(QString::number(polled.Asked), QString::number(polled.Answered),
-             InMilliseconds(polled.Last), InMilliseconds(polled.Median));
+    return InWords(QStringLiteral("지난 1분"), quality.LastMinute()) + u'\n' +
+           InWords(QStringLiteral("이번 운전"), quality.WholeRun());
 }
 
-void DescribeCounters(PowerControls& controls, const LinkQuality& quality) {
+void DescribeLink(PowerControls& controls, const LinkQuality& quality) {
     const auto words = [&quality](const QString& what) {
         return what + u'\n' + QualityText(quality);
     };
+    new LiveToolTip(*controls.lblPOLL, [words] { return words(QStringLiteral("통신 상태")); });
     for (const CounterKind& kind : CounterKinds) {
         const QString what = QString::fromUtf8(kind.What);
         new LiveToolTip(*(controls.*kind.Label), [words, what] { return words(what); });

@@ -8,10 +8,11 @@ namespace zps {
 
 QWidget* MakeLinkLine(PowerControls& controls);
 
-// How many polls were answered, and how fast; two lines.
+// What became of the polls of the last minute and of the run, and how long the answers took.
 QString QualityText(const LinkQuality& quality);
 
-// The tool tips of the counters tell out of how many polls. `quality` outlives the controls' use.
-void DescribeCounters(PowerControls& controls, const LinkQuality& quality);
+// The tool tips of the link's sign and of the counters tell the same. `quality` outlives the
+// controls' use.
+void DescribeLink(PowerControls& controls, const LinkQuality& quality);
 
 }  // namespace zps

@@ -7,6 +7,7 @@
 namespace zps {
 
 class OutputRegion;
+class StatisticsView;
 
 struct PlateControls {
     OutputRegion* fraOUTPUT = nullptr;  // around switches and read-outs
@@ -15,7 +16,8 @@ struct PlateControls {
     QLabel* lblSETVOLT = nullptr;
     QLabel* lblSETCURR = nullptr;
     ReadOut* txtWATT = nullptr;
-    QLabel* lblAUTORUN = nullptr;  // how far an automatic run has come
+    StatisticsView* lblENERGY = nullptr;  // the run's statistics on a line
+    QLabel* lblAUTORUN = nullptr;         // how far an automatic run has come
 };
 
 }  // namespace zps

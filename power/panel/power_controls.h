@@ -38,6 +38,7 @@ struct PowerControls {
     QAction* mnuRECORD = nullptr;
     QAction* mnuHISTORY = nullptr;
     QAction* mnuData_Clear = nullptr;
+    QAction* mnuData_CopyStatistics = nullptr;
     QAction* mnuData_Copy = nullptr;  // of the step table, with what follows
     QAction* mnuData_Copy_All = nullptr;
     QAction* mnuData_Copy_Visible = nullptr;

@@ -94,10 +94,9 @@ void ShowControl(PowerControls& c, Control control) {
 }
 
 void ShowCounts(PowerControls& c, const LinkQuality& quality) {
-    using Fault = LinkQuality::Fault;
-    for (const auto& [counter, fault] : {std::pair{c.lblZPS_ERR, Fault::Nothing},
-                                         {c.lblZPS_ERR1, Fault::WrongLength},
-                                         {c.lblZPS_ENQ, Fault::WrongHeader}}) {
+    for (const auto& [counter, fault] : {std::pair{c.lblZPS_ERR, Fate::Empty},
+                                         {c.lblZPS_ERR1, Fate::WrongLength},
+                                         {c.lblZPS_ENQ, Fate::WrongHeader}}) {
         if (const auto count = quality.Count(fault)) counter->setText(QString::number(*count));
     }
 }

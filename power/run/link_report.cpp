@@ -9,7 +9,7 @@ namespace zps {
 LinkReport::LinkReport(PowerParts& parts, HeldSteps& held, LinkQuality& quality, History& happened,
                        Timekeeper& time)
     : Parts(parts), Quality(quality), Happened(happened), Last(happened), Link(quality, time) {
-    DescribeCounters(Parts.Controls, Quality);
+    DescribeLink(Parts.Controls, Quality);
     Last.OnChange([this] { ShowEvent(Parts.Controls, Last.Get()); });
     held.OnRefusal([this](int step, StepValues values) {
         Happened.Note(EventKind::Refused, RefusalText(step, values));

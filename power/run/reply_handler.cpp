@@ -110,7 +110,7 @@ void ReplyHandler::TakeReadBack(const ReadBack& values) {
     // timer for it would only stretch the time between two polls.
     Around.Shown.ShowReading(volts, amps);
     Around.Log.Append(values.Step, {volts, source.VoltDecimalsFine()},
-                      {amps, source.CurrDecimalsFine()});
+                      {amps, source.CurrDecimalsFine()}, values.Status);
 }
 
 void ReplyHandler::RearmTimers() {

@@ -1,7 +1,7 @@
 #include "power/run/run_display.h"
 
+#include "power/log/statistics_text.h"
 #include "power/panel/plate_look.h"
-#include "source/numbers.h"
 
 #include <QDateTime>
 
@@ -19,19 +19,9 @@ void ShowText(QLabel& label, const QString& text) {
 
 QString ElapsedText(std::optional<std::chrono::milliseconds> elapsed, bool running) {
     if (!elapsed) return {};
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(*elapsed).count();
-    const auto two = [](auto value) {
-        return QString::number(value).rightJustified(2, QLatin1Char('0'));
-    };
-    return QStringLiteral("%1 %2:%3:%4")
-        .arg(running ? QStringLiteral("경과") : QStringLiteral("지난 운전"), two(seconds / 3600),
-             two(seconds / 60 % 60), two(seconds % 60));
-}
-
-QString WattText(std::optional<double> watts) {
-    if (!watts) return QStringLiteral("---");
-    const int decimals = *watts < 10 ? 3 : *watts < 100 ? 2 : *watts < 1000 ? 1 : 0;
-    return QString::fromStdString(FormatFixed(*watts, decimals));
+    const std::chrono::duration<double> seconds = *elapsed;
+    return (running ? QStringLiteral("경과 ") : QStringLiteral("지난 운전 ")) +
+           DurationText(seconds.count());
 }
 
 }  // namespace
@@ -69,7 +59,8 @@ void RunDisplay::Refresh() {
                                          .Answered = Around.Quality.HasReading()});
     ShowBadge(Controls, badge, badge.Spoken != Badge.Spoken);
     Badge = badge;
-    const QString watts = WattText(known ? Around.Shown.Watts() : std::nullopt);
+    const auto power = known ? Around.Shown.Watts() : std::nullopt;
+    const QString watts = power ? PowerText(*power) : QStringLiteral("---");
     if (Controls.Plate.txtWATT->text() != watts) Controls.Plate.txtWATT->ShowValue(watts);
     ShowText(*Controls.Plate.lblELAPSED, ElapsedText(Clock.Elapsed(), Around.Out.On()));
     ShowSetValues();

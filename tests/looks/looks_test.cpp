@@ -4,6 +4,7 @@
 #include "controls/number_face.h"
 #include "power/log/chart_table.h"
 #include "power/log/curve_colours.h"
+#include "power/log/statistics_view.h"
 #include "tests/support/panel.h"
 #include "tests/support/runtime_folder.h"
 #include "tour/session.h"
@@ -90,6 +91,8 @@ void ExpectGoodLooks(QWidget& window) {
         ExpectReadable(*field, field->text(),
                        {metrics.horizontalAdvance(field->text()) + 4, metrics.height()});
     }
+    for (auto* view : window.findChildren<StatisticsView*>())
+        if (view->isVisible()) ExpectReadable(*view, view->Words(), view->minimumSizeHint());
 }
 
 // What is watched and switched is seen without scrolling, in large digits.

@@ -2,8 +2,10 @@
 #include "controls/number_panels.h"
 #include "power/log/log_grid.h"
 #include "power/log/measurement_log.h"
+#include "power/log/statistics_view.h"
 #include "tests/power/run_panel.h"
 
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -192,6 +194,14 @@ TEST_F(RunReplies, EachPollIsASampleOfTheLogWhichIsClearedOnlyAfterAQuestion) {
     ASSERT_TRUE(Handled(Reading(4)));
     EXPECT_TRUE(row(rows).starts_with("1 "));
     ASSERT_TRUE(Press("cmdOUTPUT"));
+    QTest::keyClick(&Main(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    const QString statistics = QApplication::clipboard()->text();
+    EXPECT_TRUE(statistics.contains(
+        "모델\tZPS-300\n정격\t150V/2A\n포트\tCOM1 scripted/COM1\n주소\t1\n시작\t2"))
+        << statistics.toStdString();
+    EXPECT_TRUE(statistics.contains("Voltage(V)\t12.100\t12.100\t12.100\t12.100\n"));
+    const auto& energy = Get<StatisticsView>("lblENERGY");
+    EXPECT_TRUE(WaitFor([&] { return energy.Words().contains("평균 1.210 W"); }));
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         EXPECT_GT(log.RowCount(), rows);
         Boxes.Answers = {answer};

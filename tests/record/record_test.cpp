@@ -400,7 +400,7 @@ TEST(TheSimulatedLine, SawEveryFrameOfTheTraceInItsOrderAndAnsweredIt) {
     SimulatedPanel panel;
     ASSERT_TRUE(panel.Identify());
     panel.Run.Settings()->close();
-    ASSERT_TRUE(WaitFor([&] { return panel.Source().StepFlag(0) && !panel.Source().RxBusy; }));
+    ASSERT_TRUE(WaitFor([&] { return panel.Source().StepFlag(0) && !panel.Source().RxBusy(); }));
     panel.Enter("txPVOLT_0", "12.5");
     ASSERT_TRUE(panel.Settle());
     panel.Choose("mnuTEST");

@@ -69,6 +69,39 @@ TEST_F(ShownLog, ScrollingShowsTheRowNumberAndFillsTheChartOnlyWithTheOutputOff)
     }
 }
 
+TEST_F(ShownLog, SumsUpTheRunUntilTheNextBeginsAndTheRowsThatAreSelected) {
+    const auto& run = Control<StatisticsView>("lblRUN_STATISTICS");
+    const auto& selected = Control<StatisticsView>("lblSELECTED_STATISTICS");
+    const auto& line = Control<StatisticsView>("lblSELECTED");
+    for (const QSize size : {QSize(1000, 300), {1500, 300}, {1500, 160}}) {
+        const bool panel = size.width() == 1500, both = panel && size.height() == 300;
+        Log.resize(size);
+        Log.Restart(Step);
+        Sample(1, 9);
+        Time += 3s;
+        Sample(10, 10);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return run.Words().contains("최소 1.00, 최대 10.00, 평균 5.50, 마지막 10.00");
+        }));
+        EXPECT_EQ(run.isVisible(), panel);
+        EXPECT_TRUE(run.Words().contains("적분 제외 3.2초")) << run.Words().toStdString();
+        Log.Clear(Step, {}, {});
+        EXPECT_EQ(Log.RunSums().Samples, 10U);
+        EXPECT_FALSE(selected.isVisible() || line.isVisible());
+        Sample(11, 14);
+        QTest::keyClick(&Grid, Qt::Key_Down);
+        EXPECT_FALSE(selected.isVisible() || line.isVisible());  // one row is what it shows itself
+        QTest::keyClick(&Grid, Qt::Key_Down, Qt::ShiftModifier);
+        EXPECT_EQ(selected.isVisible(), both);
+        EXPECT_EQ(line.isVisible(), !both);
+        EXPECT_TRUE(line.Words().contains("평균 13.25 W · 00:00:00 · 2개"))
+            << line.Words().toStdString();
+        EXPECT_EQ(line.Words(), selected.Words());
+        Log.Clear(Step, {}, {});
+        EXPECT_FALSE(selected.isVisible() || line.isVisible());
+    }
+}
+
 TEST_F(ShownLog, PlotsTheSamplesUntilTheFirstReplyOfTheNextRun) {
     Sample(1, 20);
     Log.Restart({});

@@ -3,6 +3,7 @@
 
 #include "power/log/measurement_log.h"
 
+#include <QDateTime>
 #include <QLabel>
 #include <QScrollBar>
 #include <QTest>
@@ -17,7 +18,8 @@ namespace zps::tests {
 class ShownLog : public testing::Test {
   protected:
     void SetUp() override {
-        Log.SetClock([this] { return Time; });
+        Log.SetClock([this] { return Time; }, [this] { return Wall; });
+        Log.SetSupply([] { return SupplyOnLine{"ZPS-1500", "150V/10A", "COM1", 7}; });
         Log.resize(1000, 300);
         Log.show();
         Grid.setFocus();
@@ -56,6 +58,9 @@ class ShownLog : public testing::Test {
         return *Log.findChild<Kind*>(QString::fromLatin1(name));
     }
 
+    // The twenty-first of November 2026, 09:00:00.25 where the test runs.
+    std::chrono::system_clock::time_point Wall{
+        std::chrono::milliseconds(QDateTime({2026, 11, 21}, {9, 0, 0, 250}).toMSecsSinceEpoch())};
     LogRun::Clock::time_point Time{std::chrono::hours(1)};
     MeasurementLog Log;
     LogGrid& Grid = Control<LogGrid>("MSFlexGrid1");

@@ -7,8 +7,6 @@
 namespace zps::tests {
 namespace {
 
-using Fault = LinkQuality::Fault;
-
 struct QualityOfALink : testing::Test, ScriptedLink {
     void Poll(std::chrono::milliseconds response, Reply result = Reply::Data,
               std::size_t length = DataLength) {
@@ -18,11 +16,19 @@ struct QualityOfALink : testing::Test, ScriptedLink {
     }
     std::string Counts() const {
         std::string all;
-        for (const Fault fault : {Fault::Nothing, Fault::WrongLength, Fault::WrongHeader}) {
+        for (const Fate fault : {Fate::Empty, Fate::WrongLength, Fate::WrongHeader}) {
             const auto count = Quality.Count(fault);
             all += count ? std::to_string(*count) : "-";
         }
         return all;
+    }
+
+    static std::string Told(const PollCounts& polls) {
+        std::string all = "asked " + std::to_string(polls.Asked()) + " of them";
+        for (const int count : polls.Count) all += ' ' + std::to_string(count);
+        return all + " last " + std::to_string(polls.Last->count()) + " half " +
+               std::to_string(polls.Median->count()) + " most " +
+               std::to_string(polls.Within99->count());
     }
 
     bool On = false;
@@ -31,23 +37,39 @@ struct QualityOfALink : testing::Test, ScriptedLink {
 
 TEST_F(QualityOfALink, CountsEachFaultApartFromTheGoodAnswersAndTheirTimes) {
     EXPECT_EQ(Counts(), "---");
-    EXPECT_FALSE(Quality.Polled().Last || Quality.Polled().Median);
+    EXPECT_FALSE(Quality.WholeRun().Last || Quality.WholeRun().Median);
     Poll(1ms, Reply::BadData, 13);
     EXPECT_EQ(Counts(), "-1-");
     Quality.Asked();
     Quality.Restart();
     Quality.Answered(Reply::Data, DataLength);  // to the poll before
-    EXPECT_EQ(Counts() + std::to_string(Quality.Polled().Answered), "0000");
+    EXPECT_EQ(Counts() + std::to_string(Quality.WholeRun().Asked()), "0000");
     for (const std::size_t length : {0, 3, 13, 15, 14, 14}) Poll(1ms, Reply::BadData, length);
     EXPECT_EQ(Counts(), "132");
-    for (const auto response : {90ms, 20ms, 40ms}) Poll(response);
+    for (const auto response : {90ms, 20ms, 1001ms, 40ms}) Poll(response);
+    Quality.Asked();  // in vain
     Quality.Asked();
-    auto polled = Quality.Polled();
-    EXPECT_EQ(std::pair(polled.Asked, polled.Answered), std::pair(10, 3));
-    EXPECT_TRUE(polled.Last == 40ms && polled.Median == 40ms);
-    for (int poll = 0; poll < 256; ++poll) Poll(poll < 128 ? 5ms : 7ms);
-    polled = Quality.Polled();
-    EXPECT_TRUE(polled.Last == 7ms && polled.Median == 7ms);  // 5 without the forgetting
+    EXPECT_EQ(Told(Quality.WholeRun()), "asked 12 of them 1 3 1 1 3 2 1 last 40 half 40 most 90");
+    Time.Pass(30s);
+    EXPECT_EQ(Told(Quality.LastMinute()), Told(Quality.WholeRun()));
+    Time.Pass(30s);
+    EXPECT_EQ(Quality.LastMinute().Asked(), 2);
+}
+
+TEST_F(QualityOfALink, TellsTheMedianAndTheSlowestHundredthOfAMinuteAndOfADay) {
+    constexpr int day = 523'636;
+    for (int poll = 0; poll < day; ++poll) {
+        // Of a hundred answers 60 take 20 ms, 38 take 21, two 40; those of the end 5 more.
+        const int place = poll % 100;
+        const int usual = place < 60 ? 20 : place < 98 ? 21 : 40;
+        const auto response = std::chrono::milliseconds(usual + (poll >= day - 400 ? 5 : 0));
+        Poll(response);
+        Time.Pass(165ms - response);
+    }
+    EXPECT_EQ(Told(Quality.WholeRun()),
+              "asked 523636 of them 0 523636 0 0 0 0 0 last 25 half 20 most 40");
+    EXPECT_EQ(Told(Quality.LastMinute()),
+              "asked 363 of them 0 363 0 0 0 0 0 last 25 half 25 most 45");
 }
 
 TEST_F(QualityOfALink, TheAgeOfAReadingRunsFromTheBeginningOfThePeriodOrItsLastGoodAnswer) {
@@ -71,9 +93,9 @@ TEST_F(QualityOfALink, TheAgeOfAReadingRunsFromTheBeginningOfThePeriodOrItsLastG
         EXPECT_EQ(Quality.Answered(Reply::Data, DataLength), response == 1s);
         EXPECT_EQ(Quality.ReadingAge(), response == 1s ? 0ms : response);
         EXPECT_FALSE(Quality.UnansweredFor());
-        EXPECT_EQ(Quality.Polled().Last, 1s);
+        EXPECT_EQ(Quality.WholeRun().Last, 1s);
     }
-    EXPECT_EQ(Quality.Polled().Answered, 3);
+    EXPECT_EQ(Quality.WholeRun().Of(Fate::Answered), 3);
     On = false;
     EXPECT_FALSE(Quality.ReadingAge());
 }
