@@ -2,6 +2,8 @@
 
 #include "source/numbers.h"
 
+#include <algorithm>
+
 namespace zps {
 
 namespace {
@@ -58,6 +60,7 @@ void LogModel::Append(const Sample& sample, std::int32_t number) {
     const int row = rowCount();
     beginInsertRows({}, row, row);
     Samples.Append(sample, number);
+    Sums.Appended();
     endInsertRows();
 }
 
@@ -65,6 +68,7 @@ void LogModel::ClearSamples() {
     if (Samples.Count() == 0) return;
     beginRemoveRows({}, 1, rowCount() - 1);
     Samples.Clear();
+    Sums.Clear();
     endRemoveRows();
 }
 
@@ -77,6 +81,12 @@ ChartPoint LogModel::PointAt(int row) const {
             Samples.NumberAt(index),
             sample.Hundredths,
             Samples.RunAt(index)};
+}
+
+RangeSums LogModel::SumsOf(int first, int last) const {
+    if (last < 1) return {};
+    return Sums.Over(static_cast<std::size_t>(std::max(first, 1) - 1),
+                     static_cast<std::size_t>(last - 1));
 }
 
 // The zero row above the oldest run is that run's beginning.

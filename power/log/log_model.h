@@ -1,6 +1,7 @@
 // The measurement log as a table: a zero row, then one row for each sample.
 #pragma once
 
+#include "power/log/block_sums.h"
 #include "power/log/chart_table.h"
 #include "power/log/sample_store.h"
 
@@ -31,6 +32,9 @@ class LogModel : public QAbstractTableModel {
     // What the chart shows of `row`; gaps where there is no row, or no number in the zero row.
     ChartPoint PointAt(int row) const;
 
+    // What the samples of the rows `first` to `last` come to; the zero row is none.
+    RangeSums SumsOf(int first, int last) const;
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -42,6 +46,7 @@ class LogModel : public QAbstractTableModel {
 
     std::array<QString, LogColumns> ZeroRow;
     SampleStore Samples;
+    BlockSums Sums{Samples};
 };
 
 }  // namespace zps

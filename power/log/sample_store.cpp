@@ -17,6 +17,7 @@ void SampleStore::Append(const Sample& sample, std::int32_t number) {
     chunk.Step[place] = sample.Step;
     chunk.VoltDecimals[place] = sample.VoltDecimals;
     chunk.CurrDecimals[place] = sample.CurrDecimals;
+    chunk.Status[place] = sample.Status;
     ++Stored;
 }
 
@@ -28,7 +29,8 @@ Sample SampleStore::At(std::size_t index) const {
     const Chunk& chunk = *Chunks[index / ChunkSize];
     const std::size_t place = index % ChunkSize;
     return {chunk.Volts[place], chunk.Amps[place],         chunk.Hundredths[place],
-            chunk.Step[place],  chunk.VoltDecimals[place], chunk.CurrDecimals[place]};
+            chunk.Step[place],  chunk.VoltDecimals[place], chunk.CurrDecimals[place],
+            chunk.Status[place]};
 }
 
 const SampleStore::Stretch& SampleStore::StretchOf(std::size_t index) const {

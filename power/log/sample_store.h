@@ -18,6 +18,7 @@ struct Sample {
     std::uint8_t Step;         // as the supply numbers it
     std::int8_t VoltDecimals;  // 0 to 5
     std::int8_t CurrDecimals;  // the same
+    std::uint8_t Status = 0;   // what the supply reported with it, bits of namespace status
 };
 
 // Samples in the order in which they came. Appending never moves earlier ones, so it costs the same
@@ -52,6 +53,7 @@ class SampleStore {
         Field<std::uint8_t> Step;
         Field<std::int8_t> VoltDecimals;
         Field<std::int8_t> CurrDecimals;
+        Field<std::uint8_t> Status;
     };
     static_assert(sizeof(Chunk) <= 16 * ChunkSize);
 
