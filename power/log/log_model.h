@@ -3,6 +3,7 @@
 
 #include "power/log/block_sums.h"
 #include "power/log/chart_table.h"
+#include "power/log/run_curve.h"
 #include "power/log/sample_store.h"
 
 #include <QAbstractTableModel>
@@ -35,6 +36,9 @@ class LogModel : public QAbstractTableModel {
     // What the samples of the rows `first` to `last` come to; the zero row is none.
     RangeSums SumsOf(int first, int last) const;
 
+    // The samples over time.
+    const RunCurve& Curve() const { return OverTime; }
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -47,6 +51,7 @@ class LogModel : public QAbstractTableModel {
     std::array<QString, LogColumns> ZeroRow;
     SampleStore Samples;
     BlockSums Sums{Samples};
+    RunCurve OverTime{Samples};
 };
 
 }  // namespace zps
