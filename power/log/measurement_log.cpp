@@ -14,7 +14,9 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     : QWidget(parent),
       Model(new LogModel(this)),
       MSFlexGrid1(new LogGrid(*Model, this)),
-      MSChart1(new LogChart(this)),
+      MSChart1(new LogChart),
+      fraCURVE(new CurveView(*Model)),
+      fraCURVES(new CurveTabs(this)),
       Label6(new QLabel(QStringLiteral("1"), this)),
       lblCOPIED(MakeLabel(QStringLiteral("lblCOPIED"), {})) {
     SpeakLogGrids();
@@ -23,6 +25,11 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이터 표"));
     MSChart1->setObjectName(QStringLiteral("MSChart1"));
     MSChart1->setAccessibleName(QStringLiteral("측정 데이터 그래프"));
+    fraCURVE->setObjectName(QStringLiteral("fraCURVE"));
+    fraCURVE->setAccessibleName(QStringLiteral("전체 측정 그래프"));
+    fraCURVES->setObjectName(QStringLiteral("fraCURVES"));
+    fraCURVES->Add(QStringLiteral("최근 20"), *MSChart1);
+    fraCURVES->Add(QStringLiteral("전체"), *fraCURVE);
     Label6->setObjectName(QStringLiteral("Label6"));
     Label6->setAccessibleName(QStringLiteral("표시 시작 행"));
     // Of one size, so that a growing number moves nothing and costs no lay-out.
@@ -30,7 +37,8 @@ MeasurementLog::MeasurementLog(QWidget* parent)
                          Label6->sizeHint().height());
     LayOut();
     connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
-    connect(MSFlexGrid1, &LogGrid::Copied, this, &MeasurementLog::MSFlexGrid1_Copied);
+    connect(MSFlexGrid1, &LogGrid::Copied, this,
+            [this](int rows) { NoteCopied(QStringLiteral("%1행 복사됨").arg(rows)); });
     tmrCOPIED.setSingleShot(true);
     tmrCOPIED.setInterval(3000);
     connect(&tmrCOPIED, &QTimer::timeout, lblCOPIED, &QLabel::clear);
@@ -54,7 +62,7 @@ void MeasurementLog::LayOut() {
     column->addWidget(MSFlexGrid1, 1);
     auto* parts = new FlowingRow(QBoxLayout::TopToBottom);
     parts->Add(*table, 0);  // as wide as its columns; the chart has the rest
-    parts->Add(*MSChart1, 1);
+    parts->Add(*fraCURVES, 1);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(parts);
@@ -80,11 +88,13 @@ void MeasurementLog::Append(int step, Reading volts, Reading amps) {
                   entry.Number);
     Run.Plot(Model->PointAt(Model->rowCount() - 1));
     MSChart1->SetData(Run.Chart());
+    fraCURVE->Grown();
 }
 
 void MeasurementLog::Clear(const QString& stepCaption, const QString& voltText,
                            const QString& currText) {
     Model->ClearSamples();  // scrolls, and so may fill the chart
+    fraCURVE->Cleared();
     Run.EmptyChart();
     MSChart1->SetData(Run.Chart());
     Model->SetZeroRow(stepCaption, voltText, currText);
@@ -102,9 +112,16 @@ void MeasurementLog::MSFlexGrid1_Scroll() {
 }
 
 // The label's text is what screen readers hear, once.
-void MeasurementLog::MSFlexGrid1_Copied(int rows) {
-    lblCOPIED->setText(QStringLiteral("%1행 복사됨").arg(rows));
+void MeasurementLog::NoteCopied(const QString& what) {
+    lblCOPIED->setText(what);
     tmrCOPIED.start();
+}
+
+void MeasurementLog::OfferAtCurves(QAction& command) {
+    for (QWidget* curve : std::initializer_list<QWidget*>{MSChart1, fraCURVE}) {
+        curve->setContextMenuPolicy(Qt::ActionsContextMenu);
+        curve->addAction(&command);
+    }
 }
 
 const ChartPoint& MeasurementLog::ChartRow(int row) const {

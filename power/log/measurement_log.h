@@ -2,11 +2,14 @@
 // those that the operator looks at in a chart.
 #pragma once
 
+#include "power/log/curve_tabs.h"
+#include "power/log/curve_view.h"
 #include "power/log/log_chart.h"
 #include "power/log/log_grid.h"
 #include "power/log/log_model.h"
 #include "power/log/log_run.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QTimer>
 #include <QWidget>
@@ -36,6 +39,14 @@ class MeasurementLog : public QWidget {
     // Removes all samples. Row 1 shows the texts. A run that is under way goes on counting.
     void Clear(const QString& stepCaption, const QString& voltText, const QString& currText);
 
+    // The curve with its titles as it is shown now, and what is told below a picture of it.
+    QWidget& Curves() { return *fraCURVES; }
+    QString PictureNote() const { return fraCURVES->Shown().PictureNote(); }
+    // `command` is in the context menus of the curves too.
+    void OfferAtCurves(QAction& command);
+    // Tells for a while, beside the log's title, that something is on the clipboard.
+    void NoteCopied(const QString& what);
+
     // Rows of the grid, the header among them: 2 at least.
     int RowCount() const { return MSFlexGrid1->RowCount() + 1; }
     // A cell's text; row 0 holds the titles.
@@ -46,11 +57,12 @@ class MeasurementLog : public QWidget {
   private:
     void LayOut();
     void MSFlexGrid1_Scroll();
-    void MSFlexGrid1_Copied(int rows);
 
     LogModel* Model;
     LogGrid* MSFlexGrid1;
     LogChart* MSChart1;
+    CurveView* fraCURVE;  // of all samples
+    CurveTabs* fraCURVES;
     QLabel* Label6;     // the number of the top visible row
     QLabel* lblCOPIED;  // how much has been copied, for a while
     QTimer tmrCOPIED;
