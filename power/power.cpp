@@ -6,6 +6,7 @@
 #include "power/panel/frame_watch.h"
 #include "power/panel/gate.h"
 #include "power/panel/panel_enabling.h"
+#include "power/panel/picture_copy.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
@@ -36,6 +37,8 @@ struct POWER::Inside {
     // The output has been switched, by whomever.
     void ShowOutput();
     void ShowScrolled();
+    // What a picture that is taken now is of.
+    PictureTitle TitleOf(const QString& what) const;
     bool SendTopStep();
     void AskStatus();
     // Nothing is sent by itself any more.
@@ -175,6 +178,15 @@ void POWER::Inside::ShowScrolled() {
     Refresh();
 }
 
+PictureTitle POWER::Inside::TitleOf(const QString& what) const {
+    const SOURCE& source = Parts.Source;
+    QStringList supply{QString::fromStdString(source.ModelName)};
+    if (source.RatingsKnown()) supply << Ratings;
+    supply << QStringLiteral("COM%1").arg(source.CommPort)
+           << QStringLiteral("주소 %1").arg(source.PowerAddr);
+    return {what, supply.join(QStringLiteral(" · ")), QDateTime::currentDateTime()};
+}
+
 bool POWER::Inside::SendTopStep() {
     if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
     Upload.SendTopStep();
@@ -227,6 +239,8 @@ void POWER::ConnectMenus() {
     Self->Ways.Connect(*c.mnuTEST, [this] { OpenOther(&POWER::TestWanted); });
     Self->Ways.Connect(*c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
     Self->Ways.Connect(*c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
+    Self->Ways.Connect(*c.mnuData_Curve, [this] { mnuData_Curve_Click(); });
+    Self->Ways.Connect(*c.mnuData_Window, [this] { mnuData_Window_Click(); });
     Self->Ways.Connect(*c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
 }
 
@@ -279,6 +293,7 @@ void POWER::ShowPanels(bool identified, bool checked) {
         frame->setEnabled(identified);
         frame->setVisible(identified);
     }
+    Self->Controls.mnuData_Curve->setEnabled(identified);  // there is none to be seen otherwise
     if (checked || !Self->PortTrouble.isEmpty())
         Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult, Self->PortTrouble);
     else
@@ -338,6 +353,17 @@ void POWER::mnuData_Clear_Click() {
     if (answer != Answer::Yes) return;
     const PowerControls& c = Self->Controls;
     Self->Log.Clear(c.txtSTEP->text(), c.txtVOLT->text(), c.txtCURR->text());
+}
+
+void POWER::mnuData_Curve_Click() {
+    CopyPicture(MakePicture(Self->Log.Curves(), Self->TitleOf(QStringLiteral("측정 데이터 그래프")),
+                            Self->Log.PictureNote()));
+    Self->Log.NoteCopied(QStringLiteral("그래프 그림 복사됨"));
+}
+
+void POWER::mnuData_Window_Click() {
+    CopyPicture(MakePicture(*this, Self->TitleOf(windowTitle())));
+    Self->Log.NoteCopied(QStringLiteral("창 그림 복사됨"));
 }
 
 namespace {

@@ -41,6 +41,10 @@ void MakeMenus(PowerControls& controls, QMenuBar& bar) {
     auto* data = bar.addMenu(QStringLiteral("데이터(&D)"));
     controls.mnuData_Clear =
         MakeAction(*data, QStringLiteral("mnuData_Clear"), QStringLiteral("측정 데이터 삭제(&C)"));
+    controls.mnuData_Curve =
+        MakeAction(*data, QStringLiteral("mnuData_Curve"), QStringLiteral("그래프 그림 복사(&G)"));
+    controls.mnuData_Window =
+        MakeAction(*data, QStringLiteral("mnuData_Window"), QStringLiteral("창 그림 복사(&W)"));
     auto* program = bar.addMenu(QStringLiteral("프로그램(&P)"));
     controls.mnuHELP =
         MakeAction(*program, QStringLiteral("mnuHELP"), QStringLiteral("프로그램 정보(&A)"));
@@ -121,6 +125,8 @@ QFrame* MakeData(PowerControls& controls) {
     frame->setObjectName(QStringLiteral("fraDATA"));
     frame->setAccessibleName(QStringLiteral("측정 데이터"));
     controls.Log = new MeasurementLog(frame);
+    for (QAction* copy : {controls.mnuData_Curve, controls.mnuData_Window})
+        controls.Log->OfferAtCurves(*copy);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(controls.Log);
@@ -162,7 +168,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     window.statusBar()->addWidget(MakeLinkLine(controls), 1);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; what is only read or seldom used is last.
-    QWidget* before = controls.Log->findChild<LogChart*>();
+    QWidget* before = controls.Log->findChild<QWidget*>(QStringLiteral("chkFOLLOW"));
     for (QWidget* next : std::initializer_list<QWidget*>{controls.lblZPS_ERR, controls.lblZPS_ERR1,
                                                          controls.lblZPS_ENQ, controls.lblORV_URL,
                                                          controls.cmdFOCUS}) {

@@ -36,6 +36,8 @@ struct PowerControls {
     QAction* mnuSET_MANU = nullptr;
     QAction* mnuTEST = nullptr;
     QAction* mnuData_Clear = nullptr;
+    QAction* mnuData_Curve = nullptr;   // copies a picture
+    QAction* mnuData_Window = nullptr;  // the same
     QAction* mnuPROGRAM_END = nullptr;
     QAction* mnuHELP = nullptr;
 
