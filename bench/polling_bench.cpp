@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -34,6 +35,7 @@ void RunUntil(serial::EventLoop& loop, std::chrono::seconds limit, Done done) {
     loop.RunUntil(done, Clock::now() + limit);
 }
 
+// With the last twenty samples in sight, or with all of them.
 void PollingForTenSeconds(benchmark::State& state) {
     const QTemporaryDir links;
     qputenv("XDG_RUNTIME_DIR", links.path().toUtf8());
@@ -49,6 +51,9 @@ void PollingForTenSeconds(benchmark::State& state) {
     program.Settings()->close();
     RunUntil(loop, 10s, [&] { return program.Shared().StepFlag(0) && !program.Shared().RxBusy(); });
     RunUntil(loop, 1s, [] { return false; });
+    program.Main()
+        .findChild<QTabBar*>("tabCURVE")
+        ->setCurrentIndex(static_cast<int>(state.range(0)));
     program.Main().findChild<QPushButton*>("cmdOUTPUT")->click();
     // Every sample is another one, as the last digits of a real supply are.
     QTimer load;
@@ -70,7 +75,7 @@ void PollingForTenSeconds(benchmark::State& state) {
         state.counters["samples"] = log->RowCount() - rows;
     }
 }
-BENCHMARK(PollingForTenSeconds)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(PollingForTenSeconds)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kSecond);
 
 }  // namespace
 }  // namespace zps::bench

@@ -9,6 +9,7 @@
 #include "power/panel/gate.h"
 #include "power/panel/link_layout.h"
 #include "power/panel/panel_enabling.h"
+#include "power/panel/picture_copy.h"
 #include "power/panel/status_display.h"
 #include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
@@ -41,6 +42,8 @@ struct POWER::Inside {
     void ShowOutput();
     void ShowScrolled();
     SupplyOnLine OnLine() const;
+    // What a picture that is taken now is of.
+    PictureTitle TitleOf(const QString& what) const;
     bool SendTopStep();
     void AskStatus();
     // Nothing is sent by itself any more.
@@ -200,6 +203,14 @@ SupplyOnLine POWER::Inside::OnLine() const {
             .Address = source.PowerAddr};
 }
 
+PictureTitle POWER::Inside::TitleOf(const QString& what) const {
+    const SupplyOnLine supply = OnLine();
+    QStringList words{supply.Model, supply.Ratings, supply.Port,
+                      QStringLiteral("주소 %1").arg(supply.Address)};
+    words.removeAll(QString());
+    return {what, words.join(QStringLiteral(" · ")), QDateTime::currentDateTime()};
+}
+
 bool POWER::Inside::SendTopStep() {
     if (!Fields.Commit() || !Parts.Source.RatingsKnown()) return false;
     Upload.SendTopStep();
@@ -260,6 +271,8 @@ void POWER::ConnectMenus() {
     Self->Ways.Connect(*c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
     Self->Ways.Connect(*c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
     Self->Ways.Connect(*c.mnuData_CopyStatistics, [this] { Self->Log.CopyStatistics(); });
+    Self->Ways.Connect(*c.mnuData_Curve, [this] { mnuData_Curve_Click(); });
+    Self->Ways.Connect(*c.mnuData_Window, [this] { mnuData_Window_Click(); });
     Self->Ways.Connect(*c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
 }
 
@@ -313,6 +326,7 @@ void POWER::ShowPanels(bool identified, bool checked) {
         frame->setEnabled(identified);
         frame->setVisible(identified);
     }
+    Self->Controls.mnuData_Curve->setEnabled(identified);  // there is none to be seen otherwise
     if (checked || !Self->PortTrouble.isEmpty())
         Self->Controls.fraNOLINK->Explain(Self->Parts.Source.RxResult(), Self->PortTrouble);
     else
@@ -385,6 +399,17 @@ void POWER::mnuData_Clear_Click() {
     if (answer != Answer::Yes) return;
     const PowerControls& c = Self->Controls;
     Self->Log.Clear(c.txtSTEP->text(), c.txtVOLT->text(), c.txtCURR->text());
+}
+
+void POWER::mnuData_Curve_Click() {
+    CopyPicture(MakePicture(Self->Log.Curves(), Self->TitleOf(QStringLiteral("측정 데이터 그래프")),
+                            Self->Log.PictureNote()));
+    Self->Log.NoteCopied(QStringLiteral("그래프 그림 복사됨"));
+}
+
+void POWER::mnuData_Window_Click() {
+    CopyPicture(MakePicture(*this, Self->TitleOf(windowTitle())));
+    Self->Log.NoteCopied(QStringLiteral("창 그림 복사됨"));
 }
 
 namespace {

@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
+#include <QTabBar>
 
 #include <chrono>
 #include <iostream>
@@ -164,6 +165,15 @@ void Session::RunOutput() {
     const int samples = log.RowCount();
     Hands.Expect("samples of the new step follow", [&] { return log.RowCount() >= samples + 8; });
     Hands.LookAt(Panel.Main(), "08-running");
+    auto& tabs = Hands.Get<QTabBar>("tabCURVE");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    auto& curve = Hands.Get<CurveView>("fraCURVE");
+    for (const auto key : {Qt::Key_Home, Qt::Key_Space, Qt::Key_End, Qt::Key_Space})
+        QTest::keyClick(&curve, key);
+    Hands.Expect("the whole run is seen, and what its samples come to",
+                 [&] { return curve.SpokenText().contains("Wh"); });
+    Hands.LookAt(Panel.Main(), "08-running-whole");
+    tabs.setCurrentIndex(0);
 }
 
 void Session::LoseTheLine() {

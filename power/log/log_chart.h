@@ -2,58 +2,45 @@
 #pragma once
 
 #include "power/log/chart_canvas.h"
+#include "power/log/chart_frame.h"
 #include "power/log/chart_marks.h"
 #include "power/log/chart_table.h"
-
-#include <QLabel>
-#include <QWidget>
 
 #include <optional>
 
 namespace zps {
 
-// Twenty samples as curves, below a line with the titles of the axes and the difference of two
-// marked samples. The pointer, or the arrow keys, Home and End, pick a sample and show its values;
-// a click, or the space bar, marks it.
-class LogChart : public QWidget {
+// Twenty samples as curves. The pointer, or the arrow keys, Home and End, pick a sample and show
+// its values; a click, or the space bar, marks it.
+class LogChart : public ChartFrame {
     Q_OBJECT
   public:
     explicit LogChart(QWidget* parent = nullptr);
 
-    // Replaces all points; the picture follows with the next turn of the event loop. Costs nothing
-    // if the points are the same.
+    // Replaces all points; the picture follows with the next turn of the event loop, or when it is
+    // shown. Costs nothing if the points are the same.
     void SetData(const ChartTable& table);
     const ChartTable& Data() const { return Table; }
 
-    // What a screen reader says of it now. It is told only of what its user does, never of samples.
-    QString SpokenText() const;
+    QString SpokenText() const override;
 
   protected:
-    void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void LayOut();
-    void ColourTitles();
+    LogChart(ChartCanvas* canvas, QWidget* parent);
     void Plot();
     void PickAt(std::optional<int> row);
     void Mark();
     void Unmark();
     void ShowPicked();
-    void ShowDifference();
-    void Speak();
     std::optional<int> PickedRow() const;
 
-    QLabel* lblCHARTVOLT;
-    QLabel* lblCHARTDIFF;
-    QLabel* lblCHARTCURR;
     ChartCanvas* Canvas;
     ChartTable Table;
     bool Stale = false;                // the picture shows an older table

@@ -64,6 +64,7 @@ void LogModel::Append(const Sample& sample, std::int32_t number, const RunOrigin
     Samples.Append(sample, number);
     Sums.Appended();
     if (Samples.RunAt(Samples.Count() - 1) == Origins.size()) Origins.push_back(origin);
+    OverTime.Append();
     endInsertRows();
 }
 
@@ -73,18 +74,14 @@ void LogModel::ClearSamples() {
     Samples.Clear();
     Sums.Clear();
     Origins.clear();
+    OverTime.Clear();
     endRemoveRows();
 }
 
 ChartPoint LogModel::PointAt(int row) const {
     if (row >= rowCount()) return {};
     if (row == 0) return {{NumberIn(ZeroRow[LogColumns - 2]), NumberIn(ZeroRow[LogColumns - 1])}};
-    const auto index = static_cast<std::size_t>(row - 1);
-    const Sample sample = Samples.At(index);
-    return {{Reading{sample.Volts, sample.VoltDecimals}, Reading{sample.Amps, sample.CurrDecimals}},
-            Samples.NumberAt(index),
-            sample.Hundredths,
-            Samples.RunAt(index)};
+    return OverTime.PointAt(static_cast<std::size_t>(row - 1));
 }
 
 RangeSums LogModel::SumsOf(int first, int last) const {

@@ -3,6 +3,7 @@
 
 #include "power/log/block_sums.h"
 #include "power/log/chart_table.h"
+#include "power/log/run_curve.h"
 #include "power/log/run_origin.h"
 #include "power/log/sample_store.h"
 
@@ -43,6 +44,9 @@ class LogModel : public QAbstractTableModel {
     // samples come to.
     QString CopyHead(int first, int last) const;
 
+    // The samples over time.
+    const RunCurve& Curve() const { return OverTime; }
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -57,6 +61,7 @@ class LogModel : public QAbstractTableModel {
     SampleStore Samples;
     BlockSums Sums{Samples};
     std::vector<RunOrigin> Origins;  // of each run in the store
+    RunCurve OverTime{Samples};
 };
 
 }  // namespace zps

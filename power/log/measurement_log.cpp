@@ -17,7 +17,9 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     : QWidget(parent),
       Model(new LogModel(this)),
       MSFlexGrid1(new LogGrid(*Model, this)),
-      MSChart1(new LogChart(this)),
+      MSChart1(new LogChart),
+      fraCURVE(new CurveView(*Model)),
+      fraCURVES(new CurveTabs(this)),
       Label6(new QLabel(QStringLiteral("1"), this)),
       lblSELECTED(new StatisticsView(QStringLiteral("lblSELECTED"),
                                      QStringLiteral("선택한 행의 통계"), StatisticsView::Form::Line,
@@ -30,6 +32,11 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     MSFlexGrid1->setAccessibleName(QStringLiteral("측정 데이터 표"));
     MSChart1->setObjectName(QStringLiteral("MSChart1"));
     MSChart1->setAccessibleName(QStringLiteral("측정 데이터 그래프"));
+    fraCURVE->setObjectName(QStringLiteral("fraCURVE"));
+    fraCURVE->setAccessibleName(QStringLiteral("전체 측정 그래프"));
+    fraCURVES->setObjectName(QStringLiteral("fraCURVES"));
+    fraCURVES->Add(QStringLiteral("최근 20"), *MSChart1);
+    fraCURVES->Add(QStringLiteral("전체"), *fraCURVE);
     Label6->setObjectName(QStringLiteral("Label6"));
     Label6->setAccessibleName(QStringLiteral("표시 시작 행"));
     // Of one size, so that a growing number moves nothing and costs no lay-out.
@@ -37,7 +44,8 @@ MeasurementLog::MeasurementLog(QWidget* parent)
                          Label6->sizeHint().height());
     LayOut();
     connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
-    connect(MSFlexGrid1, &LogGrid::Copied, this, &MeasurementLog::MSFlexGrid1_Copied);
+    connect(MSFlexGrid1, &LogGrid::Copied, this,
+            [this](int rows) { NoteCopied(QStringLiteral("%1행 복사됨").arg(rows)); });
     connect(MSFlexGrid1, &LogGrid::Selected, this, &MeasurementLog::ShowSelected);
     tmrCOPIED.setSingleShot(true);
     tmrCOPIED.setInterval(3000);
@@ -67,7 +75,7 @@ void MeasurementLog::LayOut() {
     column->addWidget(MSFlexGrid1, 1);
     auto* parts = new FlowingRow(QBoxLayout::TopToBottom);
     parts->Add(*table, 0);  // as wide as its columns; the chart has the rest
-    parts->Add(*MSChart1, 1);
+    parts->Add(*fraCURVES, 1);
     parts->Add(*fraSTATISTICS, 0);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
@@ -98,11 +106,13 @@ void MeasurementLog::Append(int step, Reading volts, Reading amps, std::uint8_t 
     Run.Plot(Model->PointAt(Model->rowCount() - 1));
     MSChart1->SetData(Run.Chart());
     SumsBeat.Changed();
+    fraCURVE->Grown();
 }
 
 void MeasurementLog::Clear(const QString& stepCaption, const QString& voltText,
                            const QString& currText) {
     Model->ClearSamples();  // scrolls, and so may fill the chart
+    fraCURVE->Cleared();
     Run.EmptyChart();
     MSChart1->SetData(Run.Chart());
     Model->SetZeroRow(stepCaption, voltText, currText);
@@ -119,12 +129,8 @@ void MeasurementLog::MSFlexGrid1_Scroll() {
     MSChart1->SetData(seen);
 }
 
-void MeasurementLog::MSFlexGrid1_Copied(int rows) {
-    TellCopied(QStringLiteral("%1행 복사됨").arg(rows));
-}
-
 // The label's text is what screen readers hear, once.
-void MeasurementLog::TellCopied(const QString& what) {
+void MeasurementLog::NoteCopied(const QString& what) {
     lblCOPIED->setText(what);
     tmrCOPIED.start();
 }
@@ -132,13 +138,13 @@ void MeasurementLog::TellCopied(const QString& what) {
 void MeasurementLog::CopyStatistics() {
     const RangeSums selected = SelectedSums();
     if (RunSums().Samples + selected.Samples == 0)
-        return TellCopied(QStringLiteral("복사할 통계 없음"));
+        return NoteCopied(QStringLiteral("복사할 통계 없음"));
     QString text = ProgramText() + OriginText(Run.Origin()) +
                    StatisticsTable(QStringLiteral("운전 통계"), RunSums());
     if (selected.Samples > 0)
         text += u'\n' + StatisticsTable(QStringLiteral("선택한 행의 통계"), selected);
     QGuiApplication::clipboard()->setText(text);
-    TellCopied(QStringLiteral("통계 복사됨"));
+    NoteCopied(QStringLiteral("통계 복사됨"));
 }
 
 RangeSums MeasurementLog::SelectedSums() const {
@@ -165,6 +171,13 @@ void MeasurementLog::resizeEvent(QResizeEvent* event) {
     const int besides = 2 * MSFlexGrid1->sizeHint().width() + fraSTATISTICS->sizeHint().width();
     fraSTATISTICS->FitInto(width() >= besides ? height() : 0);
     ShowSelected();
+}
+
+void MeasurementLog::OfferAtCurves(QAction& command) {
+    for (QWidget* curve : std::initializer_list<QWidget*>{MSChart1, fraCURVE}) {
+        curve->setContextMenuPolicy(Qt::ActionsContextMenu);
+        curve->addAction(&command);
+    }
 }
 
 const ChartPoint& MeasurementLog::ChartRow(int row) const {

@@ -3,12 +3,15 @@
 #pragma once
 
 #include "controls/paced.h"
+#include "power/log/curve_tabs.h"
+#include "power/log/curve_view.h"
 #include "power/log/log_chart.h"
 #include "power/log/log_grid.h"
 #include "power/log/log_model.h"
 #include "power/log/log_run.h"
 #include "power/log/statistics_panel.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QTimer>
 #include <QWidget>
@@ -51,6 +54,14 @@ class MeasurementLog : public QWidget {
     // Removes all samples. Row 1 shows the texts. A run that is under way goes on counting.
     void Clear(const QString& stepCaption, const QString& voltText, const QString& currText);
 
+    // The curve with its titles as it is shown now, and what is told below a picture of it.
+    QWidget& Curves() { return *fraCURVES; }
+    QString PictureNote() const { return fraCURVES->Shown().PictureNote(); }
+    // `command` is in the context menus of the curves too.
+    void OfferAtCurves(QAction& command);
+    // Tells for a while, beside the log's title, that something is on the clipboard.
+    void NoteCopied(const QString& what);
+
     // Rows of the grid, the header among them: 2 at least.
     int RowCount() const { return MSFlexGrid1->RowCount() + 1; }
     // A cell's text; row 0 holds the titles.
@@ -66,12 +77,12 @@ class MeasurementLog : public QWidget {
     void ShowSums();
     void ShowSelected();
     void MSFlexGrid1_Scroll();
-    void MSFlexGrid1_Copied(int rows);
-    void TellCopied(const QString& what);
 
     LogModel* Model;
     LogGrid* MSFlexGrid1;
     LogChart* MSChart1;
+    CurveView* fraCURVE;  // of all samples
+    CurveTabs* fraCURVES;
     QLabel* Label6;               // the number of the top visible row
     StatisticsView* lblSELECTED;  // what the selected rows come to, where fraSTATISTICS has no room
     StatisticsPanel* fraSTATISTICS;  // only where there is room

@@ -1,6 +1,6 @@
 #include "power/log/spoken_chart.h"
 
-#include "power/log/log_chart.h"
+#include "power/log/chart_frame.h"
 
 #include <QAccessibleWidget>
 
@@ -10,7 +10,7 @@ namespace {
 
 class SpokenChart : public QAccessibleWidget {
   public:
-    explicit SpokenChart(LogChart& chart)
+    explicit SpokenChart(ChartFrame& chart)
         : QAccessibleWidget(&chart, QAccessible::Chart), Chart(chart) {}
 
     QString text(QAccessible::Text part) const override {
@@ -19,11 +19,11 @@ class SpokenChart : public QAccessibleWidget {
     }
 
   private:
-    const LogChart& Chart;
+    const ChartFrame& Chart;
 };
 
 QAccessibleInterface* MakeSpokenChart(const QString& /*className*/, QObject* object) {
-    auto* chart = qobject_cast<LogChart*>(object);
+    auto* chart = qobject_cast<ChartFrame*>(object);
     return chart == nullptr ? nullptr : new SpokenChart(*chart);
 }
 

@@ -3,7 +3,8 @@
 
 namespace zps {
 
-// Has screen readers find every LogChart as a chart, described when they ask. May be called again.
+// Has screen readers find every ChartFrame as a chart, described when they ask. May be called
+// again.
 void SpeakLogCharts();
 
 }  // namespace zps

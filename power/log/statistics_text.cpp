@@ -36,19 +36,11 @@ QStringList Hours(const RangeSums& sums) {
             hours(sums.AmpHours(), QStringLiteral("Ah"))};
 }
 
-QString CountText(const RangeSums& sums) {
-    return QStringLiteral("%1개").arg(sums.Samples);
-}
-
-QString SkippedText(const RangeSums& sums) {
-    return QStringLiteral("적분 제외 %1초").arg(Fixed(sums.SkippedSeconds(), 1));
-}
-
 QStringList LineParts(const RangeSums& sums) {
     QStringList parts = Hours(sums);
     if (sums.Samples == 0) return parts;
     if (sums.Skipped > 0) parts += SkippedText(sums);
-    return parts << QStringLiteral("평균 %1 W").arg(FigureText(sums, 2, 2))
+    return parts << QStringLiteral("평균 %1 W").arg(FigureText(sums, 2, MeanFigure))
                  << DurationText(sums.Seconds()) << CountText(sums);
 }
 
@@ -85,6 +77,14 @@ QString DurationText(double seconds) {
         return QString::number(value).rightJustified(2, QLatin1Char('0'));
     };
     return two(whole / 3600) + u':' + two(whole / 60 % 60) + u':' + two(whole % 60);
+}
+
+QString CountText(const RangeSums& sums) {
+    return QStringLiteral("%1개").arg(sums.Samples);
+}
+
+QString SkippedText(const RangeSums& sums) {
+    return QStringLiteral("적분 제외 %1초").arg(Fixed(sums.SkippedSeconds(), 1));
 }
 
 QString StatisticsLine(const RangeSums& sums, const std::function<bool(const QString&)>& fits) {

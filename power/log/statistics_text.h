@@ -24,6 +24,9 @@ const Quantity& QuantityAt(int row);
 
 // Least, most, mean and last, in this order.
 constexpr int FigureCount = 4;
+constexpr int LeastFigure = 0;
+constexpr int MostFigure = 1;
+constexpr int MeanFigure = 2;
 const char* FigureTitle(int column);
 QString FigureText(const RangeSums& sums, int row, int column);
 
@@ -34,6 +37,9 @@ QString PowerText(double watts);
 QString HoursText(double value, const QString& unit);
 // "01:02:03", hours without bound.
 QString DurationText(double seconds);
+QString CountText(const RangeSums& sums);
+// How much time was not integrated.
+QString SkippedText(const RangeSums& sums);
 
 // What fits on one line, of what matters most: "7.700 mWh · 0.320 mAh · 평균 5.760 W · 00:00:04 ·
 // 29개", behind the charge how much was not integrated where some was.

@@ -74,6 +74,10 @@ void MakeMenus(PowerControls& controls, QMenuBar& bar) {
     controls.mnuData_CopyStatistics = MakeAction(*data, QStringLiteral("mnuData_CopyStatistics"),
                                                  QStringLiteral("통계 복사(&T)"));
     controls.mnuData_CopyStatistics->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    controls.mnuData_Curve =
+        MakeAction(*data, QStringLiteral("mnuData_Curve"), QStringLiteral("그래프 그림 복사(&G)"));
+    controls.mnuData_Window =
+        MakeAction(*data, QStringLiteral("mnuData_Window"), QStringLiteral("창 그림 복사(&W)"));
     data->addSeparator();
     MakeTableMenu(controls, *data);
     auto* program = bar.addMenu(QStringLiteral("프로그램(&P)"));
@@ -169,6 +173,8 @@ QFrame* MakeData(PowerControls& controls) {
     frame->setObjectName(QStringLiteral("fraDATA"));
     frame->setAccessibleName(QStringLiteral("측정 데이터"));
     controls.Log = new MeasurementLog(frame);
+    for (QAction* copy : {controls.mnuData_Curve, controls.mnuData_Window})
+        controls.Log->OfferAtCurves(*copy);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(controls.Log);
@@ -215,7 +221,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     centre->GrowAll(*linkLine);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; what is only read or seldom used is last.
-    QWidget* before = controls.Log->findChild<LogChart*>();
+    QWidget* before = controls.Log->findChild<QWidget*>(QStringLiteral("chkFOLLOW"));
     for (auto* next : controls.Log->findChildren<StatisticsView*>()) {
         QWidget::setTabOrder(before, next);
         before = next;

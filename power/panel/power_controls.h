@@ -39,7 +39,9 @@ struct PowerControls {
     QAction* mnuHISTORY = nullptr;
     QAction* mnuData_Clear = nullptr;
     QAction* mnuData_CopyStatistics = nullptr;
-    QAction* mnuData_Copy = nullptr;  // of the step table, with what follows
+    QAction* mnuData_Curve = nullptr;   // copies a picture
+    QAction* mnuData_Window = nullptr;  // the same
+    QAction* mnuData_Copy = nullptr;    // of the step table, with what follows
     QAction* mnuData_Copy_All = nullptr;
     QAction* mnuData_Copy_Visible = nullptr;
     QAction* mnuData_Copy_Range = nullptr;

@@ -141,7 +141,8 @@ TEST_F(ShownChart, KeysAndPointerPickAndMarkSamples) {
     EXPECT_EQ(Spoken(), "측정값 없음");
     Sample(1, 3);
     EXPECT_EQ(Spoken(), "전압 3 V, 전류 0.3 A, 최근 3회");
-    QTest::keyClick(&Grid, Qt::Key_Tab);
+    QTest::keyClick(&Grid, Qt::Key_Tab);  // to the tabs
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     ASSERT_TRUE(Chart.hasFocus());
     for (const auto& [key, spoken] :
          {std::pair{Qt::Key_Left, "NO 3 · 0.33초 · 3.00 V · 0.300 A"},
