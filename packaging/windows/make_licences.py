@@ -16,6 +16,12 @@ from pathlib import Path
 # (None: with the toolkit), the licence.
 PARTS = [
     ("qt6-base", "qt6-base-dev", None, "LGPL-3.0-only OR GPL-2.0-only OR GPL-3.0-only"),
+    (
+        "qt6-translations",  # its Korean words
+        "qt6-translations-l10n",
+        "qt6-translations-l10n",
+        "GPL-3.0-only WITH Qt-GPL-exception-1.0",
+    ),
     ("qcustomplot", "libqcustomplot-dev", None, "GPL-3.0-or-later"),
     ("asio", "libasio-dev", "libasio-dev", "BSL-1.0"),
     ("mingw-w64", "mingw-w64-x86-64-dev", "mingw-w64-x86-64-dev", "ZPL-2.1"),
