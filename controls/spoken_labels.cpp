@@ -87,6 +87,11 @@ class SpokenButton : public QAccessibleWidget {
     SpokenButton(QAbstractButton& button, QAccessible::Role role)
         : QAccessibleWidget(&button, role), Button(button) {}
 
+    QString text(QAccessible::Text part) const override {
+        const QString told = QAccessibleWidget::text(part);
+        if (part != QAccessible::Name || !told.isEmpty()) return told;
+        return Button.text().remove(u'&');
+    }
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = true;
@@ -121,7 +126,7 @@ class SpokenSwitch : public SpokenButton {
             return Button.text().trimmed() + u' ' + Button.accessibleName();
         if (part == QAccessible::Description)
             return Button.IsOn() ? QStringLiteral("켜짐") : QStringLiteral("꺼짐");
-        return QAccessibleWidget::text(part);
+        return SpokenButton::text(part);
     }
     QAccessible::State state() const override {
         QAccessible::State state = SpokenButton::state();

@@ -373,7 +373,7 @@ History& POWER::Happened() {
 }
 
 QString POWER::LinkText() const {
-    return QualityText(Self->Quality).replace(u'\n', QStringLiteral(" · "));
+    return QualityText(Self->Quality);
 }
 
 void POWER::comPOWER_Event() {

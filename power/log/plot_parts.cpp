@@ -40,7 +40,9 @@ QPixmap PictureOf(const Curve& curve, const QColor& colour) {
     painter.setAntialiasing(curve.Mark == QCPScatterStyle::ssDisc);
     const QCPScatterStyle mark(curve.Mark, QPen(colour), colour, curve.MarkSize);
     mark.applyTo(&painter, QPen(colour));
-    mark.drawShape(&painter, side / 2.0, side / 2.0);
+    // The painter has moved by half a pixel to smooth, and does it again where the picture is put.
+    const double middle = side / 2.0 - (painter.antialiasing() ? 0.5 : 0);
+    mark.drawShape(&painter, middle, middle);
     return picture;
 }
 

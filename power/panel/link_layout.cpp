@@ -94,8 +94,8 @@ QString InWords(const QString& span, const PollCounts& polls) {
             lost += QStringLiteral("%1 %2회").arg(QString::fromUtf8(words)).arg(polls.Of(is));
     }
     return QStringLiteral(
-               "%1: 조회 %2회, 올바른 응답 %3회, 잃음 %4회%5\n"
-               "    응답 시간: 마지막 %6, 중앙값 %7, 99% %8 이내")
+               "%1: 조회 %2회, 올바른 응답 %3회, 잃음 %4회%5 · "
+               "응답 시간: 마지막 %6, 중앙값 %7, 99% %8 이내")
         .arg(span)
         .arg(polls.Asked())
         .arg(polls.Of(Fate::Answered))

@@ -250,7 +250,7 @@ TEST_F(ShownCurve, KeysReadZoomMoveAndMarkAndAreHeard) {
                              "Δ +98.67초 · +598.00 V · +59.800 A, A~B, "
                              "300.00 V (1.00~599.00), 30.000 A (0.100~59.900), "))
         << Spoken();
-    EXPECT_TRUE(Spoken().find("98.67초, 599회, ") != std::string::npos) << Spoken();
+    EXPECT_TRUE(Spoken().find("98.67초, 599개, ") != std::string::npos) << Spoken();
     Press({Qt::Key_0, Qt::Key_F});
     EXPECT_FALSE(Control<QCheckBox>("chkFOLLOW").isChecked());
     Log.Clear({}, {}, {});
