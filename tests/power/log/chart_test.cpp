@@ -134,7 +134,7 @@ TEST_F(ShownChart, FillsItsWidthWithACurveThatHasItsMarksOnIt) {
         middles[rows.back() - rows.front()] = (rows.back() + rows.front()) / 2.0;
     }
     EXPECT_GT(middles.size(), 2U);
-    EXPECT_NEAR(middles.begin()->second, middles.rbegin()->second, 1);
+    EXPECT_NEAR(middles.begin()->second, middles.rbegin()->second, picture.devicePixelRatio());
 }
 
 TEST_F(ShownChart, KeysAndPointerPickAndMarkSamples) {
