@@ -70,8 +70,8 @@ Message StartMessageOf(const serial::PortError& error) {
     message.Title = QStringLiteral("ZPS-RS232 - %1").arg(message.Title);
     message.Text +=
         QStringLiteral("\n\n프로그램을 끝냅니다. RS-232 어댑터를 꽂고 다시 시작하십시오.");
-    message.Meaning = QStringLiteral(
-        "전원 장치 없이 써 보려면 ZPS-RS232 (모의)(zps-demo)를 실행하십시오.");
+    message.Meaning =
+        QStringLiteral("전원 장치 없이 써 보려면 ZPS-RS232 (모의)(zps-demo)를 실행하십시오.");
     return message;
 }
 

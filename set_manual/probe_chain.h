@@ -89,7 +89,7 @@ class ProbeChain {
     std::int16_t FormAddr;  // the window's address, which goes into the probes
     Stage ProbeStage = Stage::Idle;
     CheckStage Asked = CheckStage::Answer;  // in the exchange begun last
-    bool AnswerAwaited = false;      // the exchange in progress is still without a result
+    bool AnswerAwaited = false;             // the exchange in progress is still without a result
     bool InitialisationOut = false;  // the exchange in progress is that of the initialisation frame
     unsigned ExchangeNumber = 0;     // tells a handler that its exchange was ended while it waited
 };

@@ -175,10 +175,9 @@ class Operator {
         const int way = Draw(13);
         const auto bus = QAccessible::queryAccessibleInterface;
         if (way < 4) {
-            const auto* menu =
-                Pick({"mnuSET_MANU", "mnuTEST", "mnuTEST", "mnuRECORD", "mnuHISTORY",
-                      "mnuData_Clear", "mnuData_Paste", "mnuData_Undo", "mnuData_Send", "mnuHELP",
-                      "mnuPROGRAM_END"});
+            const auto* menu = Pick({"mnuSET_MANU", "mnuTEST", "mnuTEST", "mnuRECORD", "mnuHISTORY",
+                                     "mnuData_Clear", "mnuData_Paste", "mnuData_Undo",
+                                     "mnuData_Send", "mnuHELP", "mnuPROGRAM_END"});
             Say(menu);
             Panel.Choose(menu);
         } else if (way < 8) {
