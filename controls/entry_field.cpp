@@ -2,9 +2,12 @@
 
 #include "controls/colours.h"
 
+#include <QClipboard>
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -103,9 +106,21 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
         default:
             break;
     }
+    if (event->matches(QKeySequence::Paste)) {
+        PasteCell();
+        return;
+    }
     const bool command = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
     if (On.KeyPress && !command && !event->text().isEmpty()) On.KeyPress(event->text().front());
     QLineEdit::keyPressEvent(event);
+}
+
+// Of a row of a spreadsheet the first cell: one after another, two of them would read as one
+// number.
+void EntryField::PasteCell() {
+    static const QRegularExpression behind(QStringLiteral("[\t\r\n].*"),
+                                           QRegularExpression::DotMatchesEverythingOption);
+    insert(QGuiApplication::clipboard()->text().remove(behind));
 }
 
 void EntryField::mousePressEvent(QMouseEvent* event) {

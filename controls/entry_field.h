@@ -55,6 +55,7 @@ class EntryField : public QLineEdit {
 
   private:
     void MakeRoomForUnit();
+    void PasteCell();
     void ShowWords();
     void DrawFrame(QPainter& painter);
 

@@ -1,6 +1,8 @@
 // Typing into the fields of a step: what is accepted, shown, stored and sent.
 #include "tests/power/run_panel.h"
 
+#include <QClipboard>
+
 namespace zps::tests {
 namespace {
 
@@ -65,6 +67,16 @@ TEST_F(StepEntry, OutOfRangeGivesOneMessageAndTheFocusBackEachTimeTheFieldIsLeft
         }
     }
     EXPECT_TRUE(Frames().empty());
+}
+
+TEST_F(StepEntry, TakesTheFirstCellOfARowThatIsPasted) {
+    for (const auto& [copied, shown] : {std::pair{"1.5\t20\t0\n", "1.50"}, {"12.5\r\n", "12.50"}}) {
+        QGuiApplication::clipboard()->setText(copied);
+        Type("txPVOLT_0", {});
+        QTest::keyClick(&Get<QLineEdit>("txPVOLT_0"), Qt::Key_V, Qt::ControlModifier);
+        Leave();
+        EXPECT_EQ(Get<QLineEdit>("txPVOLT_0").text(), shown);
+    }
 }
 
 TEST_F(StepEntry, InRangeIsReformattedStoredAsDisplayedAndSent) {
