@@ -28,7 +28,8 @@ Program::Program(const Surroundings& around)
 Program::~Program() = default;
 
 void Program::StartUp() {
-    Source = SOURCE{};
+    const SOURCE fresh;
+    Source = fresh;
     Power = std::make_unique<POWER>(Source, Around);
     connect(Power.get(), &POWER::SettingsWanted, this, [this] { ShowPortWindow<SET_MANUAL>(); });
     connect(Power.get(), &POWER::TestWanted, this, [this] { ShowPortWindow<TEST>(); });

@@ -125,7 +125,9 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
             {Rows, Lock, Held, Shown, Upload, Door, Time,
              [this] { return Answer.Awaited() || Sender.ReplyInProgress(); },
              [this] { return Out.Known(); }, [this] { return Remote.ControlsUsable(); },
-             [this] { Start.CallOff(); }}),
+             [this] {
+                 if (Start.UnderWay()) Start.CallOff();
+             }}),
       OutputButton(Parts, Ways,
                    {Door, Fields, Out, Happened, Start, Polls, Quality, Shown, Lock, Rows, Held,
                     Answer, *comPOWER, Log, around.Loop}),

@@ -92,18 +92,19 @@ void CurveView::tmrCURVE_Timer() {
 
 void CurveView::showEvent(QShowEvent* event) {
     ChartFrame::showEvent(event);
+    Stale = false;  // nothing has been drawn while it was hidden
     Replot();
 }
 
 void CurveView::Replot() {
-    if (Stale) return;
+    if (Stale || !isVisible()) return;
     Stale = true;
-    if (isVisible()) QMetaObject::invokeMethod(this, &CurveView::Plot, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &CurveView::Plot, Qt::QueuedConnection);
 }
 
 void CurveView::Plot() {
-    if (!isVisible()) return;
     Stale = false;
+    if (!isVisible()) return;
     Drawn = Curve.End();
     Window.GrowTo(Drawn);
     chkFOLLOW->setChecked(Window.Follows());

@@ -107,9 +107,14 @@ QString LogModel::CopyHead(int first, int last) const {
     QString text = ProgramText();
     const RangeSums sums = SumsOf(first, last);
     if (sums.Samples == 0) return text + u'\n';
+    return text + OriginsOf(sums) + StatisticsTable(QStringLiteral("통계"), sums) + u'\n';
+}
+
+QString LogModel::OriginsOf(const RangeSums& sums) const {
+    QString text;
     for (std::uint32_t run = sums.FirstRun; run <= sums.LastRun; ++run)
         text += OriginText(Origins[run]);
-    return text + StatisticsTable(QStringLiteral("통계"), sums) + u'\n';
+    return text;
 }
 
 // The zero row above the oldest run is that run's beginning.

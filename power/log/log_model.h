@@ -43,6 +43,8 @@ class LogModel : public QAbstractTableModel {
     // What a copy of these rows begins with: the program, the runs that they are of, and what their
     // samples come to.
     QString CopyHead(int first, int last) const;
+    // The runs that `sums`, of one sample at least, are of.
+    QString OriginsOf(const RangeSums& sums) const;
 
     // The samples over time.
     const RunCurve& Curve() const { return OverTime; }

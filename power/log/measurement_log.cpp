@@ -142,7 +142,8 @@ void MeasurementLog::CopyStatistics() {
     QString text = ProgramText() + OriginText(Run.Origin()) +
                    StatisticsTable(QStringLiteral("운전 통계"), RunSums());
     if (selected.Samples > 0)
-        text += u'\n' + StatisticsTable(QStringLiteral("선택한 행의 통계"), selected);
+        text += u'\n' + Model->OriginsOf(selected) +
+                StatisticsTable(QStringLiteral("선택한 행의 통계"), selected);
     QGuiApplication::clipboard()->setText(text);
     NoteCopied(QStringLiteral("통계 복사됨"));
 }

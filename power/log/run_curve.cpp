@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <iterator>
 #include <limits>
 
@@ -24,7 +25,9 @@ void RunCurve::Append() {
     const Sample sample = Samples.At(index);
     const std::uint32_t run = Samples.RunAt(index);
     if (run == Parts.size()) {
-        Parts.push_back({index, index == 0 ? 0 : PlaceOf(index - 1) + RunGap});
+        // The first may be the rest of a run whose beginning has been deleted.
+        const double begun = std::floor(SecondsOf(sample));
+        Parts.push_back({index, index == 0 ? -begun : PlaceOf(index - 1) + RunGap});
     }
     Bound.Append(sample);
     const std::size_t block = index / BlockSize;

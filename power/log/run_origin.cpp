@@ -32,12 +32,14 @@ QString ProgramText() {
 
 QString OriginText(const RunOrigin& origin) {
     const auto& [supply, start] = origin;
+    const bool started = start.time_since_epoch().count() != 0;
     QString text;
-    for (const auto& [caption, value] : {std::pair{"모델", supply.Model},
-                                         {"정격", supply.Ratings},
-                                         {"포트", supply.Port},
-                                         {"주소", QString::number(supply.Address)},
-                                         {"시작", LocalTime(start).toString(ClockFormat)}}) {
+    for (const auto& [caption, value] :
+         {std::pair{"모델", supply.Model},
+          {"정격", supply.Ratings},
+          {"포트", supply.Port},
+          {"주소", QString::number(supply.Address)},
+          {"시작", started ? LocalTime(start).toString(ClockFormat) : QString()}}) {
         text += QString::fromUtf8(caption) + u'\t' + value + u'\n';
     }
     return text;

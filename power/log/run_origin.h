@@ -17,7 +17,8 @@ struct SupplyOnLine {
 
 struct RunOrigin {
     SupplyOnLine Supply;
-    std::chrono::system_clock::time_point Start;  // by the clock on the wall, at the time 0
+    std::chrono::system_clock::time_point
+        Start;  // by the clock on the wall, at the time 0; the epoch before that
 };
 
 // Lines of a copied text, cells parted by tabs.

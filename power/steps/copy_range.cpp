@@ -36,7 +36,7 @@ CopyRange::CopyRange(QWidget& window, std::function<void(int, int)> copy)
     setWindowTitle(QStringLiteral("단계표 복사"));
     LayOut();
     connect(this, &QDialog::accepted, this, [this] {
-        const auto [first, last] = std::minmax(txtFIRST->value(), txtLAST->value());
+        const auto [first, last] = std::minmax({txtFIRST->value(), txtLAST->value()});
         Copy(first, last);
     });
 }

@@ -78,6 +78,7 @@ void SendAll::SendNext() {
     try {
         Around.Upload(step);
     } catch (...) {
+        if (!Now.Refused) Now.Refused = step;
         End();
         throw;
     }

@@ -7,6 +7,7 @@
 namespace zps {
 
 void SendBox::Show(const SendAll::Report& report) {
+    if (report.Cancelled) return;  // it is closed, and setting its value would open it again
     if (!Box) Open(report.Of);
     Box->setLabelText(ProgressText(report));
     Box->setValue(report.Sent);

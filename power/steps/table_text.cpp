@@ -61,7 +61,9 @@ std::vector<Line> LinesOf(std::string_view text) {
     int number = 0;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-        lines.push_back({++number, CellsOf(text.substr(0, end))});
+        const std::string_view line = text.substr(0, end);
+        const auto tabs = std::ranges::count(line, '\t');
+        lines.push_back({++number, CellsOf(line), static_cast<std::size_t>(tabs) + 1});
         const bool both = text.substr(end).starts_with("\r\n");
         text.remove_prefix(std::min(end + (both ? 2 : 1), text.size()));
     }
@@ -115,8 +117,9 @@ SplitTable SplitTableText(std::string_view text) {
     DropBlankLines(table.Lines);
     if (table.Lines.empty()) return table;
     const std::vector<std::string>& first = table.Lines.front().Cells;
-    const bool captions = AreCaptions(first, StepColumn) || AreCaptions(first, StepColumn + 1);
-    table.HasSteps = first.size() >= TableColumns;
+    const bool values = AreCaptions(first, StepColumn + 1);
+    const bool captions = values || AreCaptions(first, StepColumn);
+    table.HasSteps = !values && table.Lines.front().Columns >= TableColumns;
     if (captions) table.Lines.erase(table.Lines.begin());
     return table;
 }

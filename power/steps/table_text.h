@@ -23,7 +23,8 @@ std::string TableText(const StepTable& steps, int first, int last);
 struct SplitTable {
     struct Line {
         int Number;                      // in the text, counted from 1
-        std::vector<std::string> Cells;  // trimmed; without blank ones behind the last column
+        std::vector<std::string> Cells;  // trimmed; without blank ones behind the last filled one
+        std::size_t Columns;             // with those
     };
     bool HasSteps = true;  // else the first column is that of the first value
     std::vector<Line> Lines;
@@ -33,8 +34,9 @@ struct SplitTable {
 inline constexpr std::size_t LongestTable = 65536;  // bytes
 
 // A line of captions in front (upper or lower case) is taken off, and so are blank lines in front
-// and behind. Without captions six filled cells in the first line mean that there are steps. Line
-// ends of any system, and blanks of any width that spreadsheets put into numbers, are understood.
+// and behind. Without captions six cells in the first line, blank or not, mean that there are
+// steps. Line ends of any system, and blanks of any width that spreadsheets put into numbers, are
+// understood.
 SplitTable SplitTableText(std::string_view text);
 
 }  // namespace zps

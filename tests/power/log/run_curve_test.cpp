@@ -282,6 +282,16 @@ TEST_F(ShownCurve, WheelZoomsAboutThePointerDragMovesAndAClickMarks) {
     EXPECT_TRUE(View.Shown().ShowsAll());
 }
 
+TEST_F(ShownCurve, BeginsAnewWhereTheLogIsClearedInTheMiddleOfARunWhileItIsHidden) {
+    Tabs.setCurrentIndex(0);
+    Log.Clear("00", "0", "0");
+    Sample(601, 650);
+    Tabs.setCurrentIndex(1);
+    QApplication::processEvents();
+    EXPECT_NEAR(View.Shown().High(), 50 * 0.165, 1.2);
+    EXPECT_TRUE(Spoken().find("50개") != std::string::npos) << Spoken();
+}
+
 TEST_F(ShownCurve, NewSamplesAreSeenWhileItFollowsAndDrawnWhenItIsShownAgain) {
     Sample(601, 700);
     EXPECT_TRUE(QTest::qWaitFor([&] { return View.Shown().High() > 115; }));

@@ -117,6 +117,7 @@ TEST_F(StepTables, TheFirstBadCellIsNamedByLineColumnAndText) {
         {row("4\t1\u202E2\t1\t0\t0\t160"), "3/1 1\u202E2"},
     };
     for (const auto& [text, bad] : texts) EXPECT_EQ(Read(text), bad) << text;
+    EXPECT_EQ(Read("3\t1.2\t0.5\t0\t0\t"), "1/5 ");  // not five values from the left
     const std::string rows = "1\t1\t0\t0\t160\n1\t1\t0\t0\t160\n";
     EXPECT_EQ(Read(rows, 98),
               "98 1.00 1.000 0.00000 0.00000 160.0; 99 1.00 1.000 0.00000 0.00000 160.0");
