@@ -88,7 +88,7 @@ QString SkippedText(const RangeSums& sums) {
 }
 
 QString StatisticsLine(const RangeSums& sums, const std::function<bool(const QString&)>& fits) {
-    constexpr int least = 2;
+    constexpr int least = 1;
     QStringList parts = LineParts(sums);
     while (parts.size() > least && !fits(parts.join(Dot))) parts.removeLast();
     return parts.join(Dot);

@@ -140,8 +140,11 @@ void StatisticsView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     if (HasGrid()) PaintGrid(painter, event->region());
     painter.setPen(palette().color(QPalette::WindowText));
-    for (int line = 0; const QString& text : Lines)
-        painter.drawText(LineRect(line++), Qt::AlignRight | Qt::AlignVCenter, text);
+    for (int line = 0; const QString& text : Lines) {
+        const QRect at = LineRect(line++);
+        painter.drawText(at, Qt::AlignRight | Qt::AlignVCenter,
+                         fontMetrics().elidedText(text, Qt::ElideRight, at.width()));
+    }
     if (!hasFocus()) return;
     QStyleOptionFocusRect option;
     option.initFrom(this);

@@ -142,10 +142,11 @@ std::optional<Message> SendingTrouble(const SendAll::Report& report) {
                      .arg(StepText(*report.Refused));
     if (report.OutputOn) lines += QStringLiteral("출력이 꺼져 있지 않아 멈췄습니다.");
     if (!report.Reselected)
-        lines += QStringLiteral(
-                     "단계 %1이(가) 다시 선택되지 않았습니다. 다른 단계가 선택되어 있을 "
-                     "수 있습니다.")
-                     .arg(StepText(report.Before));
+        lines +=
+            QStringLiteral(
+                "단계 %1이(가) 다시 선택되지 않았습니다. 다른 단계가 선택되어 있을 "
+                "수 있습니다.\n출력을 켜지 말고, 다른 단계를 누른 뒤 이 단계를 다시 누르십시오.")
+                .arg(StepText(report.Before));
     if (lines.isEmpty()) return std::nullopt;
     lines += SentText(report);
     Message message = About(TableJob::Send, lines.join(u'\n'));
