@@ -6,6 +6,8 @@
 #include <QMenuBar>
 #include <QShortcut>
 
+#include <utility>
+
 namespace zps {
 
 namespace {
@@ -43,10 +45,36 @@ class HeldKeys : public QObject {
     quint64 At = 0;  // ms; 0: of an event that has no time
 };
 
+class KeyElsewhere : public QObject {
+  public:
+    KeyElsewhere(QAbstractButton& button, Qt::Key key, std::function<bool()> wanted)
+        : QObject(&button), Button(button), Key(key), Wanted(std::move(wanted)) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+        const auto& pressed = static_cast<const QKeyEvent&>(*event);
+        const bool elsewhere = static_cast<QWidget*>(watched)->window() != Button.window() &&
+                               QApplication::activeModalWidget() == nullptr;
+        if (pressed.key() != Key || !elsewhere || !Wanted()) return false;
+        Button.click();
+        return true;
+    }
+
+  private:
+    QAbstractButton& Button;
+    Qt::Key Key;
+    std::function<bool()> Wanted;
+};
+
 }  // namespace
 
 void IgnoreHeldKeys() {
     QCoreApplication::instance()->installEventFilter(new HeldKeys(QCoreApplication::instance()));
+}
+
+void GiveKeyElsewhere(QAbstractButton& button, Qt::Key key, std::function<bool()> wanted) {
+    qApp->installEventFilter(new KeyElsewhere(button, key, std::move(wanted)));
 }
 
 // A shortcut of the button itself would be lost whenever its caption changes.

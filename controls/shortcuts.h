@@ -3,6 +3,8 @@
 
 #include <QKeySequence>
 
+#include <functional>
+
 class QAbstractButton;
 class QMenuBar;
 
@@ -11,6 +13,10 @@ namespace zps {
 // Pressing `key` anywhere in the button's window clicks it, if it is enabled. The key stands in the
 // button's tool tip, behind `what` it does.
 void GiveKey(QAbstractButton& button, Qt::Key key, const QString& what);
+
+// In the other windows of the program too `key` clicks the button while it is `wanted`, but not
+// under a modal one.
+void GiveKeyElsewhere(QAbstractButton& button, Qt::Key key, std::function<bool()> wanted);
 
 // Whether the key of a button that has been given one does anything; the button stays as it is.
 void EnableKey(QAbstractButton& button, bool on);

@@ -1,5 +1,6 @@
 #include "power/run/output_switch.h"
 
+#include "controls/shortcuts.h"
 #include "controls/spoken_labels.h"
 #include "power/panel/plate_look.h"
 #include "power/panel/status_display.h"
@@ -21,6 +22,7 @@ OutputSwitch::OutputSwitch(PowerParts& parts, Commands& commands, const Surround
     : Parts(parts), Around(around) {
     commands.Connect(
         *Parts.Controls.cmdOUTPUT, [this] { cmdOUTPUT_Click(); }, Commands::OpenEntry::LeaveOpen);
+    GiveKeyElsewhere(*Parts.Controls.cmdOUTPUT, Qt::Key_F9, [this] { return Around.Out.On(); });
 }
 
 void OutputSwitch::cmdOUTPUT_Click() {
@@ -91,10 +93,14 @@ void OutputSwitch::SwitchOn(serial::Clock::time_point deadline) {
 
 void OutputSwitch::NoteMissingValues(int step) {
     const bool refused = Around.Held.Refused(step).any();
-    if (!refused && Around.Held.Unsent(step).none()) return;
+    const bool there = Around.Held.IsAt(step);
+    if (there && !refused && Around.Held.Unsent(step).none()) return;
     const QString text =
-        refused ? QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있지만 출력을 켰습니다.")
-                : QStringLiteral("단계 %1에 송신하지 않은 값이 있지만 출력을 켰습니다.");
+        !there ? QStringLiteral(
+                     "전원 장치가 단계 %1이 아닌 단계로 출력할 수 있습니다. 표시판의 STEP을 "
+                     "확인하십시오.")
+        : refused ? QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있지만 출력을 켰습니다.")
+                  : QStringLiteral("단계 %1에 송신하지 않은 값이 있지만 출력을 켰습니다.");
     Around.Happened.Note(EventKind::NotDone, text.arg(QString::fromStdString(FormatStep(step))));
 }
 

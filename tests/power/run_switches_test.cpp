@@ -89,6 +89,18 @@ TEST_F(RunSwitches, TheOutputGoesOffWhateverStandsInAFieldAndOnOnlyWithoutAnErro
     EXPECT_EQ(Boxes.Shown.size(), 2U);
 }
 
+TEST_F(RunSwitches, TheOutputGoesOffByKeyInAnyWindowOfTheProgramButNotOn) {
+    QWidget beside;
+    beside.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&beside));
+    QTest::keyClick(&beside, Qt::Key_F9);
+    EXPECT_EQ(Sent(), "");
+    ASSERT_TRUE(SwitchOn());
+    QTest::keyClick(&beside, Qt::Key_F9);
+    EXPECT_TRUE(Sent().ends_with("A0"));
+    EXPECT_EQ(Texts(*this, {"Output_ONOFF"}), "OFF");
+}
+
 TEST_F(RunSwitches, GoingRemoteStartsTheTopStepAndGoingLocalEndsPollsAndStepStart) {
     const auto shown = [&] {
         return Texts(*this, {"Rem_Loc", "lblPREMOTE", "cmdPREMOTE", "Output_ONOFF"});
