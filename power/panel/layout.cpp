@@ -221,7 +221,7 @@ PowerControls MakePowerControls(QMainWindow& window) {
     centre->GrowAll(*linkLine);
     window.statusBar()->setSizeGripEnabled(false);  // a small screen needs the room
     // Tab goes along the work; what is only read or seldom used is last.
-    QWidget* before = controls.Log->findChild<QWidget*>(QStringLiteral("chkFOLLOW"));
+    auto* before = controls.Log->findChild<QWidget*>(QStringLiteral("chkFOLLOW"));
     for (auto* next : controls.Log->findChildren<StatisticsView*>()) {
         QWidget::setTabOrder(before, next);
         before = next;
