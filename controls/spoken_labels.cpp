@@ -88,7 +88,7 @@ class SpokenButton : public QAccessibleWidget {
         : QAccessibleWidget(&button, role), Button(button) {}
 
     QString text(QAccessible::Text part) const override {
-        const QString told = QAccessibleWidget::text(part);
+        QString told = QAccessibleWidget::text(part);
         if (part != QAccessible::Name || !told.isEmpty()) return told;
         return Button.text().remove(u'&');
     }
