@@ -46,7 +46,7 @@ std::string TimeLabel(double seconds, double step, bool clock) {
     const auto two = [](long long number) {
         return std::string(number < 10 ? ":0" : ":") + std::to_string(number);
     };
-    const std::string text = std::to_string(whole / 3600) + two(whole / 60 % 60) + two(whole % 60);
+    std::string text = std::to_string(whole / 3600) + two(whole / 60 % 60) + two(whole % 60);
     if (decimals == 0) return text;
     return text + FormatFixed(seconds - static_cast<double>(whole), decimals).substr(1);
 }

@@ -153,13 +153,15 @@ void StatisticsView::paintEvent(QPaintEvent* event) {
 }
 
 void StatisticsView::PaintGrid(QPainter& painter, const QRegion& region) {
+    constexpr int left = Qt::AlignLeft | Qt::AlignVCenter;
+    constexpr int right = Qt::AlignRight | Qt::AlignVCenter;
     for (int row = 0; row < Rows; ++row) {
         for (int column = 0; column < Columns; ++column) {
             const QRect at = CellRect(row, column);
             if (!region.intersects(at)) continue;
             const auto& cells = Cells.at(static_cast<std::size_t>(row));
             painter.setPen(CellColour(row, column));
-            painter.drawText(at, (column == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
+            painter.drawText(at, column == 0 ? left : right,
                              cells.at(static_cast<std::size_t>(column)));
         }
     }
