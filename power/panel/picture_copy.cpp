@@ -51,10 +51,9 @@ QImage MakePicture(QWidget& shown, const PictureTitle& title, const QString& not
     const int head = Inset / 2 + texts.HeightOf(texts.Bold, title.Title);
     const int top = head + texts.HeightOf(texts.Plain, about);
     const int foot = texts.HeightOf(texts.Plain, note);
+    const int height = top + shown.height() + foot + Inset / 2;
     const double ratio = 2 * shown.devicePixelRatioF();
-    QImage picture(
-        (QSizeF(shown.width(), top + shown.height() + foot + Inset / 2) * ratio).toSize(),
-        QImage::Format_RGB32);
+    QImage picture((QSizeF(shown.width(), height) * ratio).toSize(), QImage::Format_RGB32);
     picture.setDevicePixelRatio(ratio);
     picture.fill(shown.palette().color(QPalette::Active, QPalette::Window));
     QPainter painter(&picture);
