@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 
 #include <chrono>
@@ -16,6 +15,7 @@ using namespace std::chrono_literals;
 Guide::Guide(Program& program, Look look) : Panel(program), Seen(std::move(look)) {
     BoxWatch.setInterval(50ms);
     QObject::connect(&BoxWatch, &QTimer::timeout, &BoxWatch, [this] { LookForBox(); });
+    BoxWatch.start();
 }
 
 void Guide::Expect(const QString& what, const std::function<bool()>& seen) {
@@ -53,15 +53,20 @@ void Guide::AnswerBox(const QString& state, Qt::Key key) {
     BoxState = state;
     BoxKey = key;
     LastBoxText.clear();
-    BoxWatch.start();
 }
 
 void Guide::LookForBox() {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    BoxWatch.stop();
+    if (box == nullptr || box == LastBox) return;
+    LastBox = box;
     LastBoxText = box->text();
-    LookAt(*box, BoxState);
+    if (BoxState.isEmpty()) {
+        ++Missed;
+        std::cout << "MISSED  nobody expects the box: " << LastBoxText.toStdString() << std::endl;
+        box->reject();
+        return;
+    }
+    LookAt(*box, std::exchange(BoxState, {}));
     QTest::keyClick(box, BoxKey);
 }
 

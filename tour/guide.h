@@ -4,6 +4,8 @@
 
 #include "app/program.h"
 
+#include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -38,7 +40,7 @@ class Guide {
     void Enter(const char* field, const QString& text);
 
     // The next message box is looked at as `state` and answered with `key`. Its text is BoxText()
-    // then.
+    // then. A box that comes without this is shut and fails the session.
     void AnswerBox(const QString& state, Qt::Key key);
     QString BoxText() const { return LastBoxText; }
 
@@ -51,6 +53,7 @@ class Guide {
     QString BoxState;
     Qt::Key BoxKey = Qt::Key_Return;
     QString LastBoxText;
+    QPointer<QMessageBox> LastBox;  // a second look at one box, from a loop within, does nothing
     int Missed = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "tests/support/panel.h"
 
+#include <iostream>
+
 namespace zps::tests {
 
 Answer ScriptedBoxes::Show(QWidget* /*parent*/, const Message& message) {
@@ -31,11 +33,17 @@ bool SimulatedPanel::Identify() {
         return GetSetting<QLabel>(result).text().contains(QStringLiteral("에라"));
     };
     // On a busy machine the line may answer too late for the check, which is made again then.
-    return WaitFor([&] {
+    const bool identified = WaitFor([&] {
         if (failed("lblZPS_ENQ") || failed("lblZPS_DLE"))
             GetSetting<QAbstractButton>("optPORT_1").click();
         return GetSetting<QLabel>("lblZPS_DLE").text() == QStringLiteral("통신ok = DATA수신!!!");
     });
+    if (!identified) {
+        for (const char* result : {"lblZPS_ENQ", "lblZPS_DLE"})
+            std::cout << qPrintable(GetSetting<QLabel>(result).text()) << '\n';
+        std::cout << qPrintable(Boxes.LastText()) << std::endl;
+    }
+    return identified;
 }
 
 bool SimulatedPanel::Open() {
