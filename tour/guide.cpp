@@ -19,7 +19,20 @@ Guide::Guide(Program& program, Look look) : Panel(program), Seen(std::move(look)
 }
 
 void Guide::Expect(const QString& what, const std::function<bool()>& seen) {
-    const bool good = QTest::qWaitFor(seen, 10000);
+    Tell(QTest::qWaitFor(seen, 10000), what);
+}
+
+void Guide::Bring(const QString& what, const std::function<void()>& act,
+                  const std::function<bool()>& seen) {
+    bool good = false;
+    for (int tries = 0; tries < 3 && !good; ++tries) {
+        act();
+        good = QTest::qWaitFor(seen, 4000);
+    }
+    Tell(good, what);
+}
+
+void Guide::Tell(bool good, const QString& what) {
     if (!good) ++Missed;
     std::cout << (good ? "seen    " : "MISSED  ") << what.toStdString() << std::endl;
 }
@@ -46,7 +59,7 @@ void Guide::Type(const char* field, const QString& text) {
 
 void Guide::Enter(const char* field, const QString& text) {
     Type(field, text);
-    QTest::keyClick(&Get<QLineEdit>(field), Qt::Key_Tab);
+    QTest::keyClick(&Get<QLineEdit>(field), Qt::Key_Return);
 }
 
 void Guide::AnswerBox(const QString& state, Qt::Key key) {

@@ -23,6 +23,10 @@ class Guide {
     // Runs events until `seen`, for some seconds at most, and tells what came of it. What was not
     // seen fails the session.
     void Expect(const QString& what, const std::function<bool()>& seen);
+    // The same for what `act` brings about. Where an answer comes too late, as on a busy machine, a
+    // person does it again.
+    void Bring(const QString& what, const std::function<void()>& act,
+               const std::function<bool()>& seen);
     bool AllSeen() const { return Missed == 0; }
 
     void LookAt(QWidget& window, const QString& state);
@@ -35,7 +39,7 @@ class Guide {
         return *control;
     }
     void Click(const char* button);
-    // Types into a field; leaves it with the Tab key.
+    // Types into a field; Enter() confirms it with the Enter key.
     void Type(const char* field, const QString& text);
     void Enter(const char* field, const QString& text);
 
@@ -45,6 +49,7 @@ class Guide {
     QString BoxText() const { return LastBoxText; }
 
   private:
+    void Tell(bool good, const QString& what);
     void LookForBox();
 
     Program& Panel;

@@ -128,40 +128,36 @@ void Session::Connect() {
 }
 
 void Session::ProgramSteps() {
-    Hands.Enter("txPVOLT_0", "12.5");
-    Hands.Expect("12.5 V is stored in step 00",
-                 [&] { return Wire.StateOf(Address).Steps[0].VoltRaw == 1250; });
-    Hands.Click("txPSTEP_1");
-    Hands.Expect("step 01 is uploaded and selected",
-                 [&] { return Wire.StateOf(Address).SelectedStep == 1; });
+    Hands.Bring(
+        "12.5 V is stored in step 00", [&] { Hands.Enter("txPVOLT_0", "12.5"); },
+        [&] { return Wire.StateOf(Address).Steps[0].VoltRaw == 1250 && IsSent(0); });
+    Select(1);
     Hands.Type("txPVOLT_1", "24");
     Hands.LookAt(Panel.Main(), "05-row-locked");
-    Hands.Enter("txPVOLT_1", "24");
-    Hands.Expect("24 V is stored in step 01",
-                 [&] { return Wire.StateOf(Address).Steps[1].VoltRaw == 2400; });
+    Hands.Bring(
+        "24 V is stored in step 01", [&] { Hands.Enter("txPVOLT_1", "24"); },
+        [&] { return Wire.StateOf(Address).Steps[1].VoltRaw == 2400 && IsSent(1); });
     Hands.AnswerBox("06-range-error", Qt::Key_Return);
     Hands.Enter("txPVOLT_1", "151");
     Hands.Expect("151 V is refused",
                  [&] { return Hands.BoxText().contains("설정값 범위=0~150V"); });
     QTest::keyClick(&Hands.Get<QLineEdit>("txPVOLT_1"), Qt::Key_Escape);
-    Hands.Click("txPSTEP_0");
-    Hands.Expect("step 00 is selected again",
-                 [&] { return Wire.StateOf(Address).SelectedStep == 0; });
+    Select(0);
     Hands.LookAt(Panel.Main(), "07-steps");
 }
 
 void Session::RunOutput() {
     const auto& volts = Hands.Get<QLineEdit>("txtVOLT");
-    Hands.Click("cmdPREMOTE");
-    Hands.Expect("the remote button puts the supply under remote control",
-                 [&] { return Text("lblPREMOTE") == "RS232"; });
-    Hands.Click("cmdOUTPUT");
-    Hands.Expect("the output is on", [&] { return Wire.StateOf(Address).Output; });
+    Hands.Bring(
+        "the remote button puts the supply under remote control",
+        [&] { Hands.Click("cmdPREMOTE"); },
+        [&] { return Text("lblPREMOTE") == "RS232" && !Panel.Shared().RxBusy(); });
+    SwitchOutput(true);
     Hands.Expect("12.5 V are read back", [&] { return volts.text() == "12.500"; });
     const auto& log = *Panel.Main().findChild<MeasurementLog*>();
     Hands.Expect("twenty samples are in the log", [&] { return log.RowCount() >= 22; });
-    Hands.Click("txPSTEP_1");
-    Hands.Expect("the step changes under load: 24 V", [&] { return volts.text() == "24.00"; });
+    Select(1);
+    Hands.Expect("the step has changed under load: 24 V", [&] { return volts.text() == "24.00"; });
     const int samples = log.RowCount();
     Hands.Expect("samples of the new step follow", [&] { return log.RowCount() >= samples + 8; });
     Hands.LookAt(Panel.Main(), "08-running");
@@ -194,12 +190,36 @@ void Session::Trip() {
                  [&] { return Hands.BoxText() == "SET OVER VOLTAGE!!!"; });
     Hands.Expect("the panel shows the output off", [&] { return Text("Output_ONOFF") == "OFF"; });
     Hands.LookAt(Panel.Main(), "11-tripped");
-    Hands.Click("cmdOUTPUT");
-    Hands.Expect("the output is on again", [&] { return Wire.StateOf(Address).Output; });
-    Hands.Click("cmdOUTPUT");
-    Hands.Expect("the output is off", [&] {
-        return !Wire.StateOf(Address).Output && Hands.Get<QWidget>("txPTIME_1").isEnabled();
-    });
+    SwitchOutput(true);
+    SwitchOutput(false);
+    Hands.Expect("the table is free again",
+                 [&] { return Hands.Get<QWidget>("txPTIME_1").isEnabled(); });
+}
+
+bool Session::IsSent(int step) {
+    return Panel.Shared().StepFlag(step) && !Panel.Shared().RxBusy();
+}
+
+void Session::Select(int step) {
+    Hands.Bring(
+        QStringLiteral("step 0%1 is selected").arg(step),
+        [&] {
+            // A click on the selected step sends nothing.
+            if (Text("txtSTEP") == QStringLiteral("0%1").arg(step))
+                Hands.Click(qPrintable(QStringLiteral("txPSTEP_%1").arg(1 - step)));
+            Hands.Click(qPrintable(QStringLiteral("txPSTEP_%1").arg(step)));
+        },
+        [&] { return Wire.StateOf(Address).SelectedStep == step && IsSent(step); });
+}
+
+void Session::SwitchOutput(bool on) {
+    const auto shown = on ? QStringLiteral("ON") : QStringLiteral("OFF");
+    Hands.Bring(
+        on ? "the output is on" : "the output is off",
+        [&] {
+            if (Text("Output_ONOFF") != shown) Hands.Click("cmdOUTPUT");
+        },
+        [&] { return Wire.StateOf(Address).Output == on && Text("Output_ONOFF") == shown; });
 }
 
 // It stays open beside all that follows.
@@ -223,20 +243,23 @@ void Session::ReadTheRecord() {
 }
 
 void Session::RunSequence() {
-    Hands.Enter("txPTIME_1", "1");
-    Hands.Expect("step 01 lasts a second",
-                 [&] { return Wire.StateOf(Address).Steps[1].StepTime == 1s; });
-    Hands.Click("txPSTEP_0");
-    Hands.Expect("step 00 is selected", [&] { return Wire.StateOf(Address).SelectedStep == 0; });
-    Hands.Enter("txPTIME_0", "1");
-    Hands.Expect("step 00 lasts a second",
-                 [&] { return Wire.StateOf(Address).Steps[0].StepTime == 1s; });
+    Hands.Bring(
+        "step 01 lasts a second", [&] { Hands.Enter("txPTIME_1", "1"); },
+        [&] { return Wire.StateOf(Address).Steps[1].StepTime == 1s && IsSent(1); });
+    Select(0);
+    Hands.Bring(
+        "step 00 lasts a second", [&] { Hands.Enter("txPTIME_0", "1"); },
+        [&] { return Wire.StateOf(Address).Steps[0].StepTime == 1s && IsSent(0); });
     Hands.Enter("txtPAUTOSTEP", "0001");
     Hands.Enter("txtPAUTOCOUNT", "2");
-    Hands.Click("cmdAUTO");
-    Hands.Expect("automatic run is on", [&] { return Text("Auto_ONOFF") == "ON"; });
+    Hands.Bring(
+        "automatic run is on",
+        [&] {
+            if (Text("Auto_ONOFF") != "ON") Hands.Click("cmdAUTO");
+        },
+        [&] { return Text("Auto_ONOFF") == "ON" && !Panel.Shared().RxBusy(); });
     Hands.AnswerBox("13-end-of-run", Qt::Key_Return);
-    Hands.Click("cmdOUTPUT");
+    SwitchOutput(true);
     Hands.Expect("the run is at step 01", [&] { return Text("txtSTEP") == "01"; });
     Hands.LookAt(Panel.Main(), "12-automatic-run");
     Hands.Expect("the end of the run is reported",
@@ -256,13 +279,15 @@ void Session::TestLink() {
     Hands.LookAt(test, "15-test-before");
     Hands.Expect("the record is open beside it",
                  [&] { return Panel.Record()->isVisible() && Panel.Record()->isEnabled(); });
-    Click(test, "cmdENQ");
-    Hands.Expect("the test window hears an acknowledgement",
-                 [&] { return Text(test, "lblRESULT") == "GOOD  ENQ"; });
-    Click(test, "cmdDLE");
-    Hands.Expect("the test window reads the rated voltage, 1500 tenths of a volt", [&] {
-        return Text(test, "lblRESULT") == "GOOD  DLE" && Text(test, "lblVOLTAGE") == "1500";
-    });
+    Hands.Bring(
+        "the test window hears an acknowledgement", [&] { Click(test, "cmdENQ"); },
+        [&] { return Text(test, "lblRESULT") == "GOOD  ENQ"; });
+    Hands.Bring(
+        "the test window reads the rated voltage, 1500 tenths of a volt",
+        [&] { Click(test, "cmdDLE"); },
+        [&] {
+            return Text(test, "lblRESULT") == "GOOD  DLE" && Text(test, "lblVOLTAGE") == "1500";
+        });
     Hands.LookAt(test, "16-test");
     Wire.SetFaults({.Garble = 1});
     Click(test, "cmdENQ");

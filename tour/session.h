@@ -33,6 +33,9 @@ class Session {
     void Trip();
     void ReadTheRecord();
     void RunSequence();
+    bool IsSent(int step);
+    void Select(int step);
+    void SwitchOutput(bool on);
     void TestLink();
     void ShowAbout();
     void ChooseAnotherAddress();
