@@ -20,5 +20,6 @@ at the bench one window for set values, switches and read-outs. Several
 supplies can share one line. The user interface is Korean.
 
 zps-demo is the same panel on a simulated supply, for trying and training.
-zps-simulator plays such supplies on a pseudo-terminal. To open serial ports a user has to be in the group dialout.")
+zps-simulator plays such supplies on a pseudo-terminal. To open serial ports
+a user has to be in the group dialout.")
 include(CPack)
