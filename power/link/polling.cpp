@@ -20,6 +20,7 @@ Polling::Polling(SOURCE& source, Transmitter& line, Timekeeper& time, LinkQualit
       OutputOn(std::move(outputOn)),
       tmrDLE(time.MakeTicker("tmrDLE", PollInterval)),
       tmrWATCH(time.MakeTicker("tmrWATCH", LongestSilence)) {
+    line.OnSent([this] { Sent(); });
     tmrDLE->OnTick([this] { Poll(); });
     tmrWATCH->OnTick([this] { tmrWATCH_Timer(); });
 }
@@ -45,7 +46,13 @@ void Polling::ReplyHandled() {
 
 void Polling::Poll() {
     Sender.Send(ControlFrame(Source.PowerAddr, code::Dle), ExpectData);
-    Quality.Asked();
+}
+
+void Polling::Sent() {
+    if (Source.ReplyFlag() == ExpectData)
+        Quality.Asked();
+    else
+        Quality.Overtaken();
 }
 
 void Polling::tmrWATCH_Timer() {
