@@ -122,7 +122,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Functions(Parts, Ways, Happened, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       Table(Parts, Ways,
-            {Rows, Lock, Held, Shown, Upload, Door, Time,
+            {Rows, Lock, Held, Shown, Upload, Door, Happened, Time,
              [this] { return Answer.Awaited() || Sender.ReplyInProgress(); },
              [this] { return Out.Known(); }, [this] { return Remote.ControlsUsable(); },
              [this] {

@@ -1,6 +1,7 @@
 // The commands of the step table as a whole: copy, paste, take back, and send what is not sent.
 #pragma once
 
+#include "power/link/history.h"
 #include "power/panel/gate.h"
 #include "power/panel/output_state.h"
 #include "power/panel/power_parts.h"
@@ -29,6 +30,7 @@ class TableMenu {
         ReadOuts& Shown;
         StepUpload& Upload;
         Gate& Door;
+        History& Happened;
         Timekeeper& Time;
         std::function<bool()> AnswerDue;  // the last frame may still be answered
         std::function<OutputState()> Output;
@@ -54,7 +56,8 @@ class TableMenu {
     void SendingEnded(const SendAll::Report& report);
     // Whether `job` may be done now; tells why not.
     bool May(TableJob job);
-    void Show(const Message& message) { Parts.Boxes.Show(&Parts.Window, message); }
+    // By a box; during a run, whose polls a box would stop, by the line of the last event.
+    void Tell(const Message& message);
 
     PowerParts& Parts;
     Commands& Ways;

@@ -109,6 +109,10 @@ Message NothingToSend() {
     return About(TableJob::Send, QStringLiteral("값을 바꾸고 송신하지 않은 단계가 없습니다."));
 }
 
+QString InOneLine(const Message& message) {
+    return (message.Title + QStringLiteral(": ") + message.Text).simplified();
+}
+
 QString CopiedText(int first, int last) {
     return QStringLiteral("단계 %1\u2013%2 복사됨").arg(StepText(first), StepText(last));
 }

@@ -31,6 +31,9 @@ Message NothingToPaste();
 Message NothingToUndo();
 Message NothingToSend();
 
+// Title and text of a message where there is no box for it.
+QString InOneLine(const Message& message);
+
 // The line about a text that has been copied or pasted, or about steps sent.
 QString CopiedText(int first, int last);
 QString PastedText(int steps, int changed);

@@ -124,7 +124,14 @@ TEST_F(TableMenu, IsRefusedWithTheReasonAndCommitsAnOpenEntryFirst) {
     refused("단계 04의 값을 고치는 중");
     Upload(4);
     ASSERT_TRUE(SwitchOn());
-    refused("출력이 켜져");
+    for (const auto& [menu, what] : {std::pair{"mnuData_Paste", "단계표 붙여넣기"},
+                                     {"mnuData_Undo", "붙여넣기 되돌리기"},
+                                     {"mnuData_Send", "단계 송신"}}) {
+        Choose(menu);
+        EXPECT_TRUE(Text("lblNOTICE").contains(QString(what) + ": 출력이 켜져 있습니다."));
+    }
+    EXPECT_TRUE(Boxes.Shown.empty());  // a box would stop the polls
+    EXPECT_EQ(Source().StepVolt(3), "0.00");
     ASSERT_TRUE(Press("cmdOUTPUT"));
     Source().Forget();
     refused("DATA 확인");
