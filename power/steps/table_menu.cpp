@@ -111,7 +111,9 @@ void TableMenu::SendingEnded(const SendAll::Report& report) {
     Shut.reset();
     Progress.Close();
     Parts.Controls.fraSTEPLEGEND->Tell(SentText(report));
-    if (const auto trouble = SendingTrouble(report)) Tell(*trouble);
+    const auto trouble = SendingTrouble(report);
+    Around.Happened.Note(trouble ? EventKind::NotDone : EventKind::Switched, SendingEvent(report));
+    if (trouble) Tell(*trouble);
 }
 
 void TableMenu::CallOff() {

@@ -58,6 +58,12 @@ QString Quoted(const std::string& cell) {
     return text;
 }
 
+QString AnswerText(Reply answer) {
+    if (answer == Reply::None) return QStringLiteral("전원 장치가 응답하지 않았습니다.");
+    return answer == Reply::Nak ? QStringLiteral("전원 장치가 거부했습니다.")
+                                : QStringLiteral("전원 장치의 응답이 잘못되었습니다.");
+}
+
 QString RangeOf(std::size_t column, const SOURCE& source) {
     if (column == StepColumn) return QStringLiteral("00 ~ 99, 단계마다 한 번");
     if (column >= TableColumns)
@@ -142,8 +148,8 @@ QString SentText(const SendAll::Report& report) {
 std::optional<Message> SendingTrouble(const SendAll::Report& report) {
     QStringList lines;
     if (report.Refused)
-        lines += QStringLiteral("단계 %1: 전원 장치가 거부했거나 응답하지 않았습니다.")
-                     .arg(StepText(*report.Refused));
+        lines +=
+            QStringLiteral("단계 %1: %2").arg(StepText(*report.Refused), AnswerText(report.Answer));
     if (report.OutputOn) lines += QStringLiteral("출력이 꺼져 있지 않아 멈췄습니다.");
     if (!report.Reselected)
         lines +=
@@ -156,6 +162,10 @@ std::optional<Message> SendingTrouble(const SendAll::Report& report) {
     Message message = About(TableJob::Send, lines.join(u'\n'));
     message.Icon = MessageIcon::Warning;
     return message;
+}
+
+QString SendingEvent(const SendAll::Report& report) {
+    return InOneLine(SendingTrouble(report).value_or(About(TableJob::Send, SentText(report))));
 }
 
 }  // namespace zps

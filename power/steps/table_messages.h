@@ -42,5 +42,7 @@ QString ProgressText(const SendAll::Report& report);
 QString SentText(const SendAll::Report& report);
 // What has to be looked at once sending has ended; none if everything has come out or was wanted.
 std::optional<Message> SendingTrouble(const SendAll::Report& report);
+// What the history keeps of it.
+QString SendingEvent(const SendAll::Report& report);
 
 }  // namespace zps

@@ -38,6 +38,11 @@ class TableMenu : public StepTest {
             texts += InRow(row, name).text();
         return texts.join(' ').toStdString();
     }
+    std::string LastEvent() {
+        const History& past = Main().Happened();
+        const PanelEvent& last = past.Get(past.End() - 1);
+        return (NameOf(last.Kind) + ": " + last.Text).toStdString();
+    }
     std::string Told() { return Text("lblTABLE").toStdString(); }
     QString LastBox() {
         if (Boxes.Shown.empty()) return {};
@@ -159,15 +164,35 @@ TEST_F(TableMenu, WhileStepsAreSentTheWindowTakesNothingButACancel) {
     ASSERT_TRUE(WaitFor([&] { return Main().findChild<QProgressDialog*>() == nullptr; }));
     EXPECT_EQ(Sent(), "UU");
     EXPECT_EQ(Told(), "취소됨, 1/3단계 송신됨");
+    EXPECT_EQ(LastEvent(), "조작: 단계 송신: 취소됨, 1/3단계 송신됨");
     EXPECT_EQ(Text("txtSTEP"), "02");
     Line().Answer({1, 21, 22});
     Choose("mnuData_Send");
     ASSERT_TRUE(WaitFor([&] { return !Boxes.Shown.empty(); }));
-    EXPECT_EQ(LastBox(),
-              "단계 송신: 단계 03: 전원 장치가 거부했거나 응답하지 않았습니다.\n"
-              "0/2단계 송신됨");
+    EXPECT_EQ(LastBox(), "단계 송신: 단계 03: 전원 장치가 거부했습니다.\n0/2단계 송신됨");
+    EXPECT_EQ(LastEvent(), "주의: 단계 송신: 단계 03: 전원 장치가 거부했습니다. 0/2단계 송신됨");
+    Choose("mnuData_Send");
+    ASSERT_TRUE(WaitFor([&] { return Told() == "2/2단계 송신됨"; }));
+    EXPECT_EQ(LastEvent(), "조작: 단계 송신: 2/2단계 송신됨");
     ASSERT_TRUE(Settle());
     ASSERT_TRUE(SwitchOn());
+}
+
+TEST_F(TableMenu, WhatGoesOntoALiveOutputIsAnEventWithStepAndValues) {
+    Paste("1\t12.5\t1.5\t2\t0.1\t160\n");
+    for (const int row : {1, 0}) Upload(row);
+    ASSERT_TRUE(SwitchOn());
+    Upload(1);
+    EXPECT_EQ(LastEvent(),
+              "조작: 출력 중 단계 01 선택: VOLTAGE(V) 12.50, CURRENT(A) 1.500, "
+              "TIME(sec) 2.00000, SLOPE(sec) 0.10000, O.V.P(V) 160.0");
+    Enter("txPCURR_1", "2");
+    EXPECT_EQ(LastEvent(), "조작: 출력 중 단계 01 설정: CURRENT(A) 2.00");
+    ASSERT_TRUE(Settle() && Press("cmdOUTPUT"));
+    const std::string off = LastEvent();
+    Enter("txPCURR_1", "1");
+    Upload(0);
+    EXPECT_EQ(LastEvent(), off);
 }
 
 // A hundred steps, no two of them and no two of their values alike.
