@@ -294,10 +294,17 @@ TEST_F(Record, StandsStillWhilePausedAndFollowsTheEndUnlessScrolledAway) {
     QTest::qWait(600);
     EXPECT_EQ(model.rowCount(), paused);
     EXPECT_EQ(Cells(model, 0, {LineColumn::Time}), first);
-    QTest::mouseClick(&pause, Qt::LeftButton);
+    table.Copy();
+    EXPECT_FALSE(QApplication::clipboard()->text().contains("COM4"));
+    window.close();
+    Choose("mnuRECORD");  // goes on again
+    EXPECT_EQ(pause.text(), "일시 정지(&P)");
     EXPECT_EQ(model.rowCount(), static_cast<int>(LineTrace::MostMessages));
     EXPECT_EQ(Cells(model, 0, {LineColumn::Port}), "COM4");
     EXPECT_EQ(bar.value(), bar.maximum());
+    const_cast<LineTrace&>(Program().Trace()).Note(LineEvent::Closed, 3, Moment::Now());
+    table.Copy();  // also of what has come since the last look
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("COM3"));
 }
 
 TEST_F(Record, StandsBesideTheOtherWindowsOpensByPointerKeyAndBusAndGoesWithTheProgram) {
