@@ -4,7 +4,9 @@
 #include "tests/power/run_panel.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLocale>
+#include <QMenu>
 #include <QProcess>
 #include <QProgressDialog>
 #include <QStandardPaths>
@@ -145,6 +147,20 @@ TEST_F(TableMenu, IsRefusedWithTheReasonAndCommitsAnOpenEntryFirst) {
     ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(0); }) && Settle());
     ASSERT_TRUE(Press("cmdPREMOTE"));
     refused("LOCAL");
+    auto& barred = InRow(3, "txPVOLT");
+    const QAction* offered = nullptr;
+    QTimer::singleShot(0, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return;
+        offered = menu->actions().value(0);
+        menu->close();
+    });
+    QContextMenuEvent ask(QContextMenuEvent::Mouse, {5, 5}, barred.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&barred, &ask);
+    ASSERT_TRUE(!barred.isEnabled() && offered != nullptr);
+    EXPECT_TRUE(offered->menu()->actions().contains(&Get<QAction>("mnuData_Copy_All")));
+    Choose("mnuData_Copy_All");
+    EXPECT_TRUE(Clipboard().startsWith(Captions));
     Boxes.WhileUp = [&](const Message&) { Paste(good); };
     Choose("mnuData_Send");
     EXPECT_EQ(Boxes.Shown.size(), 1U);  // nothing gets past a box
