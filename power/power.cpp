@@ -439,8 +439,12 @@ void POWER::mnuPROGRAM_END_Click() {
 }
 
 bool POWER::MayUnload() {
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out)) != Answer::Yes)
-        return false;
+    Message question = EndQuestion(MessageIcon::Question, Self->Out);
+    if (Self->Table.Sending()) {
+        question.Meaning =
+            QStringLiteral("단계를 송신하는 중입니다. 종료하면 남은 단계는 보내지 않습니다.");
+    }
+    if (Self->Boxes.Show(this, question) != Answer::Yes) return false;
     Self->EndExchanges();
     if (Self->comPOWER->PortOpen()) {
         Self->Sender.Send(ControlFrame(Self->Parts.Source.PowerAddr, code::Dc1), ExpectAck);
@@ -451,7 +455,7 @@ bool POWER::MayUnload() {
 
 void POWER::closeEvent(QCloseEvent* event) {
     event->ignore();
-    Self->Ways.Run([&] {
+    Self->Table.LetIn([&] {
         if (!MayUnload()) return;
         event->accept();
         Q_EMIT Closed();

@@ -13,11 +13,11 @@ TableMenu::TableMenu(PowerParts& parts, Commands& commands, Surround around)
       Ways(commands),
       Around(std::move(around)),
       Pasted(Parts.Source, Around.Held),
-      Sending(Around.Time, {Parts.Source, Around.Held, Around.AnswerDue,
+      Uploads(Around.Time, {Parts.Source, Around.Held, Around.AnswerDue,
                             [this] { return Around.Rows.CurStep(); },
                             [this](int step) { Around.Upload.Send(step); },
                             [this] { return Around.Output() == OutputState::Off; }}),
-      Progress(Parts.Window, [this] { Parts.Events.Run([this] { Sending.Cancel(); }); }),
+      Progress(Parts.Window, [this] { Parts.Events.Run([this] { Uploads.Cancel(); }); }),
       Range(new CopyRange(Parts.Window, [this](int first, int last) {
           Ways.Run([=, this] { Copy(first, last); }, Commands::OpenEntry::LeaveOpen);
       })) {
@@ -29,8 +29,8 @@ TableMenu::TableMenu(PowerParts& parts, Commands& commands, Surround around)
     Ways.Connect(*c.mnuData_Paste, [this] { mnuData_Paste_Click(); });
     Ways.Connect(*c.mnuData_Undo, [this] { mnuData_Undo_Click(); });
     Ways.Connect(*c.mnuData_Send, [this] { mnuData_Send_Click(); });
-    Sending.OnProgress([this](const SendAll::Report& report) { Progress.Show(report); });
-    Sending.OnEnd([this](const SendAll::Report& report) { SendingEnded(report); });
+    Uploads.OnProgress([this](const SendAll::Report& report) { Progress.Show(report); });
+    Uploads.OnEnd([this](const SendAll::Report& report) { SendingEnded(report); });
 }
 
 bool TableMenu::May(TableJob job) {
@@ -101,10 +101,10 @@ void TableMenu::ShowChanged(const std::bitset<StepCount>& steps) {
 
 void TableMenu::mnuData_Send_Click() {
     if (!May(TableJob::Send)) return;
-    if (Sending.Unsent().empty()) return Tell(NothingToSend());
+    if (Uploads.Unsent().empty()) return Tell(NothingToSend());
     Around.CallOffStart();
     Shut.emplace(Around.Door);
-    Sending.Start();
+    Uploads.Start();
 }
 
 void TableMenu::SendingEnded(const SendAll::Report& report) {
@@ -116,8 +116,14 @@ void TableMenu::SendingEnded(const SendAll::Report& report) {
     if (trouble) Tell(*trouble);
 }
 
+void TableMenu::LetIn(const std::function<void()>& command) {
+    Shut.reset();
+    Ways.Run(command);
+    if (Sending()) Shut.emplace(Around.Door);
+}
+
 void TableMenu::CallOff() {
-    Sending.CallOff();
+    Uploads.CallOff();
     Shut.reset();
     Progress.Close();
 }

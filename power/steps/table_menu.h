@@ -42,8 +42,12 @@ class TableMenu {
 
     // The table is that of another supply, which can't be got back.
     void TableReset() { Pasted.Forget(); }
+    bool Sending() const { return Uploads.Running(); }
     // Nothing is sent any more.
     void CallOff();
+    // Runs `command` in the way of all commands, also while steps are sent and nothing else is let
+    // in. No step is sent meanwhile; behind it the sending goes on if it has not been called off.
+    void LetIn(const std::function<void()>& command);
 
   private:
     void Copy(int first, int last);
@@ -63,7 +67,7 @@ class TableMenu {
     Commands& Ways;
     Surround Around;
     TablePaste Pasted;
-    SendAll Sending;
+    SendAll Uploads;
     SendBox Progress;
     std::optional<Gate::Shut> Shut;  // while steps are sent
     CopyRange* Range;                // the window's

@@ -197,6 +197,32 @@ TEST_F(TableMenu, WhileStepsAreSentTheWindowTakesNothingButACancel) {
     ASSERT_TRUE(SwitchOn());
 }
 
+TEST_F(TableMenu, ClosingTheWindowWhileStepsAreSentAsksAndStopsTheSending) {
+    Paste("1\t1\t1\t0\t0\t160\n3\t1\t1\t0\t0\t160\n5\t1\t1\t0\t0\t160\n");
+    Choose("mnuData_Send");
+    ASSERT_TRUE(AreSent(1));
+    Boxes.WhileUp = [&](const Message& message) {
+        EXPECT_EQ(message.Text, "프로그램을 종료합니다.");
+        EXPECT_EQ(message.Meaning,
+                  "단계를 송신하는 중입니다. 종료하면 남은 단계는 보내지 않습니다.");
+        const auto sent = Line().Written().size();
+        Main().close();  // asks once
+        Click("cmdOUTPUT");
+        QTest::qWait(50);
+        EXPECT_EQ(Line().Written().size(), sent);  // it waits for the answer
+    };
+    Main().close();
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    ASSERT_TRUE(AreSent(2));  // it goes on
+    Click("cmdOUTPUT");
+    Sent();
+    Boxes.Answers = {Answer::Yes};
+    Main().close();
+    EXPECT_FALSE(Main().isVisible() || Main().findChild<QProgressDialog*>()->isVisible());
+    EXPECT_EQ(Sent(), "l");
+    EXPECT_FALSE(AreSent(1, 300ms));
+}
+
 TEST_F(TableMenu, WhatGoesOntoALiveOutputIsAnEventWithStepAndValues) {
     Paste("1\t12.5\t1.5\t2\t0.1\t160\n");
     for (const int row : {1, 0}) Upload(row);
