@@ -68,10 +68,11 @@ void TableMenu::mnuData_Paste_Click() {
     const QString text = QGuiApplication::clipboard()->text();
     if (text.size() > static_cast<qsizetype>(LongestTable)) return Tell(PasteRefusal(TooLarge{}));
     const ReadSteps read = ReadTable(text.toStdString(), Parts.Source, Around.Rows.TopStep());
+    if (const auto* values = std::get_if<std::vector<NewValue>>(&read)) return Paste(*values);
     if (const auto* bad = std::get_if<BadCell>(&read)) {
         Tell(PasteRefusal(*bad, Parts.Source));
-    } else if (const auto* values = std::get_if<std::vector<NewValue>>(&read)) {
-        Paste(*values);
+    } else if (std::holds_alternative<Ambiguous>(read)) {
+        Tell(PasteRefusal(Ambiguous{}));
     } else {
         Tell(PasteRefusal(TooLarge{}));
     }

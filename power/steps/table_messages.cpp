@@ -103,6 +103,17 @@ Message PasteRefusal(const TooLarge& /*text*/) {
                                                  "아무 값도 바꾸지 않았습니다."));
 }
 
+Message PasteRefusal(const Ambiguous& /*text*/) {
+    Message message = About(
+        TableJob::Paste,
+        QStringLiteral("첫 열이 단계 번호인지 전압인지 알 수 없습니다.\n머리글 줄과 함께 다시 "
+                       "복사하십시오.\n아무 값도 바꾸지 않았습니다."));
+    message.Meaning = QStringLiteral(
+        "STEP부터 O.V.P(V)까지 여섯 열이거나, VOLTAGE(V)부터 O.V.P(V)까지 다섯 열과 "
+        "그 머리글이어야 합니다.");
+    return message;
+}
+
 Message NothingToPaste() {
     return About(TableJob::Paste, QStringLiteral("클립보드에 단계표가 없습니다."));
 }

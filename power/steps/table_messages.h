@@ -27,6 +27,7 @@ std::optional<Message> Objection(TableJob job, const TableState& state);
 // Why nothing has been pasted.
 Message PasteRefusal(const BadCell& cell, const SOURCE& source);
 Message PasteRefusal(const TooLarge& text);
+Message PasteRefusal(const Ambiguous& text);
 Message NothingToPaste();
 Message NothingToUndo();
 Message NothingToSend();
