@@ -37,6 +37,11 @@ struct TracedMessage {
 // Follows a trace and hands its messages on in their order. A frame is handed on together with what
 // came of it: as soon as it is answered, or with the next frame, the closing of the port, or after
 // LatestAnswer.
+//
+// A trace does not know which window was at the port. An acknowledgement counts as good where any
+// of them takes it: by its sum modulo 256, as the settings and test windows judge it. The main
+// window takes the whole sum; that differs at addresses above 249 only, and above 239 it can't even
+// poll.
 class Exchanges {
   public:
     static constexpr std::chrono::seconds LatestAnswer{1};
