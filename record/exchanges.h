@@ -40,8 +40,7 @@ struct TracedMessage {
 //
 // A trace does not know which window was at the port. An acknowledgement counts as good where any
 // of them takes it: by its sum modulo 256, as the settings and test windows judge it. The main
-// window takes the whole sum; that differs at addresses above 249 only, and above 239 it can't even
-// poll.
+// window takes the whole sum, which differs only at addresses above 249, and nobody can choose one.
 class Exchanges {
   public:
     static constexpr std::chrono::seconds LatestAnswer{1};
