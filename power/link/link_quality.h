@@ -28,7 +28,7 @@ class LinkQuality {
     void OutputWentOn();
     // A poll is out.
     void Asked();
-    // A frame that is no poll has gone out. One that waits for its answer no longer can get it.
+    // A frame that is no poll has gone out, or the polls have ended: an open poll gets no answer.
     void Overtaken();
     // A receive event that found `length` bytes where a data reply was expected. Returns whether it
     // brings a reading: one to a poll that went out longer than LatestAnswer ago, as it may be

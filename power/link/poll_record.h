@@ -19,7 +19,7 @@ enum class Fate : std::uint8_t {
     WrongLength,
     WrongHeader,
     Late,       // a good data reply, too late to be a reading
-    Overtaken,  // a command went out while the answer could still come, and swept it away
+    Overtaken,  // while the answer could still come, a command swept it away or the polls ended
 };
 constexpr std::size_t FateCount = 8;
 

@@ -33,6 +33,7 @@ void Polling::Start() {
 void Polling::End() {
     tmrDLE->SetEnabled(false);
     tmrWATCH->SetEnabled(false);
+    Quality.Overtaken();  // nobody listens to an answer that is still to come
 }
 
 void Polling::ReplyHandled() {

@@ -223,23 +223,6 @@ TEST_F(TableMenu, ClosingTheWindowWhileStepsAreSentAsksAndStopsTheSending) {
     EXPECT_FALSE(AreSent(1, 300ms));
 }
 
-TEST_F(TableMenu, WhatGoesOntoALiveOutputIsAnEventWithStepAndValues) {
-    Paste("1\t12.5\t1.5\t2\t0.1\t160\n");
-    for (const int row : {1, 0}) Upload(row);
-    ASSERT_TRUE(SwitchOn());
-    Upload(1);
-    EXPECT_EQ(LastEvent(),
-              "조작: 출력 중 단계 01 선택: VOLTAGE(V) 12.50, CURRENT(A) 1.500, "
-              "TIME(sec) 2.00000, SLOPE(sec) 0.10000, O.V.P(V) 160.0");
-    Enter("txPCURR_1", "2");
-    EXPECT_EQ(LastEvent(), "조작: 출력 중 단계 01 설정: CURRENT(A) 2.00");
-    ASSERT_TRUE(Settle() && Press("cmdOUTPUT"));
-    const std::string off = LastEvent();
-    Enter("txPCURR_1", "1");
-    Upload(0);
-    EXPECT_EQ(LastEvent(), off);
-}
-
 // A hundred steps, no two of them and no two of their values alike.
 QString HundredSteps() {
     QString text;

@@ -371,7 +371,9 @@ TEST_F(Record, KnowsEventsOfEveryKind) {
         {[&] { Press("cmdOCP"); }, Switched, "과전류 보호 켜기"},
         {[&] { Press("txPSTEP_1"), Press("txPSTEP_0"), SwitchOn(); }, Switched,
          "출력 켜기, 단계 00"},
-        {[&] { Press("txPSTEP_1"); }, Switched, "출력 중 단계 01 선택: VOLTAGE(V) 0.00, "},
+        {[&] { Press("txPSTEP_1"); }, Switched,
+         "출력 중 단계 01 선택: VOLTAGE(V) 0.00, CURRENT(A) 2.000, TIME(sec) 0.00000, "
+         "SLOPE(sec) 0.00000, O.V.P(V) 163.5"},
         {[&] { Enter("txPVOLT_1", "5"); }, Switched, "출력 중 단계 01 설정: VOLTAGE(V) 5.00"},
         {[&] { answer(false); }, LinkLost, "전원 장치의 응답이 끊겼습니다."},
         {[&] { answer(true); }, LinkBack, "응답이 3초 만에 다시 왔습니다."},
@@ -410,7 +412,8 @@ TEST_F(Record, KnowsEventsOfEveryKind) {
         EXPECT_TRUE(WaitFor([&, kind = kind, text = text] {
             for (auto number = from; number < past.End(); ++number) {
                 const PanelEvent& event = past.Get(number);
-                if (event.Kind == kind && event.Text.startsWith(text)) return from = number + 1, true;
+                if (event.Kind == kind && event.Text.startsWith(text))
+                    return from = number + 1, true;
             }
             return false;
         })) << text;
