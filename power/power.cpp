@@ -9,8 +9,9 @@
 #include "power/panel/gate.h"
 #include "power/panel/link_layout.h"
 #include "power/panel/panel_enabling.h"
-#include "power/panel/picture_copy.h"
 #include "power/panel/status_display.h"
+#include "power/panel/supply_identity.h"
+#include "power/picture_menu.h"
 #include "power/run/auto_progress.h"
 #include "power/run/auto_sequence.h"
 #include "power/run/link_report.h"
@@ -22,8 +23,8 @@
 #include "power/steps/step_scrolling.h"
 #include "power/steps/step_upload.h"
 #include "power/steps/table_menu.h"
+#include "power/way_out.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 
 namespace zps {
@@ -41,9 +42,6 @@ struct POWER::Inside {
     // The output has been switched, by whomever.
     void ShowOutput();
     void ShowScrolled();
-    SupplyOnLine OnLine() const;
-    // What a picture that is taken now is of.
-    PictureTitle TitleOf(const QString& what) const;
     bool SendTopStep();
     void AskStatus();
     // Nothing is sent by itself any more.
@@ -58,6 +56,7 @@ struct POWER::Inside {
     Transmitter Sender;
     PowerParts Parts;
     Gate Door;
+    SupplyIdentity Supply;
 
     Output Out;
     History Happened;
@@ -70,7 +69,6 @@ struct POWER::Inside {
     EditLock Lock;
     FrameWatch Place;
     QString PortTrouble;        // why the port could not be opened
-    QString Ratings;            // of the supply whose ratings were read last
     bool OvpUnderLoad = false;  // the list has been scrolled since the output went on
 
     Entries Fields;
@@ -89,6 +87,8 @@ struct POWER::Inside {
     AutoSequence Sequence;
     RunDisplay Display;
     ReplyHandler Replies;
+    PictureMenu Pictures;
+    WayOut Leaving;
 };
 
 POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
@@ -101,6 +101,7 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Sender(source, *comPOWER),
       Parts{source, Controls, Sender, Events, Boxes, window},
       Door(window),
+      Supply(source, Controls, *comPOWER),
       Quality(Time, [this] { return Out.On(); }),
       Polls(source, Sender, Time, Quality, [this] { return Out.On(); }),
       Answer(source, *comPOWER, Sender, Time),
@@ -113,16 +114,16 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Ways(Parts, Door, Fields),
       Progress(source, Time),
       Rows(Parts, {Held, Lock, [this] { return Progress.RunningStep(); }}),
-      Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, [this] { return Out.On(); }}),
+      Entry(Parts, {Rows, Lock, Fields, Held, Polls, Shown, Happened, [this] { return Out.On(); }}),
       Scrolling(Parts, Door, Rows, Fields, [this] { ShowScrolled(); }),
-      Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, [this] { return Out.On(); }}),
+      Upload(Parts, Ways, {Rows, Lock, Held, Polls, Shown, Happened, [this] { return Out.On(); }}),
       Start(Time, {[this] { return SendTopStep(); }, [this] { AskStatus(); },
                    [this] { return Out.Known() != OutputState::Off; }}),
       Log(*Controls.Log),
       Functions(Parts, Ways, Happened, [this] { Refresh(); }),
       Remote(Parts, Ways, Out, Happened, Start, Polls, [this] { Refresh(); }),
       Table(Parts, Ways,
-            {Rows, Lock, Held, Shown, Upload, Door, Time,
+            {Rows, Lock, Held, Shown, Upload, Door, Happened, Time,
              [this] { return Answer.Awaited() || Sender.ReplyInProgress(); },
              [this] { return Out.Known(); }, [this] { return Remote.ControlsUsable(); },
              [this] {
@@ -134,11 +135,15 @@ POWER::Inside::Inside(POWER& window, SOURCE& source, const Surroundings& around)
       Sequence(Parts, Fields, Progress),
       Display(Controls, TimeAtOnce, {source, Out, Shown, Rows, Progress, Quality}),
       Replies(Parts, {*comPOWER, Answer, Out, Happened, Start, Polls, Quality, Functions, Shown,
-                      Log, Progress}) {
+                      Log, Progress}),
+      Pictures(Parts, Ways, Supply, Log),
+      Leaving(Parts, Ways,
+              {Out, Polls, Table, *comPOWER, [this] { EndExchanges(); },
+               [&window] { Q_EMIT window.Closed(); }}) {
     source.Rows = &Rows;
     Boxes.Attend(Lock, Door);
     Log.SetRunning([this] { return Out.On(); });
-    Log.SetSupply([this] { return OnLine(); });
+    Log.SetSupply([this] { return Supply.OnLine(); });
     Log.OnSums([this] { Controls.Plate.lblENERGY->Show(Log.RunSums()); });
     Out.OnChange([this] { ShowOutput(); });
     Out.OnReport([this] { ShowOutputState(Controls, Out.Known()); });
@@ -193,24 +198,6 @@ void POWER::Inside::ShowScrolled() {
     OvpUnderLoad = Out.On();
     Lock.ReleaseEditLock();
     Refresh();
-}
-
-SupplyOnLine POWER::Inside::OnLine() const {
-    const SOURCE& source = Parts.Source;
-    const QString port = QStringLiteral("COM%1").arg(source.CommPort);
-    const QString device = QString::fromStdString(comPOWER->Device());
-    return {.Model = QString::fromStdString(source.ModelName),
-            .Ratings = source.RatingsKnown() ? Ratings : QString(),
-            .Port = device.isEmpty() || device == port ? port : port + u' ' + device,
-            .Address = source.PowerAddr};
-}
-
-PictureTitle POWER::Inside::TitleOf(const QString& what) const {
-    const SupplyOnLine supply = OnLine();
-    QStringList words{supply.Model, supply.Ratings, supply.Port,
-                      QStringLiteral("주소 %1").arg(supply.Address)};
-    words.removeAll(QString());
-    return {what, words.join(QStringLiteral(" · ")), QDateTime::currentDateTime()};
 }
 
 bool POWER::Inside::SendTopStep() {
@@ -273,9 +260,6 @@ void POWER::ConnectMenus() {
     Self->Ways.Connect(*c.mnuHELP, [this] { Q_EMIT AboutWanted(); });
     Self->Ways.Connect(*c.mnuData_Clear, [this] { mnuData_Clear_Click(); });
     Self->Ways.Connect(*c.mnuData_CopyStatistics, [this] { Self->Log.CopyStatistics(); });
-    Self->Ways.Connect(*c.mnuData_Curve, [this] { mnuData_Curve_Click(); });
-    Self->Ways.Connect(*c.mnuData_Window, [this] { mnuData_Window_Click(); });
-    Self->Ways.Connect(*c.mnuPROGRAM_END, [this] { mnuPROGRAM_END_Click(); });
 }
 
 void POWER::OpenOther(void (POWER::*wanted)()) {
@@ -312,8 +296,7 @@ std::optional<serial::PortError> POWER::TakeBack() {
 }
 
 void POWER::ConnectionChanged() {
-    const bool hidden = !Self->Parts.Source.RatingsKnown() && !Self->Ratings.isEmpty();
-    Self->Controls.lblSPEC_VA->setText(hidden ? QStringLiteral("----") : Self->Ratings);
+    Self->Supply.ShowRatings();
     Self->Report.ShowConnection(Self->comPOWER->Device());
     Self->Shown.Refresh();
     Self->Rows.Repaint();
@@ -342,11 +325,11 @@ void POWER::ShowPanels(bool identified, bool checked) {
 }
 
 void POWER::ShowModel() {
-    Self->Controls.lblZPS_MODEL->setText(QString::fromStdString(Self->Parts.Source.ModelName));
+    Self->Supply.ShowModel();
 }
 
 void POWER::ShowRatings(const QString& ratings) {
-    Self->Ratings = ratings;
+    Self->Supply.RatingsRead(ratings);
     ConnectionChanged();
 }
 
@@ -403,59 +386,9 @@ void POWER::mnuData_Clear_Click() {
     Self->Log.Clear(c.txtSTEP->text(), c.txtVOLT->text(), c.txtCURR->text());
 }
 
-void POWER::mnuData_Curve_Click() {
-    CopyPicture(MakePicture(Self->Log.Curves(), Self->TitleOf(QStringLiteral("측정 데이터 그래프")),
-                            Self->Log.PictureNote()));
-    Self->Log.NoteCopied(QStringLiteral("그래프 그림 복사됨"));
-}
-
-void POWER::mnuData_Window_Click() {
-    CopyPicture(MakePicture(*this, Self->TitleOf(windowTitle())));
-    Self->Log.NoteCopied(QStringLiteral("창 그림 복사됨"));
-}
-
-namespace {
-
-Message EndQuestion(MessageIcon icon, const Output& output) {
-    return {icon, QStringLiteral("프로그램 종료"), QStringLiteral("프로그램을 종료합니다."),
-            MessageButtons::YesNo, output.On() ? Answer::No : Answer::Yes};
-}
-
-}  // namespace
-
-void POWER::mnuPROGRAM_END_Click() {
-    Self->Polls.Stop();
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Information, Self->Out)) != Answer::Yes)
-        return;
-    const int address = Self->Parts.Source.PowerAddr;
-    if (Self->comPOWER->PortOpen()) {
-        Self->Parts.Source.LayFrame(ProbeFrame(address, code::Dc1, address));
-        Self->Sender.TransmitFrame();
-        Self->comPOWER->SetPortOpen(false);
-    }
-    Self->EndExchanges();
-    Q_EMIT Closed();
-    QCoreApplication::exit(0);
-}
-
-bool POWER::MayUnload() {
-    if (Self->Boxes.Show(this, EndQuestion(MessageIcon::Question, Self->Out)) != Answer::Yes)
-        return false;
-    Self->EndExchanges();
-    if (Self->comPOWER->PortOpen()) {
-        Self->Sender.Send(ControlFrame(Self->Parts.Source.PowerAddr, code::Dc1), ExpectAck);
-        Self->comPOWER->SetPortOpen(false);
-    }
-    return true;
-}
-
 void POWER::closeEvent(QCloseEvent* event) {
     event->ignore();
-    Self->Ways.Run([&] {
-        if (!MayUnload()) return;
-        event->accept();
-        Q_EMIT Closed();
-    });
+    if (Self->Leaving.Close()) event->accept();
 }
 
 bool POWER::event(QEvent* event) {

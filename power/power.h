@@ -76,12 +76,8 @@ class POWER : public QMainWindow {
     void ConnectMenus();
     void OpenOther(void (POWER::*wanted)());
     void mnuData_Clear_Click();
-    void mnuData_Curve_Click();
-    void mnuData_Window_Click();
-    void mnuPROGRAM_END_Click();
     void lblORV_URL_DblClick(platform::WebBrowser& browser);
     void comPOWER_Event();
-    bool MayUnload();
 
     struct Inside;
     std::unique_ptr<Inside> Self;

@@ -37,6 +37,10 @@ struct TracedMessage {
 // Follows a trace and hands its messages on in their order. A frame is handed on together with what
 // came of it: as soon as it is answered, or with the next frame, the closing of the port, or after
 // LatestAnswer.
+//
+// A trace does not know which window was at the port. An acknowledgement counts as good where any
+// of them takes it: by its sum modulo 256, as the settings and test windows judge it. The main
+// window takes the whole sum, which differs only at addresses above 249, and nobody can choose one.
 class Exchanges {
   public:
     static constexpr std::chrono::seconds LatestAnswer{1};

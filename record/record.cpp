@@ -92,7 +92,7 @@ QWidget* RECORD::MakeLinePage() {
     auto* row = MakeRow(*tools);
     grdLINE = new RecordTable(QStringLiteral("grdLINE"), QStringLiteral("통신 기록 표"), LineRows);
     cmdPAUSE = MakeKeyed(QStringLiteral("cmdPAUSE"), QStringLiteral("일시 정지(&P)"));
-    connect(cmdPAUSE, &QPushButton::clicked, this, &RECORD::cmdPAUSE_Click);
+    connect(cmdPAUSE, &QPushButton::clicked, this, [this] { SetPaused(!LineRows.Paused()); });
     row->addWidget(MakeFilter());
     row->addStretch(1);
     row->addWidget(cmdPAUSE);
@@ -154,11 +154,11 @@ QWidget* RECORD::MakeFoot() {
     return foot;
 }
 
-void RECORD::cmdPAUSE_Click() {
-    const bool pause = !LineRows.Paused();
-    LineRows.SetPaused(pause);
-    cmdPAUSE->setText(pause ? QStringLiteral("계속(&P)") : QStringLiteral("일시 정지(&P)"));
-    if (!pause) grdLINE->ShowEnd();
+void RECORD::SetPaused(bool paused) {
+    if (paused == LineRows.Paused()) return;
+    LineRows.SetPaused(paused);
+    cmdPAUSE->setText(paused ? QStringLiteral("계속(&P)") : QStringLiteral("일시 정지(&P)"));
+    if (!paused) grdLINE->ShowEnd();
     ShowState();
 }
 
@@ -193,6 +193,7 @@ void RECORD::showEvent(QShowEvent* event) {
 void RECORD::hideEvent(QHideEvent* event) {
     QMainWindow::hideEvent(event);
     tmrRECORD.stop();
+    if (!event->spontaneous()) SetPaused(false);  // closed, not just put aside
 }
 
 void RECORD::keyPressEvent(QKeyEvent* event) {

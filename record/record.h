@@ -16,7 +16,7 @@
 namespace zps {
 
 // Takes no port and disturbs no other window. It looks for what has come some times a second while
-// it is shown, and does nothing while it is not.
+// it is shown, and does nothing while it is not. A pause ends when it is closed.
 class RECORD : public QMainWindow {
     Q_OBJECT
 
@@ -45,7 +45,7 @@ class RECORD : public QMainWindow {
     QPushButton* MakeCopy(const QString& name, RecordTable& table);
     void ShowPage(RecordTable& table);
     bool ShowsLine() const { return Tabs->currentIndex() == 0; }
-    void cmdPAUSE_Click();
+    void SetPaused(bool paused);
     void Refresh();
     void ShowState();
     void TellCopied(int rows);

@@ -90,6 +90,7 @@ void RecordTable::Follow() {
 }
 
 void RecordTable::Copy() {
+    Follow();
     std::vector<int> rows;
     for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(index.row());
     std::ranges::sort(rows);

@@ -26,6 +26,7 @@ void Transmitter::PutOut() {
     SentAt = Now();
     Port.DiscardInput();
     Port.Output(Source.TxFrame());
+    Told();
 }
 
 void Transmitter::AwaitOutstanding() {

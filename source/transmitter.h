@@ -34,6 +34,9 @@ class Transmitter {
     // has come.
     void OnOutstanding(std::function<void()> hear) { Hear = std::move(hear); }
 
+    // Called after each frame that has gone out; what had come before it is gone.
+    void OnSent(std::function<void()> told) { Told = std::move(told); }
+
     // Lays `frame`, notes the kind of reply it asks for, and sends it.
     void Send(Frame frame, std::int16_t replyFlag);
 
@@ -49,6 +52,7 @@ class Transmitter {
     std::function<Clock::time_point()> Now;
     Clock::time_point SentAt;
     std::function<void()> Hear = [] {};
+    std::function<void()> Told = [] {};
 };
 
 }  // namespace zps

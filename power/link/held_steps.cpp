@@ -24,6 +24,7 @@ void HeldSteps::Put(const Sent& sent, const Frame& frame) {
     try {
         Sender.Send(frame, ExpectAck);
     } catch (...) {
+        Answered = Reply::None;
         Refuse(sent);
         throw;
     }
@@ -63,6 +64,7 @@ void HeldSteps::Forget() {
 }
 
 void HeldSteps::Judge(const Sent& sent, Reply result) {
+    Answered = result;
     if (result == Reply::Ack && sent.Selects) MaybeAt.reset().set(Index(sent.Step));
     if (result != Reply::Ack || !IsAt(sent.Step)) {
         Refuse(sent);

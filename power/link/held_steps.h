@@ -53,6 +53,9 @@ class HeldSteps {
     // Whether the supply is known to have selected `step`.
     bool IsAt(int step) const { return MaybeAt.count() == 1 && MaybeAt.test(Index(step)); }
 
+    // The answer to the values judged last.
+    Reply LastAnswer() const { return Answered; }
+
     // Called whenever a mark or a refusal has changed.
     void OnChange(std::function<void()> told) { Told = std::move(told); }
     // Called when `values` of `step`, or with none its selection, have been refused or not
@@ -83,6 +86,7 @@ class HeldSteps {
     std::array<StepValues, StepCount> Refusals{};
     std::array<StepValues, StepCount> Changes{};
     std::bitset<StepCount> MaybeAt = std::bitset<StepCount>().set();  // the supply's selected step
+    Reply Answered = Reply::None;
     std::function<void()> Told = [] {};
     std::function<void(int, StepValues)> ToldRefusal = [](int, StepValues) {};
 };

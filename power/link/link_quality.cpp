@@ -9,7 +9,7 @@ LinkQuality::LinkQuality(const Timekeeper& time, std::function<bool()> outputOn)
 
 void LinkQuality::Restart() {
     Faults.fill(0);
-    Polls.Restart();  // an answer to the poll before would be one without a question
+    Polls.Restart();
 }
 
 void LinkQuality::OutputWentOn() {
@@ -23,6 +23,13 @@ void LinkQuality::Asked() {
     Polls.Asked(now);
     if (!UnansweredFrom || SinceAsked() > LongestGap) UnansweredFrom = now;
     LastAsked = now;
+}
+
+void LinkQuality::Overtaken() {
+    const auto open = Polls.OpenSince();
+    if (!open) return;
+    if (open == UnansweredFrom && Since(*open) <= LatestAnswer) UnansweredFrom.reset();
+    Polls.Overtaken(Time.Now());
 }
 
 bool LinkQuality::Answered(Reply result, std::size_t length) {

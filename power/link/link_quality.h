@@ -14,7 +14,7 @@
 
 namespace zps {
 
-// Counts from the last Restart on. Window thread only.
+// The counts of the run are those from the last Restart on. Window thread only.
 class LinkQuality {
   public:
     using Span = std::chrono::milliseconds;
@@ -22,12 +22,14 @@ class LinkQuality {
     // `outputOn` tells whether the output is believed on. Both outlive this.
     LinkQuality(const Timekeeper& time, std::function<bool()> outputOn);
 
-    // The operator is about to switch the output on: all counts are 0.
+    // The operator is about to switch the output on: a run begins, and all its counts are 0.
     void Restart();
     // An output period begins.
     void OutputWentOn();
     // A poll is out.
     void Asked();
+    // A frame that is no poll has gone out, or the polls have ended: an open poll gets no answer.
+    void Overtaken();
     // A receive event that found `length` bytes where a data reply was expected. Returns whether it
     // brings a reading: one to a poll that went out longer than LatestAnswer ago, as it may be
     // behind a message box, proves only that the supply answers.
@@ -38,7 +40,7 @@ class LinkQuality {
     std::optional<int> Count(Fate fault) const {
         return Faults.at(static_cast<std::size_t>(fault));
     }
-    // The polls since the last Restart, those of the last minute and all.
+    // All polls of the last minute, and those of the run.
     PollCounts LastMinute() const { return Polls.LastMinute(Time.Now()); }
     PollCounts WholeRun() const { return Polls.All(); }
     // Time since the last good data reply of the present output period, or since the output went on

@@ -33,6 +33,13 @@ int PollCounts::Asked() const {
     return std::accumulate(Count.begin(), Count.end(), 0);
 }
 
+void PollRecord::Restart() {
+    RunFrom = Total;
+    Count = {};
+    Responses = {};
+    LastTook.reset();
+}
+
 void PollRecord::Asked(Moment now) {
     if (OpenSince()) Close(Fate::Silent, 0ms);
     Polls.at(Total++ % Remembered) = {now};
@@ -48,16 +55,21 @@ void PollRecord::Became(Fate fate, Moment now) {
     if (!asked) return;
     const auto took = std::chrono::duration_cast<Span>(now - *asked);
     Close(fate, took);
-    if (fate != Fate::Answered) return;
+    if (fate != Fate::Answered || !NewestInRun()) return;
     LastTook = took;
     ++Responses.at(static_cast<std::size_t>(std::clamp(took, 0ms, LatestAnswer).count()));
+}
+
+void PollRecord::Overtaken(Moment now) {
+    const auto asked = OpenSince();
+    Became(asked && now - *asked > LatestAnswer ? Fate::Silent : Fate::Overtaken, now);
 }
 
 void PollRecord::Close(Fate fate, Span took) {
     Poll& newest = Polls.at((Total - 1) % Remembered);
     newest.Took = took;
     newest.Is = fate;
-    ++Count.at(static_cast<std::size_t>(fate));
+    if (NewestInRun()) ++Count.at(static_cast<std::size_t>(fate));
 }
 
 PollCounts PollRecord::LastMinute(Moment now) const {
@@ -79,7 +91,7 @@ PollCounts PollRecord::LastMinute(Moment now) const {
 
 PollCounts PollRecord::All() const {
     PollCounts all{Count, LastTook, Within(Responses, 50), Within(Responses, 99)};
-    if (OpenSince()) ++all.Count.at(static_cast<std::size_t>(Fate::Open));
+    if (NewestInRun() && OpenSince()) ++all.Count.at(static_cast<std::size_t>(Fate::Open));
     return all;
 }
 

@@ -20,6 +20,7 @@ Polling::Polling(SOURCE& source, Transmitter& line, Timekeeper& time, LinkQualit
       OutputOn(std::move(outputOn)),
       tmrDLE(time.MakeTicker("tmrDLE", PollInterval)),
       tmrWATCH(time.MakeTicker("tmrWATCH", LongestSilence)) {
+    line.OnSent([this] { Sent(); });
     tmrDLE->OnTick([this] { Poll(); });
     tmrWATCH->OnTick([this] { tmrWATCH_Timer(); });
 }
@@ -32,6 +33,7 @@ void Polling::Start() {
 void Polling::End() {
     tmrDLE->SetEnabled(false);
     tmrWATCH->SetEnabled(false);
+    Quality.Overtaken();  // nobody listens to an answer that is still to come
 }
 
 void Polling::ReplyHandled() {
@@ -45,7 +47,13 @@ void Polling::ReplyHandled() {
 
 void Polling::Poll() {
     Sender.Send(ControlFrame(Source.PowerAddr, code::Dle), ExpectData);
-    Quality.Asked();
+}
+
+void Polling::Sent() {
+    if (Source.ReplyFlag() == ExpectData)
+        Quality.Asked();
+    else
+        Quality.Overtaken();
 }
 
 void Polling::tmrWATCH_Timer() {

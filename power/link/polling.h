@@ -32,6 +32,7 @@ class Polling {
     void Poll();
 
   private:
+    void Sent();
     void tmrWATCH_Timer();
 
     SOURCE& Source;

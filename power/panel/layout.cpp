@@ -52,10 +52,11 @@ void MakeTableMenu(PowerControls& controls, QMenu& data) {
     controls.mnuData_Copy = copy->menuAction();
 }
 
-void OfferTableMenu(const PowerControls& controls) {
-    controls.fraSTEPLIST->setContextMenuPolicy(Qt::ActionsContextMenu);
-    controls.fraSTEPLIST->addActions({controls.mnuData_Copy, controls.mnuData_Paste,
-                                      controls.mnuData_Undo, controls.mnuData_Send});
+// At what is about the list, for a list that can't be used can still be copied.
+void OfferTableMenu(const PowerControls& controls, QWidget& box) {
+    box.setContextMenuPolicy(Qt::ActionsContextMenu);
+    box.addActions({controls.mnuData_Copy, controls.mnuData_Paste, controls.mnuData_Undo,
+                    controls.mnuData_Send});
 }
 
 void MakeMenus(PowerControls& controls, QMenuBar& bar) {
@@ -116,7 +117,7 @@ QWidget* MakeSteps(PowerControls& controls) {
     column->setContentsMargins(Inset, Inset, Inset, Inset);
     column->setSpacing(Inset);
     MakeStepList(controls);
-    OfferTableMenu(controls);
+    OfferTableMenu(controls, *box);
     column->addWidget(controls.fraSTEPLIST, 1);
     column->addWidget(MakeAutoSequence(controls));
     return box;

@@ -10,7 +10,6 @@
 #include <QHBoxLayout>
 
 #include <array>
-#include <optional>
 
 namespace zps {
 
@@ -38,11 +37,16 @@ struct CounterKind {
     const char* Name;
     const char* Caption;
     const char* What;
+    const char* Meaning;
 };
 constexpr std::array CounterKinds{
-    CounterKind{&PowerControls::lblZPS_ERR, "lblZPS_ERR", "무응답", "무응답 횟수"},
-    CounterKind{&PowerControls::lblZPS_ERR1, "lblZPS_ERR1", "길이", "길이 오류 횟수"},
-    CounterKind{&PowerControls::lblZPS_ENQ, "lblZPS_ENQ", "헤더", "헤더 오류 횟수"},
+    CounterKind{&PowerControls::lblZPS_ERR, "lblZPS_ERR", "무응답", "무응답 횟수",
+                "수신 알림은 왔으나 바이트가 하나도 없던 횟수입니다. 알림도 오지 않은 조회는 "
+                "아래의 응답 없음에 듭니다."},
+    CounterKind{&PowerControls::lblZPS_ERR1, "lblZPS_ERR1", "길이", "길이 오류 횟수",
+                "데이터 응답이 14바이트가 아니던 횟수입니다."},
+    CounterKind{&PowerControls::lblZPS_ENQ, "lblZPS_ENQ", "헤더", "헤더 오류 횟수",
+                "14바이트이지만 주소, STX, 길이가 틀린 횟수입니다."},
 };
 
 QWidget* MakeCounters(PowerControls& controls) {
@@ -50,7 +54,7 @@ QWidget* MakeCounters(PowerControls& controls) {
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     row->addStretch(1);
-    for (const auto& [label, name, caption, what] : CounterKinds) {
+    for (const auto& [label, name, caption, what, meaning] : CounterKinds) {
         controls.*label = MakeCounter(QString::fromUtf8(name), QString::fromUtf8(what));
         row->addSpacing(8);
         row->addWidget(MakeLabel({}, QString::fromUtf8(caption)));
@@ -73,8 +77,13 @@ NumberPanels* MakeBytes() {
     return bytes;
 }
 
-QString InMilliseconds(const std::optional<LinkQuality::Span>& time) {
-    return time ? QStringLiteral("%1 ms").arg(time->count()) : QStringLiteral("없음");
+// Where one of them is known, all are.
+QString ResponseTimes(const PollCounts& polls) {
+    if (!polls.Last || !polls.Median || !polls.Within99) return QStringLiteral("-");
+    return QStringLiteral("마지막 %1 ms, 중앙값 %2 ms, 99% %3 ms 이내")
+        .arg(polls.Last->count())
+        .arg(polls.Median->count())
+        .arg(polls.Within99->count());
 }
 
 struct LossName {
@@ -93,17 +102,16 @@ QString InWords(const QString& span, const PollCounts& polls) {
         if (polls.Of(is) > 0)
             lost += QStringLiteral("%1 %2회").arg(QString::fromUtf8(words)).arg(polls.Of(is));
     }
-    return QStringLiteral(
-               "%1: 조회 %2회, 올바른 응답 %3회, 잃음 %4회%5 · "
-               "응답 시간: 마지막 %6, 중앙값 %7, 99% %8 이내")
+    const int overtaken = polls.Of(Fate::Overtaken);
+    return QStringLiteral("%1: 조회 %2회, 올바른 응답 %3회%4, 잃음 %5회%6 · 응답 시간: %7")
         .arg(span)
         .arg(polls.Asked())
         .arg(polls.Of(Fate::Answered))
+        .arg(overtaken > 0 ? QStringLiteral(", 밀려남 %1회").arg(overtaken) : QString())
         .arg(polls.Lost())
         .arg(lost.isEmpty() ? QString()
                             : QStringLiteral(" (%1)").arg(lost.join(QStringLiteral(", "))),
-             InMilliseconds(polls.Last), InMilliseconds(polls.Median),
-             InMilliseconds(polls.Within99));
+             ResponseTimes(polls));
 }
 
 }  // namespace
@@ -132,13 +140,14 @@ QString QualityText(const LinkQuality& quality) {
 }
 
 void DescribeLink(PowerControls& controls, const LinkQuality& quality) {
-    const auto words = [&quality](const QString& what) {
-        return what + u'\n' + QualityText(quality);
+    const auto describe = [&quality](QLabel& label, const QString& what) {
+        new LiveToolTip(label, [&quality, what] { return what + u'\n' + QualityText(quality); });
     };
-    new LiveToolTip(*controls.lblPOLL, [words] { return words(QStringLiteral("통신 상태")); });
+    describe(*controls.lblPOLL, QStringLiteral("통신 상태"));
     for (const CounterKind& kind : CounterKinds) {
-        const QString what = QString::fromUtf8(kind.What);
-        new LiveToolTip(*(controls.*kind.Label), [words, what] { return words(what); });
+        describe(*(controls.*kind.Label),
+                 QStringLiteral("%1: %2").arg(QString::fromUtf8(kind.What),
+                                              QString::fromUtf8(kind.Meaning)));
     }
 }
 

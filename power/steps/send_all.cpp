@@ -63,11 +63,17 @@ void SendAll::tmrSEND_Timer() {
 void SendAll::JudgeAnswer() {
     const int step = *std::exchange(Now.Step, std::nullopt);
     if (!IsHeld(step)) {
-        if (!Now.Refused) Now.Refused = step;
+        NoteRefusal(step);
         DropRest();
     } else if (step != Now.Before || BeforeUnsent) {
         ++Now.Sent;
     }
+}
+
+void SendAll::NoteRefusal(int step) {
+    if (Now.Refused) return;
+    Now.Refused = step;
+    Now.Answer = Around.Held.LastAnswer();
 }
 
 void SendAll::SendNext() {
@@ -78,7 +84,7 @@ void SendAll::SendNext() {
     try {
         Around.Upload(step);
     } catch (...) {
-        if (!Now.Refused) Now.Refused = step;
+        NoteRefusal(step);
         End();
         throw;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/link/held_steps.h"
+#include "source/reply.h"
 #include "source/timekeeper.h"
 
 #include <deque>
@@ -49,6 +50,7 @@ class SendAll {
         bool Cancelled = false;
         bool OutputOn = false;         // it has ended because of that
         std::optional<int> Refused{};  // the first step that the supply did not take
+        Reply Answer = Reply::None;    // and what it said to it
         int Before = 0;                // the step that was selected
         bool Reselected = false;       // it is selected again, with its values
     };
@@ -59,6 +61,7 @@ class SendAll {
   private:
     void tmrSEND_Timer();
     void JudgeAnswer();
+    void NoteRefusal(int step);
     void SendNext();
     void DropRest();
     void End();

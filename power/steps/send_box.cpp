@@ -3,6 +3,7 @@
 #include "power/steps/table_messages.h"
 
 #include <QProgressBar>
+#include <QPushButton>
 
 namespace zps {
 
@@ -25,6 +26,10 @@ void SendBox::Open(int steps) {
     Box->setMinimumWidth(width);
     Box->findChild<QProgressBar*>()->setAccessibleName(QStringLiteral("송신한 단계"));
     QObject::connect(Box, &QProgressDialog::canceled, Box, [this] { Cancel(); });
+    // Whoever goes on typing must not end it by Enter: the button is reached by Tab.
+    Box->findChild<QPushButton*>()->setAutoDefault(false);
+    Box->setFocusPolicy(Qt::StrongFocus);
+    Box->setFocus();
     Box->show();
 }
 

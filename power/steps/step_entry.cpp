@@ -1,5 +1,6 @@
 #include "power/steps/step_entry.h"
 
+#include "power/steps/live_text.h"
 #include "power/steps/messages.h"
 #include "source/numbers.h"
 
@@ -107,6 +108,8 @@ void StepEntry::Send(const StepField& kind) {
         Around.Held.Select(step, Only(kind.Value),
                            SelectingValueFrame(address, step, kind.Value, wire));
     }
+    if (Around.OutputOn())
+        Around.Happened.Note(EventKind::Switched, LiveText(Parts.Source, step, Only(kind.Value)));
 }
 
 }  // namespace zps

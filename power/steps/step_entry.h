@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/link/held_steps.h"
+#include "power/link/history.h"
 #include "power/link/polling.h"
 #include "power/panel/power_parts.h"
 #include "power/panel/read_outs.h"
@@ -25,6 +26,7 @@ class StepEntry {
         HeldSteps& Held;
         Polling& Polls;
         ReadOuts& Shown;
+        History& Happened;
         std::function<bool()> OutputOn;
     };
     StepEntry(PowerParts& parts, Surround around);

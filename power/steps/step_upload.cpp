@@ -1,5 +1,6 @@
 #include "power/steps/step_upload.h"
 
+#include "power/steps/live_text.h"
 #include "power/steps/messages.h"
 #include "source/numbers.h"
 
@@ -29,6 +30,7 @@ void StepUpload::txPSTEP_Click(int row) {
     const Frame frame = SelectStepFrame(Parts.Source.PowerAddr, step);
     Select(step);
     Around.Held.Select(step, {}, frame);
+    Around.Happened.Note(EventKind::Switched, LiveText(Parts.Source, step, AllValues()));
 }
 
 void StepUpload::SendTopStep() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "power/link/held_steps.h"
+#include "power/link/history.h"
 #include "power/link/polling.h"
 #include "power/panel/power_parts.h"
 #include "power/panel/read_outs.h"
@@ -21,6 +22,7 @@ class StepUpload {
         HeldSteps& Held;
         Polling& Polls;
         ReadOuts& Shown;
+        History& Happened;
         std::function<bool()> OutputOn;
     };
     StepUpload(PowerParts& parts, Commands& commands, Surround around);

@@ -13,11 +13,11 @@ TableMenu::TableMenu(PowerParts& parts, Commands& commands, Surround around)
       Ways(commands),
       Around(std::move(around)),
       Pasted(Parts.Source, Around.Held),
-      Sending(Around.Time, {Parts.Source, Around.Held, Around.AnswerDue,
+      Uploads(Around.Time, {Parts.Source, Around.Held, Around.AnswerDue,
                             [this] { return Around.Rows.CurStep(); },
                             [this](int step) { Around.Upload.Send(step); },
                             [this] { return Around.Output() == OutputState::Off; }}),
-      Progress(Parts.Window, [this] { Parts.Events.Run([this] { Sending.Cancel(); }); }),
+      Progress(Parts.Window, [this] { Parts.Events.Run([this] { Uploads.Cancel(); }); }),
       Range(new CopyRange(Parts.Window, [this](int first, int last) {
           Ways.Run([=, this] { Copy(first, last); }, Commands::OpenEntry::LeaveOpen);
       })) {
@@ -29,8 +29,8 @@ TableMenu::TableMenu(PowerParts& parts, Commands& commands, Surround around)
     Ways.Connect(*c.mnuData_Paste, [this] { mnuData_Paste_Click(); });
     Ways.Connect(*c.mnuData_Undo, [this] { mnuData_Undo_Click(); });
     Ways.Connect(*c.mnuData_Send, [this] { mnuData_Send_Click(); });
-    Sending.OnProgress([this](const SendAll::Report& report) { Progress.Show(report); });
-    Sending.OnEnd([this](const SendAll::Report& report) { SendingEnded(report); });
+    Uploads.OnProgress([this](const SendAll::Report& report) { Progress.Show(report); });
+    Uploads.OnEnd([this](const SendAll::Report& report) { SendingEnded(report); });
 }
 
 bool TableMenu::May(TableJob job) {
@@ -39,8 +39,15 @@ bool TableMenu::May(TableJob job) {
                      .Remote = Around.Remote()};
     if (const auto row = Around.Lock.EditedRow()) state.EditedStep = Around.Rows.StepOf(*row);
     const auto objection = Objection(job, state);
-    if (objection) Show(*objection);
+    if (objection) Tell(*objection);
     return !objection;
+}
+
+void TableMenu::Tell(const Message& message) {
+    if (Around.Output() == OutputState::On)
+        Around.Happened.Note(EventKind::NotDone, InOneLine(message));
+    else
+        Parts.Boxes.Show(&Parts.Window, message);
 }
 
 // The bytes are given as they are: some systems would put line ends of their own into a text.
@@ -59,19 +66,20 @@ void TableMenu::mnuData_Copy_Range_Click() {
 void TableMenu::mnuData_Paste_Click() {
     if (!May(TableJob::Paste)) return;
     const QString text = QGuiApplication::clipboard()->text();
-    if (text.size() > static_cast<qsizetype>(LongestTable)) return Show(PasteRefusal(TooLarge{}));
+    if (text.size() > static_cast<qsizetype>(LongestTable)) return Tell(PasteRefusal(TooLarge{}));
     const ReadSteps read = ReadTable(text.toStdString(), Parts.Source, Around.Rows.TopStep());
+    if (const auto* values = std::get_if<std::vector<NewValue>>(&read)) return Paste(*values);
     if (const auto* bad = std::get_if<BadCell>(&read)) {
-        Show(PasteRefusal(*bad, Parts.Source));
-    } else if (const auto* values = std::get_if<std::vector<NewValue>>(&read)) {
-        Paste(*values);
+        Tell(PasteRefusal(*bad, Parts.Source));
+    } else if (std::holds_alternative<Ambiguous>(read)) {
+        Tell(PasteRefusal(Ambiguous{}));
     } else {
-        Show(PasteRefusal(TooLarge{}));
+        Tell(PasteRefusal(TooLarge{}));
     }
 }
 
 void TableMenu::Paste(const std::vector<NewValue>& values) {
-    if (values.empty()) return Show(NothingToPaste());
+    if (values.empty()) return Tell(NothingToPaste());
     const auto changed = Pasted.Store(values);
     ShowChanged(changed);
     Parts.Controls.fraSTEPLEGEND->Tell(PastedText(static_cast<int>(values.size() / StepValueCount),
@@ -80,7 +88,7 @@ void TableMenu::Paste(const std::vector<NewValue>& values) {
 
 void TableMenu::mnuData_Undo_Click() {
     if (!May(TableJob::Undo)) return;
-    if (!Pasted.CanUndo()) return Show(NothingToUndo());
+    if (!Pasted.CanUndo()) return Tell(NothingToUndo());
     const auto changed = Pasted.Undo();
     ShowChanged(changed);
     Parts.Controls.fraSTEPLEGEND->Tell(UndoneText(static_cast<int>(changed.count())));
@@ -94,21 +102,29 @@ void TableMenu::ShowChanged(const std::bitset<StepCount>& steps) {
 
 void TableMenu::mnuData_Send_Click() {
     if (!May(TableJob::Send)) return;
-    if (Sending.Unsent().empty()) return Show(NothingToSend());
+    if (Uploads.Unsent().empty()) return Tell(NothingToSend());
     Around.CallOffStart();
     Shut.emplace(Around.Door);
-    Sending.Start();
+    Uploads.Start();
 }
 
 void TableMenu::SendingEnded(const SendAll::Report& report) {
     Shut.reset();
     Progress.Close();
     Parts.Controls.fraSTEPLEGEND->Tell(SentText(report));
-    if (const auto trouble = SendingTrouble(report)) Show(*trouble);
+    const auto trouble = SendingTrouble(report);
+    Around.Happened.Note(trouble ? EventKind::NotDone : EventKind::Switched, SendingEvent(report));
+    if (trouble) Tell(*trouble);
+}
+
+void TableMenu::LetIn(const std::function<void()>& command) {
+    Shut.reset();
+    Ways.Run(command);
+    if (Sending()) Shut.emplace(Around.Door);
 }
 
 void TableMenu::CallOff() {
-    Sending.CallOff();
+    Uploads.CallOff();
     Shut.reset();
     Progress.Close();
 }

@@ -1,6 +1,7 @@
 // The commands of the step table as a whole: copy, paste, take back, and send what is not sent.
 #pragma once
 
+#include "power/link/history.h"
 #include "power/panel/gate.h"
 #include "power/panel/output_state.h"
 #include "power/panel/power_parts.h"
@@ -29,6 +30,7 @@ class TableMenu {
         ReadOuts& Shown;
         StepUpload& Upload;
         Gate& Door;
+        History& Happened;
         Timekeeper& Time;
         std::function<bool()> AnswerDue;  // the last frame may still be answered
         std::function<OutputState()> Output;
@@ -40,8 +42,12 @@ class TableMenu {
 
     // The table is that of another supply, which can't be got back.
     void TableReset() { Pasted.Forget(); }
+    bool Sending() const { return Uploads.Running(); }
     // Nothing is sent any more.
     void CallOff();
+    // Runs `command` in the way of all commands, also while steps are sent and nothing else is let
+    // in. No step is sent meanwhile; behind it the sending goes on if it has not been called off.
+    void LetIn(const std::function<void()>& command);
 
   private:
     void Copy(int first, int last);
@@ -54,13 +60,14 @@ class TableMenu {
     void SendingEnded(const SendAll::Report& report);
     // Whether `job` may be done now; tells why not.
     bool May(TableJob job);
-    void Show(const Message& message) { Parts.Boxes.Show(&Parts.Window, message); }
+    // By a box; during a run, whose polls a box would stop, by the line of the last event.
+    void Tell(const Message& message);
 
     PowerParts& Parts;
     Commands& Ways;
     Surround Around;
     TablePaste Pasted;
-    SendAll Sending;
+    SendAll Uploads;
     SendBox Progress;
     std::optional<Gate::Shut> Shut;  // while steps are sent
     CopyRange* Range;                // the window's

@@ -58,6 +58,12 @@ QString Quoted(const std::string& cell) {
     return text;
 }
 
+QString AnswerText(Reply answer) {
+    if (answer == Reply::None) return QStringLiteral("전원 장치가 응답하지 않았습니다.");
+    return answer == Reply::Nak ? QStringLiteral("전원 장치가 거부했습니다.")
+                                : QStringLiteral("전원 장치의 응답이 잘못되었습니다.");
+}
+
 QString RangeOf(std::size_t column, const SOURCE& source) {
     if (column == StepColumn) return QStringLiteral("00 ~ 99, 단계마다 한 번");
     if (column >= TableColumns)
@@ -97,6 +103,17 @@ Message PasteRefusal(const TooLarge& /*text*/) {
                                                  "아무 값도 바꾸지 않았습니다."));
 }
 
+Message PasteRefusal(const Ambiguous& /*text*/) {
+    Message message = About(
+        TableJob::Paste,
+        QStringLiteral("첫 열이 단계 번호인지 전압인지 알 수 없습니다.\n머리글 줄과 함께 다시 "
+                       "복사하십시오.\n아무 값도 바꾸지 않았습니다."));
+    message.Meaning = QStringLiteral(
+        "STEP부터 O.V.P(V)까지 여섯 열이거나, VOLTAGE(V)부터 O.V.P(V)까지 다섯 열과 "
+        "그 머리글이어야 합니다.");
+    return message;
+}
+
 Message NothingToPaste() {
     return About(TableJob::Paste, QStringLiteral("클립보드에 단계표가 없습니다."));
 }
@@ -107,6 +124,10 @@ Message NothingToUndo() {
 
 Message NothingToSend() {
     return About(TableJob::Send, QStringLiteral("값을 바꾸고 송신하지 않은 단계가 없습니다."));
+}
+
+QString InOneLine(const Message& message) {
+    return (message.Title + QStringLiteral(": ") + message.Text).simplified();
 }
 
 QString CopiedText(int first, int last) {
@@ -138,8 +159,8 @@ QString SentText(const SendAll::Report& report) {
 std::optional<Message> SendingTrouble(const SendAll::Report& report) {
     QStringList lines;
     if (report.Refused)
-        lines += QStringLiteral("단계 %1: 전원 장치가 거부했거나 응답하지 않았습니다.")
-                     .arg(StepText(*report.Refused));
+        lines +=
+            QStringLiteral("단계 %1: %2").arg(StepText(*report.Refused), AnswerText(report.Answer));
     if (report.OutputOn) lines += QStringLiteral("출력이 꺼져 있지 않아 멈췄습니다.");
     if (!report.Reselected)
         lines +=
@@ -152,6 +173,10 @@ std::optional<Message> SendingTrouble(const SendAll::Report& report) {
     Message message = About(TableJob::Send, lines.join(u'\n'));
     message.Icon = MessageIcon::Warning;
     return message;
+}
+
+QString SendingEvent(const SendAll::Report& report) {
+    return InOneLine(SendingTrouble(report).value_or(About(TableJob::Send, SentText(report))));
 }
 
 }  // namespace zps

@@ -27,9 +27,13 @@ std::optional<Message> Objection(TableJob job, const TableState& state);
 // Why nothing has been pasted.
 Message PasteRefusal(const BadCell& cell, const SOURCE& source);
 Message PasteRefusal(const TooLarge& text);
+Message PasteRefusal(const Ambiguous& text);
 Message NothingToPaste();
 Message NothingToUndo();
 Message NothingToSend();
+
+// Title and text of a message where there is no box for it.
+QString InOneLine(const Message& message);
 
 // The line about a text that has been copied or pasted, or about steps sent.
 QString CopiedText(int first, int last);
@@ -39,5 +43,7 @@ QString ProgressText(const SendAll::Report& report);
 QString SentText(const SendAll::Report& report);
 // What has to be looked at once sending has ended; none if everything has come out or was wanted.
 std::optional<Message> SendingTrouble(const SendAll::Report& report);
+// What the history keeps of it.
+QString SendingEvent(const SendAll::Report& report);
 
 }  // namespace zps

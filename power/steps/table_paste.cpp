@@ -3,6 +3,7 @@
 #include "power/steps/step_fields.h"
 #include "source/numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -16,17 +17,24 @@ std::size_t At(int step) {
     return static_cast<std::size_t>(step);
 }
 
+// The columns that a table has, by TableColumns.
+struct ColumnRange {
+    std::size_t First;
+    std::size_t End;
+};
+constexpr ColumnRange WithSteps{StepColumn, TableColumns};
+constexpr ColumnRange ValuesOnly{StepColumn + 1, TableColumns};
+constexpr ColumnRange StepsWithoutOvp{StepColumn, TableColumns - 1};
+
 class Reader {
   public:
-    Reader(const SOURCE& source, int top) : Source(source), NextStep(top) {}
+    Reader(const SOURCE& source, int top, ColumnRange columns)
+        : Source(source), NextStep(top), Columns(columns) {}
 
     // Whether all of `table` could be read.
     bool Read(const SplitTable& table) {
-        FirstColumn = table.HasSteps ? StepColumn : StepColumn + 1;
-        for (const Line& line : table.Lines) {
-            if (!ReadLine(line)) return false;
-        }
-        return true;
+        return std::ranges::all_of(table.Lines,
+                                   [this](const Line& line) { return ReadLine(line); });
     }
 
     std::vector<NewValue> Values;
@@ -36,18 +44,18 @@ class Reader {
     bool ReadLine(const Line& line) {
         const auto step = StepOf(line);
         if (!step) return false;
-        for (std::size_t value = 0; value < StepValueCount; ++value) {
-            if (!ReadValue(line, *step, StepFields().at(value))) return false;
+        for (std::size_t column = StepColumn + 1; column < Columns.End; ++column) {
+            if (!ReadValue(line, *step, StepFields().at(column - 1))) return false;
         }
-        const std::size_t behind = TableColumns - FirstColumn;
+        const std::size_t behind = Columns.End - Columns.First;
         for (std::size_t cell = behind; cell < line.Cells.size(); ++cell) {
-            if (!line.Cells[cell].empty()) return Refuse(line, FirstColumn + cell);
+            if (!line.Cells[cell].empty()) return Refuse(line, Columns.First + cell);
         }
         return true;
     }
 
     std::optional<int> StepOf(const Line& line) {
-        const bool numbered = FirstColumn == StepColumn;
+        const bool numbered = Columns.First == StepColumn;
         const auto number = numbered ? WholeNumber(CellOf(line, StepColumn)) : NextStep++;
         const bool good = number && *number >= 0 && *number < StepCount &&
                           *number == std::trunc(*number) &&
@@ -78,28 +86,49 @@ class Reader {
 
     const std::string& CellOf(const Line& line, std::size_t column) const {
         static const std::string nothing;
-        const std::size_t place = column - FirstColumn;
+        const std::size_t place = column - Columns.First;
         return place < line.Cells.size() ? line.Cells[place] : nothing;
     }
 
     bool Refuse(const Line& line, std::size_t column) {
-        const bool numbered = FirstColumn == StepColumn || column > StepColumn;
+        const bool numbered = Columns.First == StepColumn || column > StepColumn;
         Bad = {line.Number, column, numbered ? CellOf(line, column) : std::string()};
         return false;
     }
 
     const SOURCE& Source;
     int NextStep;
-    std::size_t FirstColumn = StepColumn;
+    ColumnRange Columns;
     std::bitset<StepCount> Seen;
 };
+
+bool HasFiveColumns(const SplitTable& table) {
+    return !table.Lines.empty() && table.Lines.front().Columns == TableColumns - 1;
+}
+
+// Whether the first column counts steps up.
+bool CountsSteps(const SplitTable& table) {
+    std::optional<double> before;
+    for (const Line& line : table.Lines) {
+        const auto number = line.Cells.empty() ? std::nullopt : WholeNumber(line.Cells.front());
+        const bool step =
+            number && *number >= 0 && *number < StepCount && *number == std::trunc(*number);
+        if (!step || (before && *number != *before + 1)) return false;
+        before = number;
+    }
+    return table.Lines.size() > 1;
+}
 
 }  // namespace
 
 ReadSteps ReadTable(std::string_view text, const SOURCE& source, int top) {
     if (text.size() > LongestTable) return TooLarge{};
-    Reader reader(source, top);
-    if (!reader.Read(SplitTableText(text))) return reader.Bad;
+    const SplitTable table = SplitTableText(text);
+    const bool doubtful = !table.Captioned && HasFiveColumns(table);
+    if (doubtful && CountsSteps(table)) return Ambiguous{};
+    Reader reader(source, top, table.HasSteps ? WithSteps : ValuesOnly);
+    if (!reader.Read(table)) return reader.Bad;
+    if (doubtful && Reader(source, top, StepsWithoutOvp).Read(table)) return Ambiguous{};
     return std::move(reader.Values);
 }
 

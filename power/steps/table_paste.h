@@ -26,11 +26,15 @@ struct BadCell {
 
 struct TooLarge {};
 
+// Five columns without captions whose first one may be the numbers of the steps as well as their
+// voltages.
+struct Ambiguous {};
+
 // The values that `text` has for the steps; for those from `top` on, where it does not number them.
 // A cell must be a number as a whole, in the range of its field; one that says what is on display
 // already is always good. Each step comes once. The first cell that is not so is named. Nothing is
 // stored. The ratings are known.
-using ReadSteps = std::variant<std::vector<NewValue>, BadCell, TooLarge>;
+using ReadSteps = std::variant<std::vector<NewValue>, BadCell, TooLarge, Ambiguous>;
 ReadSteps ReadTable(std::string_view text, const SOURCE& source, int top);
 
 // Nothing is sent by any of it: the steps are marked as not sent. A step that is held and whose

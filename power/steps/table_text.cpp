@@ -118,9 +118,9 @@ SplitTable SplitTableText(std::string_view text) {
     if (table.Lines.empty()) return table;
     const std::vector<std::string>& first = table.Lines.front().Cells;
     const bool values = AreCaptions(first, StepColumn + 1);
-    const bool captions = values || AreCaptions(first, StepColumn);
+    table.Captioned = values || AreCaptions(first, StepColumn);
     table.HasSteps = !values && table.Lines.front().Columns >= TableColumns;
-    if (captions) table.Lines.erase(table.Lines.begin());
+    if (table.Captioned) table.Lines.erase(table.Lines.begin());
     return table;
 }
 

@@ -26,7 +26,8 @@ struct SplitTable {
         std::vector<std::string> Cells;  // trimmed; without blank ones behind the last filled one
         std::size_t Columns;             // with those
     };
-    bool HasSteps = true;  // else the first column is that of the first value
+    bool HasSteps = true;   // else the first column is that of the first value
+    bool Captioned = true;  // else the number of columns tells
     std::vector<Line> Lines;
 };
 

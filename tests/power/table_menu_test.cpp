@@ -4,7 +4,9 @@
 #include "tests/power/run_panel.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLocale>
+#include <QMenu>
 #include <QProcess>
 #include <QProgressDialog>
 #include <QStandardPaths>
@@ -37,6 +39,11 @@ class TableMenu : public StepTest {
         for (const char* name : {"txPVOLT", "txPCURR", "txPTIME", "txPSLOPE", "txPOVP"})
             texts += InRow(row, name).text();
         return texts.join(' ').toStdString();
+    }
+    std::string LastEvent() {
+        const History& past = Main().Happened();
+        const PanelEvent& last = past.Get(past.End() - 1);
+        return (NameOf(last.Kind) + ": " + last.Text).toStdString();
     }
     std::string Told() { return Text("lblTABLE").toStdString(); }
     QString LastBox() {
@@ -124,7 +131,14 @@ TEST_F(TableMenu, IsRefusedWithTheReasonAndCommitsAnOpenEntryFirst) {
     refused("단계 04의 값을 고치는 중");
     Upload(4);
     ASSERT_TRUE(SwitchOn());
-    refused("출력이 켜져");
+    for (const auto& [menu, what] : {std::pair{"mnuData_Paste", "단계표 붙여넣기"},
+                                     {"mnuData_Undo", "붙여넣기 되돌리기"},
+                                     {"mnuData_Send", "단계 송신"}}) {
+        Choose(menu);
+        EXPECT_TRUE(Text("lblNOTICE").contains(QString(what) + ": 출력이 켜져 있습니다."));
+    }
+    EXPECT_TRUE(Boxes.Shown.empty());  // a box would stop the polls
+    EXPECT_EQ(Source().StepVolt(3), "0.00");
     ASSERT_TRUE(Press("cmdOUTPUT"));
     Source().Forget();
     refused("DATA 확인");
@@ -133,6 +147,20 @@ TEST_F(TableMenu, IsRefusedWithTheReasonAndCommitsAnOpenEntryFirst) {
     ASSERT_TRUE(WaitFor([&] { return Source().StepFlag(0); }) && Settle());
     ASSERT_TRUE(Press("cmdPREMOTE"));
     refused("LOCAL");
+    auto& barred = InRow(3, "txPVOLT");
+    const QAction* offered = nullptr;
+    QTimer::singleShot(0, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return;
+        offered = menu->actions().value(0);
+        menu->close();
+    });
+    QContextMenuEvent ask(QContextMenuEvent::Mouse, {5, 5}, barred.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&barred, &ask);
+    ASSERT_TRUE(!barred.isEnabled() && offered != nullptr);
+    EXPECT_TRUE(offered->menu()->actions().contains(&Get<QAction>("mnuData_Copy_All")));
+    Choose("mnuData_Copy_All");
+    EXPECT_TRUE(Clipboard().startsWith(Captions));
     Boxes.WhileUp = [&](const Message&) { Paste(good); };
     Choose("mnuData_Send");
     EXPECT_EQ(Boxes.Shown.size(), 1U);  // nothing gets past a box
@@ -148,19 +176,51 @@ TEST_F(TableMenu, WhileStepsAreSentTheWindowTakesNothingButACancel) {
     Click("cmdOUTPUT");
     Choose("mnuData_Paste");
     QTest::keyClick(&Main(), Qt::Key_F9);
+    EXPECT_FALSE(box->findChild<QPushButton*>()->hasFocus());  // some desktops press it by Enter
+    QTest::keyClick(box->focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(box->wasCanceled());
     QTest::mouseClick(box->findChild<QPushButton*>(), Qt::LeftButton);
     ASSERT_TRUE(WaitFor([&] { return Main().findChild<QProgressDialog*>() == nullptr; }));
     EXPECT_EQ(Sent(), "UU");
     EXPECT_EQ(Told(), "취소됨, 1/3단계 송신됨");
+    EXPECT_EQ(LastEvent(), "조작: 단계 송신: 취소됨, 1/3단계 송신됨");
     EXPECT_EQ(Text("txtSTEP"), "02");
     Line().Answer({1, 21, 22});
     Choose("mnuData_Send");
     ASSERT_TRUE(WaitFor([&] { return !Boxes.Shown.empty(); }));
-    EXPECT_EQ(LastBox(),
-              "단계 송신: 단계 03: 전원 장치가 거부했거나 응답하지 않았습니다.\n"
-              "0/2단계 송신됨");
+    EXPECT_EQ(LastBox(), "단계 송신: 단계 03: 전원 장치가 거부했습니다.\n0/2단계 송신됨");
+    EXPECT_EQ(LastEvent(), "주의: 단계 송신: 단계 03: 전원 장치가 거부했습니다. 0/2단계 송신됨");
+    Choose("mnuData_Send");
+    ASSERT_TRUE(WaitFor([&] { return Told() == "2/2단계 송신됨"; }));
+    EXPECT_EQ(LastEvent(), "조작: 단계 송신: 2/2단계 송신됨");
     ASSERT_TRUE(Settle());
     ASSERT_TRUE(SwitchOn());
+}
+
+TEST_F(TableMenu, ClosingTheWindowWhileStepsAreSentAsksAndStopsTheSending) {
+    Paste("1\t1\t1\t0\t0\t160\n3\t1\t1\t0\t0\t160\n5\t1\t1\t0\t0\t160\n");
+    Choose("mnuData_Send");
+    ASSERT_TRUE(AreSent(1));
+    Boxes.WhileUp = [&](const Message& message) {
+        EXPECT_EQ(message.Text, "프로그램을 종료합니다.");
+        EXPECT_EQ(message.Meaning,
+                  "단계를 송신하는 중입니다. 종료하면 남은 단계는 보내지 않습니다.");
+        const auto sent = Line().Written().size();
+        Main().close();  // asks once
+        Click("cmdOUTPUT");
+        QTest::qWait(50);
+        EXPECT_EQ(Line().Written().size(), sent);  // it waits for the answer
+    };
+    Main().close();
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    ASSERT_TRUE(AreSent(2));  // it goes on
+    Click("cmdOUTPUT");
+    Sent();
+    Boxes.Answers = {Answer::Yes};
+    Main().close();
+    EXPECT_FALSE(Main().isVisible() || Main().findChild<QProgressDialog*>()->isVisible());
+    EXPECT_EQ(Sent(), "l");
+    EXPECT_FALSE(AreSent(1, 300ms));
 }
 
 // A hundred steps, no two of them and no two of their values alike.

@@ -236,13 +236,6 @@ class Record : public ScriptedRun {
     static Control& In(RECORD& window, const char* name) {
         return *window.findChild<Control*>(QLatin1String(name));
     }
-    std::vector<QString> Past() {
-        History& past = Main().Happened();
-        std::vector<QString> events;
-        for (auto number = past.First(); number < past.End(); ++number)
-            events.push_back(NameOf(past.Get(number).Kind) + ": " + past.Get(number).Text);
-        return events;
-    }
 };
 
 TEST_F(Record, TakesInTheStartChainAndWhateverWasThereBeforeItWasOpened) {
@@ -294,10 +287,17 @@ TEST_F(Record, StandsStillWhilePausedAndFollowsTheEndUnlessScrolledAway) {
     QTest::qWait(600);
     EXPECT_EQ(model.rowCount(), paused);
     EXPECT_EQ(Cells(model, 0, {LineColumn::Time}), first);
-    QTest::mouseClick(&pause, Qt::LeftButton);
+    table.Copy();
+    EXPECT_FALSE(QApplication::clipboard()->text().contains("COM4"));
+    window.close();
+    Choose("mnuRECORD");  // goes on again
+    EXPECT_EQ(pause.text(), "일시 정지(&P)");
     EXPECT_EQ(model.rowCount(), static_cast<int>(LineTrace::MostMessages));
     EXPECT_EQ(Cells(model, 0, {LineColumn::Port}), "COM4");
     EXPECT_EQ(bar.value(), bar.maximum());
+    const_cast<LineTrace&>(Program().Trace()).Note(LineEvent::Closed, 3, Moment::Now());
+    table.Copy();  // also of what has come since the last look
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("COM3"));
 }
 
 TEST_F(Record, StandsBesideTheOtherWindowsOpensByPointerKeyAndBusAndGoesWithTheProgram) {
@@ -347,38 +347,78 @@ TEST_F(Record, StandsBesideTheOtherWindowsOpensByPointerKeyAndBusAndGoesWithTheP
     EXPECT_FALSE(Program().Record());
 }
 
+// Each of them behind what brings it about; nothing brings about those of the start.
 TEST_F(Record, KnowsEventsOfEveryKind) {
-    Press("cmdPREMOTE");
-    Press("cmdOCP");
-    ASSERT_TRUE(SwitchOn());
-    Line().Otherwise([](const Bytes&) { return Bytes(); });
-    ASSERT_TRUE(WaitFor([&] { return Past().back().contains("끊겼습니다"); }));
-    Line().Otherwise([this](const Bytes& sent) { return sent[1] == 16 ? Data : Acknowledged; });
-    ASSERT_TRUE(WaitFor([&] { return Past().back().contains("초 만에 다시"); }));
-    ASSERT_TRUE(Handled(Reading(1, 9)));  // a code without a text
-    ASSERT_TRUE(SwitchOn() && Handled(Reading(0, 16)));
-    ASSERT_TRUE(SwitchOn() && Handled(Reading(0, 0)));
-    ASSERT_TRUE(SwitchOn());
-    Line().Answer({});
-    Click("cmdOUTPUT");
-    ASSERT_TRUE(WaitFor([&] { return Past().back().contains("응답이 없습니다"); }));
-    Line().Answer({1, 21, 22});
-    Press("cmdOCP");
-    Line().Refuse(2, std::errc::permission_denied);
-    Choose("mnuSET_MANU");
-    QTest::mouseClick(&GetSetting<QAbstractButton>("optPORT_2"), Qt::LeftButton);
-    std::string all;
-    for (const QString& event : Past()) all += event.toStdString() + '\n';
-    for (const char* event :
-         {"포트: COM1 · 주소 1\n", "확인: 주소 1 통신 확인: 통신ok = ACK수신!!!\n",
-          "확인: 주소 1 초기화: 통신ok = ACK수신!!!\n", "확인: 주소 1의 정격: 150V/2A\n",
-          "확인: 확인 중에 전원 장치의 출력과 기능을 모두 껐습니다.\n", "조작: 원격 제어로 전환\n",
-          "조작: 과전류 보호 켜기\n", "조작: 출력 켜기, 단계 00\n", "조작: 출력 끄기\n",
-          "통신 끊김: ", "통신 복구: 응답이 3초 만에",
-          "보호 동작: 전원 장치가 오류를 알렸습니다(코드 9).\n", "운전 끝: ", "출력 꺼짐: ",
-          "주의: 출력 끄기 명령에", "거부: 전원 장치가 거부했습니다: 과전류",
-          "포트: COM2 · 주소 1\n", "포트: COM2 포트를 사용할 수 없습니다."})
-        EXPECT_NE(all.find(event), std::string::npos) << event << '\n' << all;
+    using enum EventKind;
+    const std::function<void()> nothing = [] {};
+    const auto answer = [this](bool on) {
+        Line().Otherwise([this, on](const Bytes& sent) {
+            return !on ? Bytes() : sent[1] == 16 ? Data : Acknowledged;
+        });
+    };
+    const auto runUntil = [this](const Bytes& report) { SwitchOn() && Handled(report); };
+    const auto press = [this](const char* button, const Bytes& reply) {
+        Line().Answer(reply);
+        Click(button);
+    };
+    const std::tuple<std::function<void()>, EventKind, const char*> events[]{
+        {nothing, Port, "COM1 · 주소 1"},
+        {nothing, Checked, "주소 1 통신 확인: 통신ok = ACK수신!!!"},
+        {nothing, Checked, "주소 1 초기화: 통신ok = ACK수신!!!"},
+        {nothing, Checked, "확인 중에 전원 장치의 출력과 기능을 모두 껐습니다."},
+        {nothing, Checked, "주소 1의 정격: 150V/2A"},
+        {[&] { Press("cmdPREMOTE"); }, Switched, "원격 제어로 전환"},
+        {[&] { Press("cmdOCP"); }, Switched, "과전류 보호 켜기"},
+        {[&] { Press("txPSTEP_1"), Press("txPSTEP_0"), SwitchOn(); }, Switched,
+         "출력 켜기, 단계 00"},
+        {[&] { Press("txPSTEP_1"); }, Switched,
+         "출력 중 단계 01 선택: VOLTAGE(V) 0.00, CURRENT(A) 2.000, TIME(sec) 0.00000, "
+         "SLOPE(sec) 0.00000, O.V.P(V) 163.5"},
+        {[&] { Enter("txPVOLT_1", "5"); }, Switched, "출력 중 단계 01 설정: VOLTAGE(V) 5.00"},
+        {[&] { answer(false); }, LinkLost, "전원 장치의 응답이 끊겼습니다."},
+        {[&] { answer(true); }, LinkBack, "응답이 3초 만에 다시 왔습니다."},
+        {[&] { Handled(Reading(1, 9)); }, Trip, "전원 장치가 오류를 알렸습니다(코드 9)."},
+        {[&] { runUntil(Reading(1, 5)); }, Trip, "SET OVER VOLTAGE!!! (코드 5)"},
+        {[&] { runUntil(Reading(0, 16)); }, EndOfRun, "자동 운전이 끝나 출력이 꺼졌습니다."},
+        {[&] { runUntil(Reading(0, 0)); }, OutputOff, "전원 장치가 출력을 껐습니다."},
+        {[&] { SwitchOn(), Press("cmdOUTPUT"); }, Switched, "출력 끄기"},
+        {[&] { SwitchOn(), press("cmdOUTPUT", {}); }, NotDone, "출력 끄기 명령에 응답이 없습니다."},
+        {[&] {
+             press("txPSTEP_2", {1, 21, 22});
+         },
+         Refused, "전원 장치가 단계 02의 값을 받지 않았"},
+        {[&] { Choose("mnuData_Send"); }, Switched, "단계 송신: 1/1단계 송신됨"},
+        {[&] {
+             press("cmdOCP", {1, 21, 22});
+         },
+         Refused, "전원 장치가 거부했습니다: 과전류 보호"},
+        {[&] { Press("cmdPREMOTE"); }, Switched, "본체 제어로 전환"},
+        {[&] {
+             Press("cmdPREMOTE"), Choose("mnuSET_MANU");
+             GetSetting<QAbstractButton>("optPORT_3").click();
+         },
+         Port, "COM3 · 주소 1"},
+        {[&] {
+             Line().Refuse(2, std::errc::permission_denied);
+             GetSetting<QAbstractButton>("optPORT_2").click();
+         },
+         Port, "COM2 포트를 사용할 수 없습니다."}};
+    std::set<EventKind> kinds;
+    const History& past = Main().Happened();
+    auto from = past.First();
+    for (const auto& [act, kind, text] : events) {
+        kinds.insert(kind);
+        act();
+        EXPECT_TRUE(WaitFor([&, kind = kind, text = text] {
+            for (auto number = from; number < past.End(); ++number) {
+                const PanelEvent& event = past.Get(number);
+                if (event.Kind == kind && event.Text.startsWith(text))
+                    return from = number + 1, true;
+            }
+            return false;
+        })) << text;
+    }
+    EXPECT_EQ(kinds.size(), static_cast<std::size_t>(Checked) + 1);
 }
 
 TEST(TheRowsOfTheHistory, KeepUpHoweverMuchHasHappenedMeanwhile) {
@@ -395,8 +435,9 @@ TEST(TheRowsOfTheHistory, KeepUpHoweverMuchHasHappenedMeanwhile) {
     }
 }
 
-// With the settings and the test window, steps, switches and polls.
-TEST(TheSimulatedLine, SawEveryFrameOfTheTraceInItsOrderAndAnsweredIt) {
+// With the start chain, the test window, steps, switches and polls. What the supply has answered is
+// told by a second one that hears the same.
+TEST(TheSimulatedLine, SawEveryFrameOfTheTraceInItsOrderAndGaveEveryAnswerInIt) {
     SimulatedPanel panel;
     ASSERT_TRUE(panel.Identify());
     panel.Run.Settings()->close();
@@ -413,11 +454,22 @@ TEST(TheSimulatedLine, SawEveryFrameOfTheTraceInItsOrderAndAnsweredIt) {
     panel.Click("cmdOUTPUT");
     ASSERT_TRUE(panel.Settle());
     const LineTrace& trace = panel.Run.Trace();
-    std::vector<Bytes> sent;
-    for (auto number = trace.First(); number < trace.End(); ++number)
-        if (trace.Find(number)->What == LineEvent::Sent) sent.push_back(trace.Find(number)->Data);
-    EXPECT_GT(sent.size(), 12U);
-    EXPECT_EQ(sent, panel.Line().TakeReceived());
+    std::vector<Bytes> traced;
+    for (auto number = trace.First(); number < trace.End(); ++number) {
+        const LineMessage message = *trace.Find(number);
+        if (!message.Data.empty()) traced.push_back(message.Data);
+    }
+    std::vector<Bytes> heard;
+    simulator::Supply twin({});
+    for (const auto& frame : panel.Line().TakeReceivedTimed()) {
+        heard.push_back(frame.Content);
+        heard.push_back(twin.Answer(frame, frame.LastAt).value_or(Bytes()));
+    }
+    EXPECT_GT(heard.size(), 24U);
+    EXPECT_EQ(traced, heard);
+    EXPECT_EQ(
+        (std::vector{heard[0], heard[2], heard[4], heard[6]}),
+        (std::vector{Control(1, 5), Control(1, 19), InitialisationFrame(1).Data, Control(1, 16)}));
     Exchanges().Follow(trace, serial::Clock::now(), [&](const TracedMessage& message) {
         // Switching off sweeps the answer to a poll away that is just coming.
         EXPECT_TRUE(!IsError(message.Result) || message.Result == Outcome::Thrown)

@@ -1,5 +1,6 @@
 #include "power/link/link_quality.h"
 
+#include "power/panel/link_layout.h"
 #include "tests/support/scripted_link.h"
 
 #include <gtest/gtest.h>
@@ -26,6 +27,7 @@ struct QualityOfALink : testing::Test, ScriptedLink {
     static std::string Told(const PollCounts& polls) {
         std::string all = "asked " + std::to_string(polls.Asked()) + " of them";
         for (const int count : polls.Count) all += ' ' + std::to_string(count);
+        if (!polls.Last) return all;
         return all + " last " + std::to_string(polls.Last->count()) + " half " +
                std::to_string(polls.Median->count()) + " most " +
                std::to_string(polls.Within99->count());
@@ -49,11 +51,50 @@ TEST_F(QualityOfALink, CountsEachFaultApartFromTheGoodAnswersAndTheirTimes) {
     for (const auto response : {90ms, 20ms, 1001ms, 40ms}) Poll(response);
     Quality.Asked();  // in vain
     Quality.Asked();
-    EXPECT_EQ(Told(Quality.WholeRun()), "asked 12 of them 1 3 1 1 3 2 1 last 40 half 40 most 90");
+    EXPECT_EQ(Told(Quality.WholeRun()), "asked 12 of them 1 3 1 1 3 2 1 0 last 40 half 40 most 90");
     Time.Pass(30s);
-    EXPECT_EQ(Told(Quality.LastMinute()), Told(Quality.WholeRun()));
+    EXPECT_EQ(Told(Quality.LastMinute()),
+              "asked 14 of them 1 4 1 1 4 2 1 0 last 40 half 20 most 90");
     Time.Pass(30s);
     EXPECT_EQ(Quality.LastMinute().Asked(), 2);
+}
+
+TEST_F(QualityOfALink, AMinuteGoesOnWhereARunBeginsAnew) {
+    for (const auto response : {20ms, 30ms}) Poll(response);
+    Quality.Asked();
+    Quality.Restart();
+    EXPECT_EQ(Told(Quality.WholeRun()), "asked 0 of them 0 0 0 0 0 0 0 0");
+    Time.Pass(40ms);
+    Quality.Answered(Reply::Data, DataLength);
+    EXPECT_EQ(Told(Quality.WholeRun()), "asked 0 of them 0 0 0 0 0 0 0 0");
+    EXPECT_EQ(Told(Quality.LastMinute()),
+              "asked 3 of them 0 3 0 0 0 0 0 0 last 40 half 30 most 40");
+    EXPECT_EQ(QualityText(Quality),
+              "지난 1분: 조회 3회, 올바른 응답 3회, 잃음 0회 · "
+              "응답 시간: 마지막 40 ms, 중앙값 30 ms, 99% 40 ms 이내\n"
+              "이번 운전: 조회 0회, 올바른 응답 0회, 잃음 0회 · 응답 시간: -");
+}
+
+// An operator who clicks away makes no line look bad; nor do clicks make a dead one look better.
+TEST_F(QualityOfALink, APollThatACommandHasOvertakenIsNeitherAnsweredNorLost) {
+    for (int click = 0; click < 40; ++click) {
+        Quality.Asked();
+        Time.Pass(100ms);
+        Quality.Overtaken();
+        Quality.Overtaken();  // no poll is open
+        EXPECT_FALSE(Quality.UnansweredFor());
+    }
+    EXPECT_EQ(Told(Quality.WholeRun()), "asked 40 of them 0 0 0 0 0 0 0 40");
+    EXPECT_EQ(Quality.WholeRun().Lost(), 0);
+    EXPECT_TRUE(
+        QualityText(Quality).contains("조회 40회, 올바른 응답 0회, 밀려남 40회, 잃음 0회 ·"));
+    for (int poll = 0; poll < 3; ++poll) Quality.Asked(), Time.Pass(500ms);
+    Quality.Overtaken();
+    EXPECT_EQ(Quality.UnansweredFor(), 1500ms);
+    Quality.Asked();
+    Time.Pass(1001ms);  // by then it would have been answered
+    Quality.Overtaken();
+    EXPECT_EQ(Told(Quality.WholeRun()), "asked 44 of them 0 0 3 0 0 0 0 41");
 }
 
 TEST_F(QualityOfALink, TellsTheMedianAndTheSlowestHundredthOfAMinuteAndOfADay) {
@@ -67,9 +108,9 @@ TEST_F(QualityOfALink, TellsTheMedianAndTheSlowestHundredthOfAMinuteAndOfADay) {
         Time.Pass(165ms - response);
     }
     EXPECT_EQ(Told(Quality.WholeRun()),
-              "asked 523636 of them 0 523636 0 0 0 0 0 last 25 half 20 most 40");
+              "asked 523636 of them 0 523636 0 0 0 0 0 0 last 25 half 20 most 40");
     EXPECT_EQ(Told(Quality.LastMinute()),
-              "asked 363 of them 0 363 0 0 0 0 0 last 25 half 25 most 45");
+              "asked 363 of them 0 363 0 0 0 0 0 0 last 25 half 25 most 45");
 }
 
 TEST_F(QualityOfALink, TheAgeOfAReadingRunsFromTheBeginningOfThePeriodOrItsLastGoodAnswer) {

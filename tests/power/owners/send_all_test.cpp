@@ -80,7 +80,9 @@ TEST_F(SendingAll, EachChangedStepAwaitsItsAnswerAndTheSelectedOneComesLast) {
 }
 
 TEST_F(SendingAll, ARefusedUnansweredOrGarbledStepEndsItAndIsNamed) {
-    for (const Bytes& answer : {Refused, Bytes{}, Bytes{9, 9, 9}}) {
+    for (const auto& [answer, what] : {std::pair{Refused, "전원 장치가 거부했습니다."},
+                                       {Bytes{}, "전원 장치가 응답하지 않았습니다."},
+                                       {Bytes{9, 9, 9}, "전원 장치의 응답이 잘못되었습니다."}}) {
         Change({1, 7, 9});
         Line->Answer(Acknowledged);
         Line->Answer(answer);
@@ -90,8 +92,8 @@ TEST_F(SendingAll, ARefusedUnansweredOrGarbledStepEndsItAndIsNamed) {
         ASSERT_TRUE(Ended && Ended->Reselected);
         const auto trouble = SendingTrouble(*std::exchange(Ended, std::nullopt));
         ASSERT_TRUE(trouble);
-        EXPECT_EQ(trouble->Text,
-                  "단계 07: 전원 장치가 거부했거나 응답하지 않았습니다.\n1/3단계 송신됨");
+        EXPECT_EQ(trouble->Text.toStdString(),
+                  std::string("단계 07: ") + what + "\n1/3단계 송신됨");
         EXPECT_EQ(Sending.Unsent(), (std::vector{7, 9}));
     }
     Line->Otherwise([](const Bytes& /*block*/) { return Bytes(); });

@@ -31,6 +31,7 @@ struct StepTables : testing::Test, ScriptedLink {
     std::string Read(std::string_view text, int top = 0) {
         const ReadSteps read = ReadTable(text, Source, top);
         if (std::holds_alternative<TooLarge>(read)) return "too large";
+        if (std::holds_alternative<Ambiguous>(read)) return "ambiguous";
         if (const auto* bad = std::get_if<BadCell>(&read))
             return std::to_string(bad->Line) + '/' + std::to_string(bad->Column) + " " + bad->Text;
         std::string told;
@@ -121,6 +122,31 @@ TEST_F(StepTables, TheFirstBadCellIsNamedByLineColumnAndText) {
     EXPECT_EQ(Read(rows, 98),
               "98 1.00 1.000 0.00000 0.00000 160.0; 99 1.00 1.000 0.00000 0.00000 160.0");
     EXPECT_EQ(Read(rows, 99), "2/0 100");
+}
+
+// Five columns without captions are values only where they can't be numbered steps that have no
+// over-voltage level.
+TEST_F(StepTables, ATableThatMeansTwoThingsIsNotGuessed) {
+    const std::string values = Captions.substr(Captions.find('\t') + 1) + '\n';
+    const std::pair<std::string, std::string> texts[]{
+        {"0\t12\t1.5\t2\t0.1\n1\t12\t1.5\t2\t0.1\n", "ambiguous"},
+        {"5\t1\t0\t0\t160\n6\t1\t0\t0\t160\n7\t1\t0\t0\t160\n", "ambiguous"},
+        {"5.0\t1\t0\t0\t160\n6.0\tx\t0\t0\t160\n", "ambiguous"},
+        {"5\t1\t0\t0\t40\n", "ambiguous"},
+        {"5\t1\t0\t0\t40\n10\t1\t0\t0\t40\n", "ambiguous"},
+        {"99\t1\t0\t0\t60\n100\t1\t0\t0\t60\n",
+         "40 99.0 1.000 0.00000 0.00000 60.0; 41 100.0 1.000 0.00000 0.00000 60.0"},
+        {"5\t1\t0\t0\t160\n", "40 5.00 1.000 0.00000 0.00000 160.0"},  // no slope
+        {"5\t1\t0\t0\t40\n5\t1\t0\t0\t40\n",
+         "40 5.00 1.000 0.00000 0.00000 40.0; 41 5.00 1.000 0.00000 0.00000 40.0"},
+        {"5\t12\t1\t0\t40\n", "1/2 12"},  // no values: 12 A
+        {values + "5\t1\t0\t0\t40\n6\t1\t0\t0\t40\n",
+         "40 5.00 1.000 0.00000 0.00000 40.0; 41 6.00 1.000 0.00000 0.00000 40.0"},
+        {"5\t6\t1\t0\t0\t40\n6\t7\t1\t0\t0\t40\n",
+         "05 6.00 1.000 0.00000 0.00000 40.0; 06 7.00 1.000 0.00000 0.00000 40.0"},
+    };
+    for (const auto& [text, read] : texts) EXPECT_EQ(Read(text, 40), read) << text;
+    EXPECT_TRUE(PasteRefusal(Ambiguous{}).Text.contains("머리글 줄"));
 }
 
 TEST_F(StepTables, WhatIsRefusedIsToldInOneLineEachWhateverItIs) {

@@ -66,6 +66,33 @@ TEST_F(PollingASupply, IsSteadyAndStopsUntilAReplyOrForASecond) {
     EXPECT_EQ(In(10s), "");
 }
 
+// The answers take 30 ms, and an operator sends something into each of them.
+TEST_F(PollingASupply, ACommandThatSweepsTheAnswerToAPollAwayCostsTheLineNoGoodName) {
+    Line->Otherwise(
+        [this](const Bytes& block) {
+            return block[1] == code::Dle ? Bytes(DataLength) : Acknowledged;
+        },
+        30ms);
+    OnReply = [this](Reply result) {
+        if (Source.ReplyFlag() == ExpectData) Quality.Answered(Reply::Data, DataLength);
+        EXPECT_EQ(result == Reply::Ack, Source.ReplyFlag() == ExpectAck);
+        Polls.ReplyHandled();
+    };
+    Polls.Start();
+    for (int click = 0; click < 5; ++click) {
+        while (Quality.WholeRun().Of(Fate::Open) == 0) Time.Pass(5ms);
+        if (click == 4)
+            Polls.End();  // another window takes the port
+        else
+            Sender.SendCommand(letter::Volt, 1, 2);  // sweeps away what comes while it waits
+        Time.Pass(500ms);
+    }
+    const PollCounts polls = Quality.WholeRun();
+    EXPECT_EQ(polls.Of(Fate::Overtaken), 5);
+    EXPECT_EQ(polls.Lost(), 0);
+    EXPECT_EQ(polls.Asked() - polls.Of(Fate::Open), polls.Of(Fate::Answered) + 5);
+}
+
 struct StartingAStep : testing::Test {
     // What comes in `span`: S for the start and ? for the poll, with their times from now in ms.
     std::string In(std::chrono::milliseconds span) {
