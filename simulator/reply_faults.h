@@ -11,6 +11,8 @@ namespace zps::simulator {
 struct Piece {
     Time LeavesAt;
     Bytes Content;
+
+    bool operator==(const Piece&) const = default;
 };
 
 // A byte as the fault's order says, or a random one.
