@@ -11,7 +11,8 @@ namespace zps::demo {
 
 namespace {
 
-using simulator::Faults;
+using simulator::Fault;
+using simulator::FaultKind;
 using simulator::Line;
 
 template <class Value>
@@ -64,11 +65,8 @@ void AddSwitch(QMenu& menu, const char* name, const char* text, Take take) {
     QObject::connect(command, &QAction::toggled, &menu, take);
 }
 
-template <class Value>
-void SetFault(Line& line, Value Faults::*fault, Value value) {
-    Faults faults = line.PresentFaults();
-    faults.*fault = value;
-    line.SetFaults(faults);
+void Switch(Line& line, const Fault& fault, bool on) {
+    on ? line.OrderFault(fault) : line.StopFault(fault.Kind);
 }
 
 }  // namespace
@@ -86,12 +84,12 @@ void AddSupplyMenu(QMenuBar& bar, Line& line, int address) {
 
     QMenu& delays = AddMenu(menu, "mnuDELAY", "응답 지연(&D)");
     AddChoices(delays, Delays, [&line](int delay) {
-        SetFault(line, &Faults::Delay, std::chrono::milliseconds(delay));
+        Switch(line, {.Kind = FaultKind::Delay, .Amount = delay}, delay > 0);
     });
     MarkChosen(delays);
 
     AddSwitch(menu, "mnuSILENT", "응답 안 함(&N)",
-              [&line](bool silent) { SetFault(line, &Faults::Silent, silent); });
+              [&line](bool silent) { Switch(line, {FaultKind::Silent}, silent); });
     AddSwitch(menu, "mnuUNPLUG", "케이블 뽑기(&U)",
               [&line](bool out) { out ? line.Unplug() : line.Plug(); });
 }

@@ -1,6 +1,8 @@
 #include "simulator/console.h"
 
+#include "simulator/fault_text.h"
 #include "simulator/options.h"
+#include "simulator/typed.h"
 
 #include <array>
 #include <sstream>
@@ -20,18 +22,20 @@ ConsoleAnswer Done(std::string text = {}) {
     return {std::move(text), false};
 }
 
-ConsoleAnswer GoSilent(const Context& context, bool silent) {
-    Faults faults = context.Wire.PresentFaults();
-    faults.Silent = silent;
-    context.Wire.SetFaults(faults);
+ConsoleAnswer OrderFault(Line& line, const FaultRule& rule, std::string_view figure) {
+    if (const auto fault = ParseFault(rule, figure))
+        line.OrderFault(*fault);
+    else
+        line.StopFault(rule.Kind);
     return Done();
 }
 
-ConsoleAnswer ChangeFault(const Context& context) {
-    Faults faults = context.Wire.PresentFaults();
-    SetFault(faults, context.Words[0], context.Words[1]);
-    context.Wire.SetFaults(faults);
-    return Done();
+ConsoleAnswer ShowFaults(const Context& context) {
+    std::string text;
+    for (const Fault& fault : context.Wire.OrderedFaults())
+        text +=
+            FaultText(fault) + ": struck " + std::to_string(context.Wire.Struck(fault.Kind)) + '\n';
+    return Done(text.empty() ? "no faults\n" : text);
 }
 
 int AddressIn(const Context& context) {
@@ -70,13 +74,17 @@ struct TypedCommand {
 };
 
 constexpr std::array Commands{
-    TypedCommand{"silent", 0, [](const Context& context) { return GoSilent(context, true); }},
-    TypedCommand{"back", 0, [](const Context& context) { return GoSilent(context, false); }},
-    TypedCommand{"drop", 1, ChangeFault},
-    TypedCommand{"garble", 1, ChangeFault},
-    TypedCommand{"split", 1, ChangeFault},
-    TypedCommand{"duplicate", 1, ChangeFault},
-    TypedCommand{"delay", 1, ChangeFault},
+    TypedCommand{"back", 0,
+                 [](const Context& context) {
+                     context.Wire.StopFault(FaultKind::Silent);
+                     return Done();
+                 }},
+    TypedCommand{"healthy", 0,
+                 [](const Context& context) {
+                     context.Wire.StopFaults();
+                     return Done();
+                 }},
+    TypedCommand{"faults", 0, ShowFaults},
     TypedCommand{"trip", 2, TripSupply},
     TypedCommand{"load", 2, ChangeLoad},
     TypedCommand{"unplug", 0,
@@ -100,6 +108,8 @@ ConsoleAnswer RunCommand(std::string_view text, Line& line, PortLink& link) {
     std::vector<std::string> words;
     for (std::string word; stream >> word;) words.push_back(word);
     if (words.empty()) return Done();
+    if (const FaultRule* const rule = FindRule(words[0]); rule != nullptr && words.size() <= 2)
+        return OrderFault(line, *rule, words.size() == 2 ? words[1] : "");
 
     for (const TypedCommand& command : Commands) {
         if (command.Name != words[0] || command.Values != words.size() - 1) continue;

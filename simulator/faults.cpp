@@ -1,35 +1,89 @@
 #include "simulator/faults.h"
 
-#include <cmath>
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <string>
 
 namespace zps::simulator {
 
 namespace {
 
-constexpr std::chrono::milliseconds SplitPause{30};
+using std::chrono::milliseconds;
 
-std::vector<Piece> CutInTwo(const Bytes& reply, Time due) {
-    const auto middle = reply.begin() + static_cast<std::ptrdiff_t>(reply.size() / 2);
-    return {{due, Bytes(reply.begin(), middle)}, {due + SplitPause, Bytes(middle, reply.end())}};
+constexpr int LongestWait = 60'000;  // ms
+constexpr int MostStray = 1'000;
+
+constexpr std::array Rules{
+    FaultRule{.Kind = FaultKind::Silent, .Name = "silent"},
+    FaultRule{.Kind = FaultKind::Damage, .Name = "damage"},
+    FaultRule{.Kind = FaultKind::Refuse, .Name = "nak"},
+    FaultRule{.Kind = FaultKind::Other, .Name = "other"},
+    FaultRule{.Kind = FaultKind::Overlay, .Name = "overlay"},
+    FaultRule{.Kind = FaultKind::Replay, .Name = "replay", .Least = 1, .Most = 100},
+    FaultRule{.Kind = FaultKind::Address, .Name = "address", .Least = 1, .Most = 255},
+    FaultRule{.Kind = FaultKind::Lose, .Name = "lose"},
+    FaultRule{.Kind = FaultKind::Insert, .Name = "insert", .HasByte = true},
+    FaultRule{.Kind = FaultKind::Garble, .Name = "garble"},
+    FaultRule{.Kind = FaultKind::Baud, .Name = "baud", .Least = 300, .Most = 115'200},
+    FaultRule{.Kind = FaultKind::Before,
+              .Name = "before",
+              .Least = 1,
+              .Most = MostStray,
+              .HasByte = true},
+    FaultRule{
+        .Kind = FaultKind::After, .Name = "after", .Least = 1, .Most = MostStray, .HasByte = true},
+    FaultRule{.Kind = FaultKind::Drop, .Name = "drop"},
+    FaultRule{.Kind = FaultKind::Split, .Name = "split", .Pause = milliseconds(30)},
+    FaultRule{.Kind = FaultKind::Duplicate, .Name = "duplicate", .Pause = milliseconds(0)},
+    FaultRule{.Kind = FaultKind::Between,
+              .Name = "between",
+              .Least = 1,
+              .Most = MostStray,
+              .Pause = milliseconds(100),
+              .HasByte = true},
+    FaultRule{.Kind = FaultKind::Delay, .Name = "delay", .Least = 1, .Most = LongestWait},
+    FaultRule{.Kind = FaultKind::Jitter, .Name = "jitter", .Least = 1, .Most = LongestWait},
+    FaultRule{.Kind = FaultKind::Gap, .Name = "gap", .Least = 1, .Most = LongestWait},
+    FaultRule{.Kind = FaultKind::Late, .Name = "late"},
+    FaultRule{.Kind = FaultKind::Deaf, .Name = "deaf", .HasFrame = false},
+    FaultRule{.Kind = FaultKind::Flood,
+              .Name = "flood",
+              .Least = 1,
+              .Most = 100'000,
+              .HasByte = true,
+              .HasFrame = false}};
+
+void Check(bool right, const FaultRule& rule, std::string_view what) {
+    if (!right) throw std::invalid_argument(std::string(rule.Name) + ": " + std::string(what));
+}
+
+std::string Bounds(const FaultRule& rule) {
+    return "its figure is " + std::to_string(rule.Least) + " to " + std::to_string(rule.Most);
 }
 
 }  // namespace
 
-std::vector<Piece> ReplyFaults::Apply(const Faults& faults, Bytes reply, Time due) {
-    if (Happens(faults.Drop)) return {};
-    due += faults.Delay;
-    if (Happens(faults.Garble)) {
-        const auto change = static_cast<std::uint8_t>(1 + Random() % 255);
-        reply[Random() % reply.size()] ^= change;
-    }
-    auto pieces = Happens(faults.Split) ? CutInTwo(reply, due) : std::vector{Piece{due, reply}};
-    if (Happens(faults.Duplicate))
-        pieces.push_back({pieces.back().LeavesAt + LineTime(reply.size()), reply});
-    return pieces;
+std::span<const FaultRule> FaultRules() {
+    return Rules;
 }
 
-bool ReplyFaults::Happens(double share) {
-    return static_cast<double>(Random()) < std::ldexp(share, 64);
+const FaultRule& RuleOf(FaultKind kind) {
+    return *std::ranges::find(Rules, kind, &FaultRule::Kind);
+}
+
+void CheckFault(const Fault& fault) {
+    const FaultRule& rule = RuleOf(fault.Kind);
+    const auto& [rate, on, nth, from, until] = fault.When;
+    const milliseconds pause = fault.Pause.value_or(milliseconds(0));
+    Check(fault.Amount >= rule.Least && fault.Amount <= rule.Most, rule, Bounds(rule));
+    Check(!fault.Pause || rule.Pause, rule, "it knows no pause");
+    Check(pause.count() >= 0 && pause.count() <= LongestWait, rule, "a pause is 0 to 60000 ms");
+    Check(!fault.Byte || rule.HasByte, rule, "it knows no byte");
+    Check(rate >= 0 && rate <= 1, rule, "a rate is 0 to 1");
+    Check(nth >= 0, rule, "frames are counted from 1");
+    Check(rule.HasFrame || (rate == 1 && !on && nth == 0), rule, "no frame brings it about");
+    Check(from.count() >= 0 && from < until && until <= ForEver, rule, "it ends before it begins");
 }
 
 }  // namespace zps::simulator

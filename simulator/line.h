@@ -2,9 +2,8 @@
 // panel, a person or a test opens DeviceName(), as often as it likes.
 #pragma once
 
-#include "simulator/faults.h"
 #include "simulator/line_end.h"
-#include "simulator/supply.h"
+#include "simulator/traffic.h"
 
 #include <cstdint>
 #include <memory>
@@ -28,9 +27,13 @@ class Line {
     // The name of the device to open, for example "/dev/pts/5"; empty while unplugged.
     std::string DeviceName() const;
 
-    // Counts for replies to frames that come from now on.
-    void SetFaults(const Faults& faults);
-    Faults PresentFaults() const;
+    // Faults for the frames that come from now on (FaultOrders). OrderFault throws as CheckFault.
+    void OrderFault(const Fault& fault);
+    void StopFault(FaultKind kind);
+    void StopFaults();
+    std::vector<Fault> OrderedFaults() const;
+    // On how many frames an ordered fault has struck; of a flood its bytes.
+    std::uint64_t Struck(FaultKind kind) const;
     // Every byte that came from the panel since the last call, frame by frame: frames for other
     // addresses, broken frames and noise too. The oldest are dropped where nobody takes them for
     // 100000 frames.

@@ -37,6 +37,9 @@ class LineEnd {
     // Writes without waiting. Bytes are lost while nobody has the device open, or if nobody reads
     // for so long that no more are taken.
     virtual void Write(ByteView bytes) = 0;
+    // While the line is full, what the panel writes has to wait. An end whose panel can't wait is
+    // just not read meanwhile.
+    virtual void Fill(bool /*full*/) {}
 };
 
 }  // namespace zps::simulator

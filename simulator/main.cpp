@@ -1,12 +1,14 @@
 // zps-simulator: simulated supplies on a pseudo-terminal, driven by options and typed commands.
 #include "simulator/console.h"
 #include "simulator/options.h"
+#include "simulator/typed.h"
 
 #include <array>
 #include <csignal>
 #include <exception>
 #include <iostream>
 #include <poll.h>
+#include <random>
 #include <string>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -69,12 +71,14 @@ void ServeUntilEnd(int signals, Line& line, PortLink& link) {
     }
 }
 
-int Run(const ProgramOptions& options) {
+int Run(const ProgramOptions& options, const std::vector<std::string>& words) {
     const int signals = EndSignals();
-    Line line(options.Supplies);
-    line.SetFaults(options.LineFaults);
+    const std::uint32_t seed = options.Seed.value_or(std::random_device()() >> 1);
+    Line line(options.Supplies, seed);
+    for (const Fault& fault : options.LineFaults) line.OrderFault(fault);
     PortLink link(options.Port, line.DeviceName());
-    std::cout << "device " << line.DeviceName() << "\nlink   " << link.Path() << '\n';
+    std::cout << "device " << line.DeviceName() << "\nlink   " << link.Path() << "\nagain  "
+              << RepeatText(words, seed) << '\n';
     for (const int address : line.Addresses()) std::cout << DescribeState(line.StateOf(address));
     std::cout << std::flush;
     ServeUntilEnd(signals, line, link);
@@ -87,7 +91,7 @@ int main(int argc, char* argv[]) {
     try {
         const std::vector<std::string> words(argv + 1, argv + argc);
         const ProgramOptions options = ParseOptions(words);
-        if (!options.Help) return Run(options);
+        if (!options.Help) return Run(options, words);
         std::cout << HelpText();
         return 0;
     } catch (const UsageError& error) {

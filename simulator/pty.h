@@ -20,6 +20,7 @@ class Pty final : public LineEnd {
     void Wake() override;
     std::size_t Read(std::span<std::uint8_t> room) override;
     void Write(ByteView bytes) override;
+    void Fill(bool full) override;
 
   private:
     struct Inside;

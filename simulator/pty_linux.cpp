@@ -174,6 +174,11 @@ void Pty::Write(ByteView bytes) {
     [[maybe_unused]] const auto written = write(*Self->Master, bytes.data(), bytes.size());
 }
 
+// The terminal's own buffer would take minutes of frames.
+void Pty::Fill(bool full) {
+    if (Self->Slave) tcflow(*Self->Slave, full ? TCOOFF : TCOON);
+}
+
 Line::Line(const std::vector<SupplyOptions>& supplies, std::uint32_t seed)
     : Line(std::make_unique<Pty>(), supplies, seed) {}
 

@@ -173,11 +173,11 @@ void Session::RunOutput() {
 }
 
 void Session::LoseTheLine() {
-    Wire.SetFaults({.Silent = true});
+    Wire.OrderFault({simulator::FaultKind::Silent});
     Hands.Expect("the supply has been silent for three seconds and more",
                  [&] { return Text("lblPOLL").startsWith("응답 없음"); });
     Hands.LookAt(Panel.Main(), "09-silent");
-    Wire.SetFaults({});
+    Wire.StopFaults();
     const auto& log = *Panel.Main().findChild<MeasurementLog*>();
     const int samples = log.RowCount();
     Hands.Expect("samples go on by themselves", [&] { return log.RowCount() >= samples + 3; });
@@ -289,12 +289,12 @@ void Session::TestLink() {
             return Text(test, "lblRESULT") == "GOOD  DLE" && Text(test, "lblVOLTAGE") == "1500";
         });
     Hands.LookAt(test, "16-test");
-    Wire.SetFaults({.Garble = 1});
+    Wire.OrderFault({simulator::FaultKind::Garble});
     Click(test, "cmdENQ");
     Hands.Expect("a damaged reply is an error",
                  [&] { return Text(test, "lblRESULT").startsWith("ERROR"); });
     Hands.LookAt(test, "17-test-error");
-    Wire.SetFaults({});
+    Wire.StopFaults();
     QTest::keyClick(&test, Qt::Key_Escape);
     Hands.Expect("the main window has the port again",
                  [&] { return Panel.Main().isEnabled() && Panel.Test() == nullptr; });
@@ -333,7 +333,7 @@ void Session::ChooseAnotherAddress() {
 
 void Session::FailTheCheck() {
     SET_MANUAL& settings = OpenSettings();
-    Wire.SetFaults({.Silent = true});
+    Wire.OrderFault({simulator::FaultKind::Silent});
     ChooseAddress(OtherAddress + 1);
     Hands.Expect("an address where nobody is does not answer",
                  [&] { return Text(settings, "lblZPS_ENQ") == "통신에라 = 응답무!!!"; });
@@ -343,7 +343,7 @@ void Session::FailTheCheck() {
         return Panel.Main().isEnabled() && !Hands.Get<QWidget>("frmPOWERDISPLAY").isVisible();
     });
     Hands.LookAt(Panel.Main(), "21-failed-check");
-    Wire.SetFaults({});
+    Wire.StopFaults();
 }
 
 void Session::ComeBack() {

@@ -35,7 +35,7 @@ class DemoPanel : private DemoParts, public Panel {
         EXPECT_TRUE(WaitFor([this] { return Source().StepFlag(0) && !Source().RxBusy(); }));
     }
     auto State() { return Supply.Line().StateOf(SimulatedSupply::Address); }
-    auto Faults() { return Supply.Line().PresentFaults(); }
+    auto Faults() { return Supply.Line().OrderedFaults(); }
     // Presses the command of the supply's menu that bears `text`.
     void Press(const QString& text) {
         for (QAction* command : Main().menuBar()->findChildren<QAction*>())
@@ -57,7 +57,7 @@ TEST(Demo, DoesWhatItsMenuNames) {
     panel.Press("1 Ω");
     EXPECT_EQ(panel.State().Options.LoadOhms, 1);
     panel.Press("0.5초");
-    EXPECT_EQ(panel.Faults().Delay, 500ms);
+    EXPECT_EQ(panel.Faults().at(0).Amount, 500);
 }
 
 // A sample is due every 165 ms.

@@ -5,6 +5,7 @@
 
 #include <QtWidgets>
 
+#include <array>
 #include <random>
 
 namespace zps::tests {
@@ -19,7 +20,7 @@ class Operator {
         const bool open = Panel.Open();
         // Ratings that come garbled can't be told from good ones: the settings get a good line.
         QObject::connect(&Panel.Main(), &POWER::SettingsWanted,
-                         [this] { Panel.Line().SetFaults({}); });
+                         [this] { Panel.Line().StopFaults(); });
         return open;
     }
 
@@ -33,7 +34,7 @@ class Operator {
         Done.push_back(std::to_string(number) + ' ' + Situation() + ": " + name + ':');
         if (Done.size() > 30) Done.pop_front();
         if (!Judge.Plugged && Chance(20)) Plug();
-        if (Chance(15)) SetFaults({});
+        if (Chance(15)) StopFaults();
         (this->*act)();
         QTest::qWait(Chance(4) ? Pick({20, 50, 100, 200, 400}) : Pick({0, 0, 1, 3, 8}));
         return Judge.Judge();
@@ -246,18 +247,21 @@ class Operator {
     }
 
     void BreakLine() {
-        simulator::Faults faults;
+        using simulator::FaultKind;
         const int kind = Draw(10);
         if (kind > 6) return Unplug();
-        if (kind == 0) faults.Drop = 0.4;
-        if (kind == 1 && Panel.Run.Settings() == nullptr) faults.Garble = 0.4;
-        if (kind == 2) faults.Split = 0.5;
-        if (kind == 3) faults.Duplicate = 0.5;
-        if (kind == 4) faults.Delay = std::chrono::milliseconds(20 + Draw(300));
-        faults.Silent = kind == 5;
-        faults.Refuse = kind == 6;
         Say(QString::number(kind));
-        SetFaults(faults);
+        StopFaults();
+        if (kind == 1 && Panel.Run.Settings() != nullptr) return;
+        const std::array<simulator::Fault, 7> faults{
+            {{.Kind = FaultKind::Drop, .When = {.Rate = 0.4}},
+             {.Kind = FaultKind::Garble, .When = {.Rate = 0.4}},
+             {.Kind = FaultKind::Split, .When = {.Rate = 0.5}},
+             {.Kind = FaultKind::Duplicate, .When = {.Rate = 0.5}},
+             {.Kind = FaultKind::Delay, .Amount = 20 + (kind == 4 ? Draw(300) : 0)},
+             {.Kind = FaultKind::Silent},
+             {.Kind = FaultKind::Refuse, .When = {.On = simulator::Stx}}}};
+        Panel.Line().OrderFault(faults.at(static_cast<std::size_t>(kind)));
     }
     // The link goes first: nobody must open what takes the name of the terminal next.
     void Unplug() {
@@ -267,11 +271,9 @@ class Operator {
         if (Chance(50)) Plug();
     }
     // The replies that are still under way belong to frames of before.
-    void SetFaults(const simulator::Faults& faults) {
-        const auto before = Panel.Line().PresentFaults();
-        const bool late = before.Delay > 0ms || before.Split > 0 || before.Duplicate > 0;
-        if (late) QTest::qWait(static_cast<int>(before.Delay.count()) + 50);
-        Panel.Line().SetFaults(faults);
+    void StopFaults() {
+        for (const auto& fault : Panel.Line().OrderedFaults()) QTest::qWait(fault.Amount + 50);
+        Panel.Line().StopFaults();
     }
 
     void Trip() {
@@ -320,7 +322,7 @@ class Operator {
     // What somebody does who wants the output on: nothing goes far without it.
     void CarryOn() {
         if (Panel.Run.Settings() != nullptr) {
-            SetFaults({});
+            StopFaults();
             Panel.WaitForDataResult(QStringLiteral("통신ok = DATA수신!!!"), 900ms);
             if (Panel.Run.Settings() != nullptr) Panel.Run.Settings()->close();
             Panel.Main().activateWindow();

@@ -8,6 +8,7 @@
 #include "test/test.h"
 #include "tests/support/panel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
@@ -202,9 +203,14 @@ class Oracle {
         const bool told =
             !(Panel.Control(label).toolTip() + Panel.Control(lamp).toolTip()).isEmpty();
         const bool agree = Panel.Lit(lamp, colour) == (Panel.Seen(label) == "ON");
-        const auto faults = Lines.at(1)->PresentFaults();
+        using simulator::FaultKind;
+        const auto faults = Lines.at(1)->OrderedFaults();
         // Without a second report nothing is told.
-        const bool heard = Plugged && !faults.Silent && faults.Drop + faults.Garble == 0;
+        const bool heard = Plugged && std::ranges::none_of(faults, [](const auto& fault) {
+                               return fault.Kind == FaultKind::Silent ||
+                                      fault.Kind == FaultKind::Drop ||
+                                      fault.Kind == FaultKind::Garble;
+                           });
         NeverLong(heard && !agree && !told, 1500ms, name + ": label and lamp");
     }
 

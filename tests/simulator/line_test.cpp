@@ -1,7 +1,7 @@
 #include "simulator/line.h"
 
 #include "simulator/console.h"
-#include "simulator/options.h"
+#include "simulator/typed.h"
 #include "tests/support/runtime_folder.h"
 #include "tests/support/terminal.h"
 
@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <stdexcept>
+#include <thread>
 #include <unistd.h>
 
 namespace zps::simulator::tests {
@@ -63,17 +64,21 @@ TEST(Line, UnpluggedIsAnErrorToReadersKeepsItsNameAndPluggedIsADeviceAgain) {
     EXPECT_EQ(Opened(line.DeviceName()).Ask(Control(1, Enq)), Acknowledged);
 }
 
-TEST(ReplyFaults, LoseChangeDivideDoubleAndDelayAReply) {
-    const Time due{1h};
-    ReplyFaults mangler(1);
-    EXPECT_TRUE(mangler.Apply({.Drop = 1}, Acknowledged, due).empty());
-    EXPECT_NE(mangler.Apply({.Garble = 1}, Acknowledged, due).at(0).Content, Acknowledged);
-    const auto pieces =
-        mangler.Apply({.Split = 1, .Duplicate = 1, .Delay = 50ms}, Acknowledged, due);
-    ASSERT_EQ(pieces.size(), 3U);
-    EXPECT_EQ(Joined({pieces[0].Content, pieces[1].Content}), Acknowledged);
-    EXPECT_EQ(pieces[2].Content, Acknowledged);
-    EXPECT_EQ(pieces[1].LeavesAt, due + 80ms);
+TEST(Line, TakesNothingWhileItIsDeafAndAllOfItAfterwards) {
+    Line line(One);
+    const Opened panel(line.DeviceName());
+    EXPECT_EQ(panel.Ask(Control(1, Dc3)), Acknowledged);
+    const auto isFull = [&] {
+        pollfd room{panel.Handle(), POLLOUT, 0};
+        return poll(&room, 1, 0) == 0;
+    };
+    for (const bool full : {true, false}) {
+        full ? line.OrderFault({FaultKind::Deaf}) : line.StopFaults();
+        const Time limit = Clock::now() + 5s;
+        while (isFull() != full && Clock::now() < limit) std::this_thread::sleep_for(1ms);
+        EXPECT_EQ(write(panel.Handle(), "x", 1), full ? -1 : 1);
+    }
+    EXPECT_EQ(panel.Ask(Control(1, Enq)), Acknowledged);
 }
 
 struct Links : testing::Test {
@@ -107,9 +112,11 @@ TEST_F(Links, FollowALineThatATypedCommandPlugsInAgain) {
     EXPECT_EQ(fs::read_symlink(link.Path()), line.DeviceName());
     EXPECT_EQ(line.StateOf(1).Code, 5);
     EXPECT_EQ(line.StateOf(1).Options.LoadOhms, 20);
-    EXPECT_TRUE(line.PresentFaults().Silent && line.PresentFaults().Drop == 0.5);
+    EXPECT_EQ(run("faults").Text, "silent 1: struck 0\ndrop 0.5: struck 0\n");
+    for (const char* text : {"back", "drop 0", "garble 1,on=ENQ", "healthy"}) run(text);
+    EXPECT_EQ(run("faults").Text, "no faults\n");
     EXPECT_TRUE(run("quit").Quit);
-    for (const char* bad : {"quiet", "trip 1", "trip 2 5", "load 1 0", "quit now"})
+    for (const char* bad : {"quiet", "trip 1", "trip 2 5", "load 1 0", "quit now", "drop 1 2"})
         EXPECT_THROW(run(bad), UsageError) << bad;
 }
 

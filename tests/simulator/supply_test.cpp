@@ -1,6 +1,7 @@
 #include "simulator/supply.h"
 
 #include "simulator/options.h"
+#include "simulator/typed.h"
 #include "tests/support/frames.h"
 
 #include <gtest/gtest.h>
@@ -131,23 +132,28 @@ TEST_F(AutomaticRun, EndsAtATripThatNobodyWatched) {
 using Words = std::vector<std::string>;
 
 TEST(CommandLine, TakesSuppliesLoadPortAndFaults) {
-    const auto options =
-        ParseOptions(Words{"--supply", "1:150V/10A", "--load", "12.5", "--supply", "7:2.5V/0.5A",
-                           "--port", "3", "--drop", "0.25", "--delay", "40", "--silent"});
+    const auto options = ParseOptions(Words{"--supply", "1:150V/10A", "--load", "12.5", "--supply",
+                                            "7:2.5V/0.5A", "--port", "3", "--drop", "0.25",
+                                            "--silent", "--delay", "40", "--delay", "0"});
     ASSERT_EQ(options.Supplies.size(), 2U);
     const auto& [address, volts, amps, load] = options.Supplies[1];
     EXPECT_EQ(std::tuple(address, volts, amps), std::tuple(7, 2.5, 0.5));
     EXPECT_EQ(options.Supplies[0].LoadOhms, 12.5);
-    const Faults& faults = options.LineFaults;
-    EXPECT_EQ(std::tuple(options.Port, faults.Drop, faults.Delay, faults.Silent),
-              std::tuple(3, 0.25, std::chrono::milliseconds(40), true));
+    ASSERT_EQ(options.LineFaults.size(), 2U);
+    EXPECT_EQ(std::tuple(options.Port, options.LineFaults[0].When.Rate, options.LineFaults[1].Kind),
+              std::tuple(3, 0.25, FaultKind::Silent));
     EXPECT_EQ(ParseOptions(Words{}).Supplies.size(), 1U);
+    const Words drawn{"--drop", "0.5"};
+    EXPECT_EQ(RepeatText(drawn, 7), "zps-simulator --drop 0.5 --seed 7");
+    const Words repeated{"--drop", "0.5", "--seed", "7"};
+    EXPECT_EQ(RepeatText(repeated, ParseOptions(repeated).Seed.value()),
+              "zps-simulator --drop 0.5 --seed 7");
 }
 
 TEST(CommandLine, RefusesWordsThatItDoesNotUnderstand) {
     for (const Words& words : {Words{"--volts"}, Words{"--supply"}, Words{"--supply", "1:1V/1Ax"},
                                Words{"--port", "1.5"}, Words{"--drop", "1.1"}, Words{"--load", "0"},
-                               Words{"--garble", "nan"}, Words{"--silent", "1"},
+                               Words{"--garble", "nan"}, Words{"--silent", "2"},
                                Words{"--supply", "1:1V/1A", "--supply", "1:2V/1A"}})
         EXPECT_THROW(ParseOptions(words), UsageError) << words.back();
 }
