@@ -10,7 +10,6 @@
 #include <QHBoxLayout>
 
 #include <array>
-#include <optional>
 
 namespace zps {
 
@@ -73,8 +72,16 @@ NumberPanels* MakeBytes() {
     return bytes;
 }
 
-QString InMilliseconds(const std::optional<LinkQuality::Span>& time) {
-    return time ? QStringLiteral("%1 ms").arg(time->count()) : QStringLiteral("없음");
+QString InMilliseconds(LinkQuality::Span time) {
+    return QStringLiteral("%1 ms").arg(time.count());
+}
+
+// One word where nothing has been answered.
+QString TimesOf(const PollCounts& polls) {
+    if (!polls.Last || !polls.Median || !polls.Within99) return QStringLiteral("없음");
+    return QStringLiteral("마지막 %1, 중앙값 %2, 99% %3 이내")
+        .arg(InMilliseconds(*polls.Last), InMilliseconds(*polls.Median),
+             InMilliseconds(*polls.Within99));
 }
 
 struct LossName {
@@ -95,15 +102,14 @@ QString InWords(const QString& span, const PollCounts& polls) {
     }
     return QStringLiteral(
                "%1: 조회 %2회, 올바른 응답 %3회, 잃음 %4회%5 · "
-               "응답 시간: 마지막 %6, 중앙값 %7, 99% %8 이내")
+               "응답 시간: %6")
         .arg(span)
         .arg(polls.Asked())
         .arg(polls.Of(Fate::Answered))
         .arg(polls.Lost())
         .arg(lost.isEmpty() ? QString()
                             : QStringLiteral(" (%1)").arg(lost.join(QStringLiteral(", "))),
-             InMilliseconds(polls.Last), InMilliseconds(polls.Median),
-             InMilliseconds(polls.Within99));
+             TimesOf(polls));
 }
 
 }  // namespace
