@@ -15,12 +15,14 @@ namespace zps {
 namespace {
 const QSize Border(16, 0);  // px; a part of it stands before the unit
 constexpr int LeastUnit = 18;
+constexpr int Overhang = 2;  // px, of a digit beyond its place, to both sides
 }  // namespace
 
 BigReadOut::BigReadOut(const QString& name, QString unit, const QString& accessibleName,
                        const QString& widest, Range pixels)
     : ReadOut(name, {}, accessibleName), Unit(std::move(unit)), Pixels(pixels), Base(font()) {
     setFrame(false);
+    setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     SetNumberFace(Base);
     Embolden(Base);
@@ -59,9 +61,58 @@ int BigReadOut::UnitWidth(int pixels) const {
     return QFontMetrics(UnitFont(pixels)).horizontalAdvance(QLatin1Char('W')) + Border.width() / 2;
 }
 
+int BigReadOut::BaseLine() const {
+    const QFontMetrics digits = fontMetrics();
+    return (height() - digits.height() + 1) / 2 + digits.ascent();
+}
+
+// In the present face and colour, on nothing.
+const QPixmap& BigReadOut::PictureOf(QChar digit) {
+    QPixmap& picture = Pictures[digit];
+    const double ratio = devicePixelRatio();
+    if (!picture.isNull() && picture.devicePixelRatio() == ratio) return picture;
+    const QFontMetrics metrics = fontMetrics();
+    const QSize size(metrics.horizontalAdvance(digit) + 2 * Overhang, metrics.height());
+    picture = QPixmap(size * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(Overhang, metrics.ascent(), digit);
+    return picture;
+}
+
+// A copy of the window is finer than the screen, and so than the pictures.
+void BigReadOut::PaintDigits(QPainter& painter) {
+    const QFontMetrics metrics = fontMetrics();
+    const bool onScreen = painter.deviceTransform().m11() == devicePixelRatio();
+    const QString shown = text();
+    int left = width() - textMargins().right() - Overhang;
+    for (const QChar digit : shown) left -= metrics.horizontalAdvance(digit);
+    painter.setPen(palette().color(QPalette::Text));
+    for (const QChar digit : shown) {
+        if (onScreen)
+            painter.drawPixmap(left - Overhang, BaseLine() - metrics.ascent(), PictureOf(digit));
+        else
+            painter.drawText(left, BaseLine(), digit);
+        left += metrics.horizontalAdvance(digit);
+    }
+}
+
+void BigReadOut::changeEvent(QEvent* event) {
+    Pictures.clear();
+    ReadOut::changeEvent(event);
+}
+
+// What is selected is shown as in any field.
 void BigReadOut::paintEvent(QPaintEvent* event) {
-    ReadOut::paintEvent(event);
+    if (hasSelectedText()) ReadOut::paintEvent(event);
     QPainter painter(this);
+    if (!hasSelectedText()) {
+        painter.fillRect(rect(), palette().base());
+        PaintDigits(painter);
+    }
     if (hasFocus()) {
         QStyleOptionFocusRect option;
         option.initFrom(this);
@@ -70,9 +121,7 @@ void BigReadOut::paintEvent(QPaintEvent* event) {
     }
     painter.setFont(UnitFont(font().pixelSize()));
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    const QFontMetrics digits = fontMetrics();
-    const int baseLine = (height() - digits.height() + 1) / 2 + digits.ascent();
-    painter.drawText(width() - painter.fontMetrics().horizontalAdvance(Unit) - 2, baseLine, Unit);
+    painter.drawText(width() - painter.fontMetrics().horizontalAdvance(Unit) - 2, BaseLine(), Unit);
 }
 
 }  // namespace zps

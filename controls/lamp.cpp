@@ -3,12 +3,22 @@
 #include <QPainter>
 #include <QRadialGradient>
 
+#include <algorithm>
+
 namespace zps {
 
 namespace {
 // px, across
 constexpr int Socket = 36;
 constexpr int Glass = 28;
+constexpr int LeastSocket = 24;
+constexpr int LeastHalo = 4;  // both sides together
+
+// In little room the halo gives way before the glass does.
+double GlassIn(int socket) {
+    return std::max(static_cast<double>(socket) * Glass / Socket,
+                    static_cast<double>(std::min(Glass, socket - LeastHalo)));
+}
 }  // namespace
 
 Lamp::Lamp(Colour idle, QWidget* parent) : QWidget(parent), Idle(idle), Shown(idle) {
@@ -32,7 +42,7 @@ QSize Lamp::sizeHint() const {
 }
 
 QSize Lamp::minimumSizeHint() const {
-    return QSize(Glass, Glass) * 6 / 7;
+    return {LeastSocket, LeastSocket};
 }
 
 void Lamp::Enlarge(double factor) {
@@ -45,26 +55,27 @@ void Lamp::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const QPointF middle = QRectF(rect()).center();
-    const double socket = qMin(width(), height()) / 2.0;
+    const int side = std::min(width(), height());
+    const double socket = side / 2.0;
     const bool lit = Shown != Idle;
     const bool darkDesktop = IsDark(palette().color(QPalette::Window));
     if (lit || darkDesktop) {
         painter.setBrush(Qt::black);
         painter.drawEllipse(middle, socket, socket);
     }
-    const double radius = socket * Glass / Socket;
-    lit ? PaintLit(painter, middle, radius) : PaintIdle(painter, middle, radius * 2 / 3);
+    const double radius = GlassIn(side) / 2;
+    lit ? PaintLit(painter, middle, radius, socket) : PaintIdle(painter, middle, radius * 2 / 3);
 }
 
-void Lamp::PaintLit(QPainter& painter, const QPointF& middle, double radius) const {
+void Lamp::PaintLit(QPainter& painter, const QPointF& middle, double radius, double reach) const {
     const QColor colour = ToQColor(Shown);
-    const double reach = radius * Socket / Glass;
     QRadialGradient halo(middle, reach);
     QColor edge = colour;
     edge.setAlphaF(0.75F);
     halo.setColorAt(radius / reach, edge);
-    edge.setAlphaF(0.1F);
-    halo.setColorAt(1, edge);
+    // The rim stays black: a dark red lamp would be lost on a dark desktop.
+    edge.setAlphaF(0);
+    halo.setColorAt((radius + (reach - radius) * 0.7) / reach, edge);
     painter.setBrush(halo);
     painter.drawEllipse(middle, reach, reach);
     painter.setBrush(colour);

@@ -1,6 +1,7 @@
 // A round lamp in one of the fixed colours. Lit it is large, with a white spot and a halo, in a
-// black socket; idle it is flat and small: without its colours too the two are told apart.
-// Assistive tools hear whether it is lit.
+// black socket; idle it is flat and small: without its colours too the two are told apart. Its
+// glass is 28 px across, and 20 px at least where there is no more room. Assistive tools hear
+// whether it is lit.
 #pragma once
 
 #include "controls/colours.h"
@@ -27,7 +28,7 @@ class Lamp : public QWidget {
 
   private:
     void Describe();
-    void PaintLit(QPainter& painter, const QPointF& middle, double radius) const;
+    void PaintLit(QPainter& painter, const QPointF& middle, double radius, double reach) const;
     void PaintIdle(QPainter& painter, const QPointF& middle, double radius) const;
 
     const Colour Idle;

@@ -35,6 +35,7 @@ void NumberPanels::AddLabel(int number) {
     label->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setIndent(3);
+    label->setAutoFillBackground(true);  // a new byte paints nothing below it
     SetNumberFace(*label);
     // An empty panel is as large as a full one, so that no reply moves the others.
     label->setText(QStringLiteral("000"));
@@ -165,7 +166,6 @@ void NumberPanels::Dress() {
         if (place < Tinted) dress.setColor(QPalette::Window, tint);
         if (place >= Fresh) dress.setColor(QPalette::WindowText, Faded(*this, Stale));
         label.setPalette(dress);
-        label.setAutoFillBackground(place < Tinted);
     }
 }
 

@@ -47,11 +47,10 @@ struct ChartCanvas::Drawing {
 };
 
 ChartCanvas::Drawing::Drawing(ChartCanvas& canvas)
-    : Plot(*new QCustomPlot(&canvas)),
+    : Plot(MakePlot(canvas)),
       Curves(MakeCurves(Plot)),
       Ends{MakeText(Plot), MakeText(Plot)},
       Notes(Plot) {
-    SetUpPlot(Plot);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         Ends[column]->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         Ends[column]->position->setAxes(Plot.xAxis, &ValueAxis(Plot, column));

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace zps {
 
@@ -31,7 +32,8 @@ void LogChart::SetData(const ChartTable& table) {
     if (Stale) return;
     Stale = true;
     if (!isVisible()) return;
-    QMetaObject::invokeMethod(this, &LogChart::Plot, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Drawing.Changed(); }, Qt::QueuedConnection);
 }
 
 void LogChart::showEvent(QShowEvent* event) {
@@ -40,7 +42,7 @@ void LogChart::showEvent(QShowEvent* event) {
 }
 
 void LogChart::Plot() {
-    Stale = false;
+    if (!std::exchange(Stale, false)) return;
     Canvas->Plot(Table);
     if (PointerX || Picked || Pointed) ShowPicked();
 }
@@ -54,7 +56,9 @@ std::optional<int> LogChart::PickedRow() const {
     return static_cast<int>(found - Table.begin());
 }
 
+// Of what is drawn, which may be a sample behind.
 void LogChart::ShowPicked() {
+    if (Stale) return Plot();
     const auto row = PickedRow();
     Canvas->Point(row, Marks);
     Pointed = row || Marks.Marked()[0];
@@ -93,6 +97,7 @@ QString LogChart::SpokenText() const {
 }
 
 void LogChart::keyPressEvent(QKeyEvent* event) {
+    if (Stale) Plot();
     const int row = PickedRow().value_or(ChartRows);
     switch (event->key()) {
         case Qt::Key_Left:

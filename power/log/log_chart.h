@@ -1,11 +1,13 @@
 // The chart of the measurement log.
 #pragma once
 
+#include "controls/paced.h"
 #include "power/log/chart_canvas.h"
 #include "power/log/chart_frame.h"
 #include "power/log/chart_marks.h"
 #include "power/log/chart_table.h"
 
+#include <chrono>
 #include <optional>
 
 namespace zps {
@@ -17,8 +19,8 @@ class LogChart : public ChartFrame {
   public:
     explicit LogChart(QWidget* parent = nullptr);
 
-    // Replaces all points; the picture follows with the next turn of the event loop, or when it is
-    // shown. Costs nothing if the points are the same.
+    // Replaces all points; the picture follows with the next turn of the event loop, a few times a
+    // second at most, or when it is shown. Costs nothing if the points are the same.
     void SetData(const ChartTable& table);
     const ChartTable& Data() const { return Table; }
 
@@ -48,6 +50,7 @@ class LogChart : public ChartFrame {
     std::optional<ChartPoint> Picked;  // while keys pick, it stays at its sample
     ChartMarks Marks;
     bool Pointed = false;  // the picture shows a cursor or marks
+    Paced Drawing{[this] { Plot(); }, std::chrono::milliseconds(300)};
 };
 
 }  // namespace zps

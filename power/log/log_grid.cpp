@@ -31,7 +31,11 @@ QRect TextRect(const QRect& cell) {
 }  // namespace
 
 LogGrid::LogGrid(LogModel& model, QWidget* parent)
-    : QAbstractScrollArea(parent), Model(model), Copy(model, *this) {
+    : QAbstractScrollArea(parent),
+      Model(model),
+      Copy(model, *this),
+      ScrollBar(new StillScrollBar(Qt::Vertical)) {
+    setVerticalScrollBar(ScrollBar);
     verticalScrollBar()->setAccessibleName(QStringLiteral("측정 데이터 표 이동"));
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -128,12 +132,7 @@ void LogGrid::RowsChanged(int first) {
 }
 
 void LogGrid::UpdateScrollBar() {
-    QScrollBar& bar = *verticalScrollBar();
-    const bool following = bar.value() == bar.maximum();
-    const int rows = VisibleRows();
-    bar.setPageStep(rows);
-    bar.setRange(0, std::max(0, RowCount() - rows));
-    if (following) bar.setValue(bar.maximum());
+    ScrollBar->ShowRows(RowCount(), VisibleRows());
 }
 
 // Rows that stay in sight are moved as a picture: a sample then costs the painting of its own row.

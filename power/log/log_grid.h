@@ -1,6 +1,7 @@
 // The grid of the measurement log: draws only the rows that are seen, however many there are.
 #pragma once
 
+#include "controls/still_scroll_bar.h"
 #include "power/log/log_copy.h"
 
 #include <QAbstractScrollArea>
@@ -84,6 +85,7 @@ class LogGrid : public QAbstractScrollArea {
 
     LogModel& Model;
     LogCopy Copy;
+    StillScrollBar* ScrollBar;
     int ColumnWidth = 0;  // px
     int Anchor = 1;       // where the selection began
     int Current = 1;      // where it was moved to

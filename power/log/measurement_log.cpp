@@ -42,6 +42,7 @@ MeasurementLog::MeasurementLog(QWidget* parent)
     // Of one size, so that a growing number moves nothing and costs no lay-out.
     Label6->setFixedSize(WidthFor(*Label6, QStringLiteral("00000000")),
                          Label6->sizeHint().height());
+    Label6->setAutoFillBackground(true);
     LayOut();
     connect(MSFlexGrid1, &LogGrid::Scrolled, this, &MeasurementLog::MSFlexGrid1_Scroll);
     connect(MSFlexGrid1, &LogGrid::Copied, this,

@@ -29,6 +29,41 @@ constexpr std::array<Curve, ChartColumns> Curves{
     Curve{1, Qt::DashLine, QCPScatterStyle::ssSquare, 4, 1.6},
 };
 
+// Puts the layers below the curves down as one picture without transparency, kept until they are
+// drawn anew: blending them with each sample would cost more than drawing the curves.
+class KeptPlot : public QCustomPlot {
+  public:
+    explicit KeptPlot(QWidget& parent) : QCustomPlot(&parent) {
+        connect(this, &QCustomPlot::afterReplot, this, [this] { Below = {}; });
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        const double ratio = devicePixelRatioF();
+        if (bufferDevicePixelRatio() != ratio || mPaintBuffers.isEmpty())
+            return QCustomPlot::paintEvent(event);  // draws itself anew
+        if (Below.isNull()) Below = DrawBelow(ratio);
+        QCPPainter painter(this);
+        painter.drawPixmap(0, 0, Below);
+        mPaintBuffers.back()->draw(&painter);
+    }
+
+  private:
+    QPixmap DrawBelow(double ratio) const {
+        QImage picture(size() * ratio, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(ratio);
+        picture.fill(palette().color(QPalette::Base));
+        QCPPainter painter;
+        painter.begin(&picture);
+        for (auto buffer = mPaintBuffers.begin(); buffer + 1 != mPaintBuffers.end(); ++buffer)
+            (*buffer)->draw(&painter);
+        painter.end();
+        return QPixmap::fromImage(picture);
+    }
+
+    QPixmap Below;
+};
+
 // Put down twenty times with each sample, where drawing it would cost far more.
 QPixmap PictureOf(const Curve& curve, const QColor& colour) {
     const double ratio = qApp->devicePixelRatio();
@@ -64,9 +99,9 @@ class MarkedGraph : public QCPGraph {
 
 }  // namespace
 
-// Every layer of its own costs the blending of a whole picture with each sample, so all but that of
-// the curves stay one, below it.
-void SetUpPlot(QCustomPlot& plot) {
+// All layers but that of the curves stay one, below it.
+QCustomPlot& MakePlot(QWidget& parent) {
+    auto& plot = *new KeptPlot(parent);
     plot.setFocusPolicy(Qt::NoFocus);
     plot.setAttribute(Qt::WA_TransparentForMouseEvents);
     plot.yAxis2->setVisible(true);
@@ -78,6 +113,7 @@ void SetUpPlot(QCustomPlot& plot) {
     QCPLayer* overlay = plot.layer(QStringLiteral("overlay"));
     overlay->setMode(QCPLayer::lmLogical);
     plot.moveLayer(plot.currentLayer(), overlay);
+    return plot;
 }
 
 QCPAxis& ValueAxis(QCustomPlot& plot, std::size_t column) {

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <QWidget>
 
 #include <array>
 #include <cstddef>
@@ -20,8 +21,8 @@ namespace zps {
 constexpr int LowPlot = 130;  // px; below, the curves need the room more than a title does
 
 // A plot that takes neither keys nor pointer, its curves in a layer of their own: they can then be
-// drawn without the axes and their texts.
-void SetUpPlot(QCustomPlot& plot);
+// drawn without the axes and their texts. `parent` owns it.
+QCustomPlot& MakePlot(QWidget& parent);
 // Voltage is drawn by the left axis, current by the right one.
 QCPAxis& ValueAxis(QCustomPlot& plot, std::size_t column);
 

@@ -107,8 +107,7 @@ struct RunCurveCanvas::Drawing {
 };
 
 RunCurveCanvas::Drawing::Drawing(RunCurveCanvas& canvas, const RunCurve& curve)
-    : Curve(curve), Plot(*new QCustomPlot(&canvas)), Curves(MakeCurves(Plot)), Above(Plot) {
-    SetUpPlot(Plot);
+    : Curve(curve), Plot(MakePlot(canvas)), Curves(MakeCurves(Plot)), Above(Plot) {
     Plot.xAxis2->setVisible(true);
     Plot.xAxis2->setSubTicks(false);
     Plot.xAxis2->setTickLabelSide(QCPAxis::lsInside);

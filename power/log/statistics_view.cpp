@@ -47,6 +47,7 @@ StatisticsView::StatisticsView(const QString& name, const QString& accessibleNam
     setObjectName(name);
     setAccessibleName(accessibleName);
     setFocusPolicy(Qt::TabFocus);
+    setAutoFillBackground(true);  // a figure that changes paints nothing below it
     SetNumberFace(*this);
     setSizePolicy(form == Form::Line ? QSizePolicy::Ignored : QSizePolicy::Fixed,
                   QSizePolicy::Fixed);

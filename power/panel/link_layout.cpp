@@ -79,7 +79,7 @@ NumberPanels* MakeBytes() {
 
 // Where one of them is known, all are.
 QString ResponseTimes(const PollCounts& polls) {
-    if (!polls.Last || !polls.Median || !polls.Within99) return QStringLiteral("-");
+    if (!polls.Last || !polls.Median || !polls.Within99) return QStringLiteral("없음");
     return QStringLiteral("마지막 %1 ms, 중앙값 %2 ms, 99% %3 ms 이내")
         .arg(polls.Last->count())
         .arg(polls.Median->count())

@@ -36,7 +36,10 @@ OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content
     : Strip(new QWidget), lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(State))) {
     setObjectName(QStringLiteral("fraOUTPUT"));
     SetPixels(*lblRUNNING, StripText, true);
-    for (QLabel* label : besides) SetPixels(*label, StripText, false);
+    for (QLabel* label : besides) {
+        SetPixels(*label, StripText, false);
+        label->setAutoFillBackground(true);  // a second that passes paints nothing below it
+    }
     // What is written there changes, the room that the region needs does not.
     Strip->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* strip = new QHBoxLayout(Strip);

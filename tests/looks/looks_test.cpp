@@ -1,10 +1,14 @@
 // How the windows look in other type faces, sizes and on other desktops, in every state of a guided
 // session. With LOOKS_FOLDER set it leaves the pictures there.
+#include "controls/big_read_out.h"
 #include "controls/colours.h"
+#include "controls/lamp.h"
 #include "controls/number_face.h"
 #include "power/log/chart_table.h"
 #include "power/log/curve_colours.h"
 #include "power/log/statistics_view.h"
+#include "power/panel/functions.h"
+#include "power/panel/power_controls.h"
 #include "tests/support/panel.h"
 #include "tests/support/runtime_folder.h"
 #include "tour/session.h"
@@ -23,7 +27,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace zps::tests {
 
@@ -147,6 +154,47 @@ void ExpectPainted(QWidget& window, const char* name, Colour colour) {
         EXPECT_EQ(picture.pixelColor(place), ToQColor(colour)) << name;
 }
 
+// From a screen of 1366 x 768 on all lamps are of full size.
+void ExpectLamps(QWidget& main) {
+    const bool room = main.width() >= 1298 && main.height() >= 700;
+    for (const Function& function : Functions()) {
+        const auto* lamp = main.findChild<QWidget*>(QLatin1String(function.LightName));
+        EXPECT_GE(std::min(lamp->width(), lamp->height()), room ? 32 : 24) << function.LightName;
+    }
+}
+
+// px, of the glass of a lit lamp: its white spot does not reach its sides.
+double GlassOf(const QImage& lit, const QColor& colour) {
+    int left = lit.width();
+    int right = 0;
+    for (int x = 0; x < lit.width(); ++x) {
+        if (lit.pixelColor(x, lit.height() / 2) != colour) continue;
+        left = std::min(left, x);
+        right = x;
+    }
+    return (right - left + 1) / lit.devicePixelRatio();
+}
+
+// The share of a picture that looks clearly otherwise in another without colours.
+double GreyDifference(const QImage& one, const QImage& other) {
+    int differ = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x)
+            differ += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) >= 40;
+    }
+    return static_cast<double>(differ) / (one.width() * one.height());
+}
+
+int LowestInk(BigReadOut& shown, const QString& text) {
+    shown.ShowValue(text);
+    const QImage picture = shown.grab().toImage();
+    for (int y = picture.height() - 1; y > 0; --y) {
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixel(x, y) != picture.pixel(0, 0)) return y;
+    }
+    return 0;
+}
+
 class Looks : public testing::TestWithParam<Desktop> {
   protected:
     Looks() : Font(QApplication::font()), Palette(QApplication::palette()) {
@@ -174,6 +222,7 @@ class Looks : public testing::TestWithParam<Desktop> {
             const bool red = picture.pixelColor(2, picture.height() / 2) == ToQColor(DarkRed);
             EXPECT_EQ(red, state.contains(QRegularExpression("running|silent|automatic")));
             ExpectInSight(window);
+            ExpectLamps(window);
             ExpectGrown(window);
             ExpectReadableCurves(window.palette());
         }
@@ -205,6 +254,38 @@ TEST_P(Looks, NoTextIsClippedOrHardToReadInAnyState) {
         },
         (GetParam().Window / qApp->devicePixelRatio()).expandedTo(LeastSize));
     EXPECT_TRUE(session.Work());
+}
+
+TEST(LampsAndDigits, ALampStandsOutFromItsRimAndItsStatesAreToldApartWithoutColours) {
+    for (const Function& function : Functions()) {
+        for (const auto& [side, glass] : {std::pair{24, 20}, {32, 28}, {36, 28}, {72, 56}}) {
+            for (const bool dark : {false, true}) {
+                SCOPED_TRACE(function.LightName + std::to_string(side) + (dark ? " dark" : ""));
+                Lamp lamp(function.Idle);
+                if (dark) lamp.setPalette(tour::DarkDesktop());
+                lamp.setEnabled(!dark || side != 36);
+                lamp.resize(side, side);
+                const QImage idle = lamp.grab().toImage();
+                lamp.Light(function.Active);
+                const QImage lit = lamp.grab().toImage();
+                const QColor colour = ToQColor(function.Active);
+                const int middle = lit.height() / 2;
+                EXPECT_EQ(lit.pixelColor(middle, middle), colour);
+                EXPECT_GE(Contrast(colour, lit.pixelColor(0, middle)), 3);
+                EXPECT_NEAR(GlassOf(lit, colour), glass, 2);
+                EXPECT_GE(GreyDifference(idle, lit), 0.2);
+            }
+        }
+    }
+}
+
+TEST(LampsAndDigits, TheDecimalPointStandsOnTheBaseLineOfTheDigits) {
+    for (const int height : {30, 60, 140}) {
+        BigReadOut shown("txtVOLT", "V", "V", "000.000", {.Least = 18, .Most = 120});
+        shown.resize(height * 6, height);
+        EXPECT_LE(LowestInk(shown, "."), LowestInk(shown, "8")) << height;
+        EXPECT_NE(LowestInk(shown, "8"), LowestInk(shown, ",")) << height;  // it would be seen
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, Looks,

@@ -71,5 +71,33 @@ TEST_F(Pictures, OfTheCurveAndTheWindowAreTwiceAsFineAsTheScreenBelowTheirTitle)
         EXPECT_TRUE(offered(Get<QWidget>(view)).contains("mnuData_Curve")) << view;
 }
 
+// Which widgets are painted.
+class Painted : public QObject {
+  public:
+    QStringList Names;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) Names += watched->objectName();
+        return false;
+    }
+};
+
+TEST_F(Pictures, AReadingPaintsWhatShowsItAndNothingBelow) {
+    ASSERT_TRUE(SwitchOn());
+    ASSERT_TRUE(Handled(Reading(4)));
+    Painted painted;
+    qApp->installEventFilter(&painted);
+    Bytes other = Reading(4);
+    other[7] = 0x50;
+    other[10] = 0x20;
+    ASSERT_TRUE(Handled(other));
+    ASSERT_TRUE(WaitFor([&] { return painted.Names.contains("lblELAPSED"); }));
+    for (const char* name : {"txtVOLT", "txtCURR", "txtWATT", "StatusBar_RXDATA_8"})
+        EXPECT_TRUE(painted.Names.contains(QLatin1String(name))) << name;
+    for (const char* name : {"POWER", "frmPOWERDISPLAY", "fraOUTPUT", "fraPLATE", "fraDATA"})
+        EXPECT_FALSE(painted.Names.contains(QLatin1String(name))) << name;
+}
+
 }  // namespace
 }  // namespace zps::tests
