@@ -160,7 +160,7 @@ Trace RunCurve::Between(double low, double high, int columns) const {
         AddSamples(trace, first > 0 ? first - 1 : 0, end);
         return trace;
     }
-    const double width = (high - low) / columns;
+    const double width = trace.BandWidth = (high - low) / columns;
     for (int column = 0; column < columns; ++column) {
         const double place = low + column * width;
         const std::size_t next = std::min(IndexAt(place + width, first), end);

@@ -14,7 +14,7 @@
 
 namespace zps {
 
-// What the curve reaches in a column of the picture.
+// What the curve reaches in a column of the picture, some pixels wide.
 struct Band {
     double Place;  // of the column's left edge
     Bounds Reach;
@@ -26,6 +26,7 @@ struct Trace {
     std::vector<double> Places;
     std::array<std::vector<float>, ChartColumns> Values;  // NaN where the line breaks
     std::vector<Band> Bands;
+    double BandWidth = 0;
 };
 
 // A place is counted in seconds. Each run counts from the place of its own start, a second behind

@@ -21,6 +21,7 @@ namespace zps {
 namespace {
 
 constexpr double MarkApart = 8;  // px; nearer samples have no marks
+constexpr int MostBands = 1920;  // broader pictures have bands of two pixels, or more
 
 using Ticks = std::vector<CurveTick>;
 
@@ -28,12 +29,12 @@ using Ticks = std::vector<CurveTick>;
 // take the toolkit seconds.
 class BandCurve : public QCPAbstractPlottable {
   public:
-    // The plot owns it; `bands` outlives its drawing.
-    BandCurve(const QCPGraph& graph, std::size_t column, const std::vector<Band>& bands)
+    // The plot owns it; `seen` outlives its drawing.
+    BandCurve(const QCPGraph& graph, std::size_t column, const Trace& seen)
         : QCPAbstractPlottable(graph.keyAxis(), graph.valueAxis()),
           Graph(graph),
           Column(column),
-          Bands(bands) {
+          Seen(seen) {
         setAntialiased(false);
     }
 
@@ -57,10 +58,10 @@ class BandCurve : public QCPAbstractPlottable {
         const QColor colour = Graph.pen().color();
         const int least = qRound(Graph.pen().widthF());
         int end = 0;
-        for (const Band& band : Bands) {
+        for (const Band& band : Seen.Bands) {
             const int x = qRound(keyAxis()->coordToPixel(band.Place));
             const int left = band.Continues && end > 0 ? end : x;
-            end = x + 1;
+            end = qRound(keyAxis()->coordToPixel(band.Place + Seen.BandWidth));
             const int top = PixelOf(band.Reach.Most);
             const int height = std::max(PixelOf(band.Reach.Least) - top, least);
             painter->fillRect(QRect(left, top, end - left, height), colour);
@@ -75,7 +76,7 @@ class BandCurve : public QCPAbstractPlottable {
 
     const QCPGraph& Graph;
     std::size_t Column;
-    const std::vector<Band>& Bands;
+    const Trace& Seen;
 };
 
 }  // namespace
@@ -84,6 +85,7 @@ struct RunCurveCanvas::Drawing {
     Drawing(RunCurveCanvas& canvas, const RunCurve& curve);
     void ApplyPalette(const QPalette& palette, QFont font);
     int Columns() const { return std::max(1, Plot.axisRect()->width()); }
+    int BandCount() const;
 
     CurveStretch Seen() const;
     bool PlaceTimes();
@@ -103,18 +105,20 @@ struct RunCurveCanvas::Drawing {
     RunCurveCanvas::Notes Noted;
     Ticks Times;
     Ticks StepsBegun;
-    std::vector<Band> Bands;
+    Trace Shown;
 };
 
 RunCurveCanvas::Drawing::Drawing(RunCurveCanvas& canvas, const RunCurve& curve)
     : Curve(curve), Plot(*new QCustomPlot(&canvas)), Curves(MakeCurves(Plot)), Above(Plot) {
     SetUpPlot(Plot);
+    // Smooth joins of some thousand lines would take the toolkit half a second.
+    Plot.setPlottingHint(QCP::phFastPolylines);
     Plot.xAxis2->setVisible(true);
     Plot.xAxis2->setSubTicks(false);
     Plot.xAxis2->setTickLabelSide(QCPAxis::lsInside);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         Curves.Values[column]->setAdaptiveSampling(false);
-        new BandCurve(*Curves.Values[column], column, Bands);
+        new BandCurve(*Curves.Values[column], column, Shown);
     }
     ApplyPalette(canvas.palette(), canvas.font());
 }
@@ -127,6 +131,12 @@ void RunCurveCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) 
     Plot.xAxis2->setTickLength(5, 0);
     Above.Colour(palette, font);
     SetMargins(Plot);
+}
+
+// Each of as many whole pixels.
+int RunCurveCanvas::Drawing::BandCount() const {
+    const int pixels = (Columns() + MostBands - 1) / MostBands;
+    return (Columns() + pixels - 1) / pixels;
 }
 
 CurveStretch RunCurveCanvas::Drawing::Seen() const {
@@ -183,19 +193,18 @@ bool RunCurveCanvas::Drawing::PlaceValues() {
 }
 
 void RunCurveCanvas::Drawing::PlaceTrace() {
-    Trace trace = Curve.Between(Window.Low(), Window.High(), Columns());
-    const std::size_t count = trace.Places.size();
+    Shown = Curve.Between(Window.Low(), Window.High(), BandCount());
+    const std::size_t count = Shown.Places.size();
     const auto apart = Columns() / std::max<double>(1, static_cast<double>(count));
     ShowMarks(Curves, apart >= MarkApart);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         QVector<QCPGraphData> data(static_cast<qsizetype>(count));
         for (std::size_t k = 0; k < count; ++k) {
-            data[static_cast<qsizetype>(k)] = {trace.Places[k],
-                                               static_cast<double>(trace.Values[column][k])};
+            data[static_cast<qsizetype>(k)] = {Shown.Places[k],
+                                               static_cast<double>(Shown.Values[column][k])};
         }
         Curves.Values[column]->data()->set(data, true);
     }
-    Bands = std::move(trace.Bands);
 }
 
 void RunCurveCanvas::Drawing::PlaceBreaks() {
