@@ -25,8 +25,6 @@ void LogCopy::Start(int first, int last) {
     First = Next = first;
     Last = last;
     Text = Model.CopyHead(first, last).toUtf8();
-    AddLine(
-        [this](int column, int role) { return Model.headerData(column, Qt::Horizontal, role); });
     if (last - first >= RowsWithoutProgress) ShowProgress();
     Pause.start(0);
     CopySome();
@@ -45,19 +43,9 @@ void LogCopy::Cancel() {
 
 void LogCopy::CopySome() {
     const int end = std::min(Next + RowsAtATime - 1, Last);
-    for (; Next <= end; ++Next) {
-        AddLine([this](int column, int role) { return Model.index(Next, column).data(role); });
-    }
+    for (; Next <= end; ++Next) Text += Model.CopyLine(Next).toUtf8();
     if (Progress) Progress->setValue(Next - First);
     if (Next > Last) Finish();
-}
-
-void LogCopy::AddLine(const std::function<QVariant(int column, int role)>& cell) {
-    const int columns = Model.columnCount();
-    for (int column = 0; column < columns; ++column) {
-        Text += cell(column, Qt::DisplayRole).toString().toUtf8() + '\t';
-    }
-    Text += cell(0, MoreRole).toString().toUtf8() + '\n';
 }
 
 // The box leaves the window usable: the output must be within reach at any time.

@@ -73,7 +73,8 @@ TEST_F(LogCopying, SelectedRowsAreTextForASpreadsheetByKeyAndMenu) {
     };
     choose(1, "모두 선택(&A)");
     choose(0, "복사(&C)");
-    EXPECT_NE(Copied().find(Titles + "0\t0\t07\t0\t0\t\t\t\t\n1\t"), std::string::npos) << Copied();
+    // What stands beside them there is of the latest run, or set values: nobody measured it.
+    EXPECT_NE(Copied().find(Titles + "0\t0\t\t\t\t\t\t\t\n1\t"), std::string::npos) << Copied();
     EXPECT_TRUE(Copied().ends_with("\t5.00\t0.500\t2026-11-21 09:00:00.91\tCV\t0\t0x00\n"));
     QLocale::setDefault(QLocale::system());
     const auto& said = Control<QLabel>("lblCOPIED");
