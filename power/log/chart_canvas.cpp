@@ -4,6 +4,7 @@
 #include "power/log/chart_canvas.h"
 
 #include "controls/number_face.h"
+#include "controls/number_text.h"
 #include "power/log/curve_colours.h"
 #include "power/log/plot_notes.h"
 #include "power/log/plot_parts.h"
@@ -109,8 +110,7 @@ void ChartCanvas::Drawing::PlaceEnds(const ChartTable& table) {
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         const auto& value = last->Values[column];
         if (!value) continue;
-        Ends[column]->setText(
-            QString::number(static_cast<double>(value->Value), 'f', value->Decimals));
+        Ends[column]->setText(FixedText(value->Value, value->Decimals));
         const double height = column == 0 ? heights.first : heights.second;
         Ends[column]->position->setCoords(place, height * Tops[column]);
         Ends[column]->setVisible(true);

@@ -1,8 +1,6 @@
 #include "power/log/log_copy.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
+#include "controls/copy_text.h"
 
 #include <algorithm>
 
@@ -60,9 +58,7 @@ void LogCopy::ShowProgress() {
 }
 
 void LogCopy::Finish() {
-    auto* content = new QMimeData;
-    content->setData(QStringLiteral("text/plain"), Text);
-    QGuiApplication::clipboard()->setMimeData(content);
+    CopyText(Text);
     Cancel();
     Q_EMIT Copied(Last - First + 1);
 }

@@ -1,5 +1,6 @@
 #include "power/log/log_model.h"
 
+#include "controls/number_text.h"
 #include "power/log/statistics_text.h"
 #include "source/numbers.h"
 #include "source/reply.h"
@@ -15,10 +16,6 @@ QString SecondsText(std::uint32_t hundredths) {
            QChar(u'0' + hundredths % 10);
 }
 
-QString ValueText(float value, int decimals) {
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
-
 // All that tells the columns apart. They are of one width.
 struct Column {
     const char* Title;
@@ -30,9 +27,9 @@ constexpr std::array<Column, LogColumns> Columns{{
     {"STEP",
      [](const Sample& of, std::int32_t) { return QString::fromStdString(FormatStep(of.Step)); }},
     {"Voltage(V)",
-     [](const Sample& of, std::int32_t) { return ValueText(of.Volts, of.VoltDecimals); }},
+     [](const Sample& of, std::int32_t) { return FixedText(of.Volts, of.VoltDecimals); }},
     {"Current(A)",
-     [](const Sample& of, std::int32_t) { return ValueText(of.Amps, of.CurrDecimals); }},
+     [](const Sample& of, std::int32_t) { return FixedText(of.Amps, of.CurrDecimals); }},
 }};
 
 std::optional<Reading> NumberIn(const QString& text) {
