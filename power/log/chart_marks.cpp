@@ -14,7 +14,7 @@ namespace {
 constexpr std::array<const char*, ChartColumns> Units{" V", " A"};
 constexpr std::array<const char*, ChartColumns> Names{"전압 ", "전류 "};
 
-const QString Between = QStringLiteral(" · ");
+const QString Separator = QStringLiteral(" · ");
 
 QString Signed(double value, int decimals) {
     QString text = FixedText(std::abs(value), decimals);
@@ -52,7 +52,7 @@ QString ChartMarks::Difference() const {
                         std::max(from->Decimals, to->Decimals)) +
                      QLatin1String(Units[column]);
     }
-    return QStringLiteral("Δ ") + parts.join(Between);
+    return QStringLiteral("Δ ") + parts.join(Separator);
 }
 
 QString ReadingText(const ChartPoint& point) {
@@ -62,8 +62,8 @@ QString ReadingText(const ChartPoint& point) {
         if (value)
             values << FixedText(value->Value, value->Decimals) + QLatin1String(Units[column]);
     }
-    return QStringLiteral("NO %1").arg(point.Number) + Between + FixedText(point.Seconds(), 2) +
-           QStringLiteral("초\n") + values.join(Between);
+    return QStringLiteral("NO %1").arg(point.Number) + Separator + FixedText(point.Seconds(), 2) +
+           QStringLiteral("초\n") + values.join(Separator);
 }
 
 QString SummaryText(const ChartTable& table) {

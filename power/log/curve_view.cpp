@@ -23,7 +23,7 @@ constexpr double ZoomStep = 1.5;  // of a key
 constexpr double MostOften = 500;     // ms
 constexpr double LeastOften = 10000;  // ms
 
-const QString Between = QStringLiteral(", ");
+const QString Separator = QStringLiteral(", ");
 
 }  // namespace
 
@@ -228,7 +228,7 @@ void CurveView::Unmark() {
 QString CurveView::PictureNote() const {
     const auto [title, figures] = Figures();
     if (figures.isEmpty() || lblCURVESTAT->ShowsAll()) return {};
-    return title + QStringLiteral(": ") + figures.join(Between);
+    return title + QStringLiteral(": ") + figures.join(Separator);
 }
 
 // The sample at the cursor, else what is seen.
@@ -238,14 +238,14 @@ QString CurveView::SpokenText() const {
         parts << ReadingAt(*picked).replace(u'\n', QStringLiteral(" · "));
         if (Marked(0) == picked) parts << QStringLiteral("표시 A");
         if (Marked(1) == picked) parts << QStringLiteral("표시 B");
-        if (Marked(1) != picked) return parts.join(Between);
+        if (Marked(1) != picked) return parts.join(Separator);
         parts << Marks.Difference();
     }
     if (Curve.Count() == 0) return QStringLiteral("측정값 없음");
     const auto [title, figures] = Figures();
     parts << title << figures;
     if (Window.Follows()) parts << chkFOLLOW->text();
-    return parts.join(Between);
+    return parts.join(Separator);
 }
 
 }  // namespace zps

@@ -151,7 +151,7 @@ Band RunCurve::BandOf(double place, std::size_t first, std::size_t end) const {
     return {place, BoundsOf(hangs ? first - 1 : first, end), hangs};
 }
 
-Trace RunCurve::Between(double low, double high, int columns) const {
+Trace RunCurve::TraceOf(double low, double high, int columns) const {
     Trace trace;
     if (Count() == 0 || !(low < high) || columns < 1) return trace;
     std::size_t first = IndexAt(low);

@@ -73,7 +73,7 @@ class RunCurve {
     int StepOf(std::size_t index) const { return Samples.At(index).Step; }
 
     // Between two places, in so many columns, with the nearest samples on either side.
-    Trace Between(double low, double high, int columns) const;
+    Trace TraceOf(double low, double high, int columns) const;
 
     // Memory that it holds besides the store, in bytes.
     std::size_t Bytes() const {

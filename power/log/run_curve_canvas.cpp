@@ -193,7 +193,7 @@ bool RunCurveCanvas::Drawing::PlaceValues() {
 }
 
 void RunCurveCanvas::Drawing::PlaceTrace() {
-    Shown = Curve.Between(Window.Low(), Window.High(), BandCount());
+    Shown = Curve.TraceOf(Window.Low(), Window.High(), BandCount());
     const std::size_t count = Shown.Places.size();
     const auto apart = Columns() / std::max<double>(1, static_cast<double>(count));
     ShowMarks(Curves, apart >= MarkApart);

@@ -88,7 +88,7 @@ TEST(RunCurve, PlacesAndBeginningsAreFoundFromAnywhere) {
     log.Samples.Clear();
     log.Curve.Clear();
     EXPECT_EQ(curve.Nearest(1), std::nullopt);
-    EXPECT_TRUE(curve.Between(0, 10, 100).Places.empty());
+    EXPECT_TRUE(curve.TraceOf(0, 10, 100).Places.empty());
 }
 
 // Nothing that a sample reaches is lost, however few columns there are, and lines break where runs
@@ -97,7 +97,7 @@ TEST(RunCurve, EveryColumnReachesAsFarAsItsSamplesDo) {
     RandomLog log(20'000);
     const double end = log.Curve.End();
     for (const auto& [low, high] : {std::pair(0.0, end), {end * 0.31, end * 0.32}, {-5.0, 2.0}}) {
-        const Trace trace = log.Curve.Between(low, high, 300);
+        const Trace trace = log.Curve.TraceOf(low, high, 300);
         EXPECT_EQ(trace.Bands.empty(), high - low < 40);
         EXPECT_LE(trace.Bands.size(), 300U);
         EXPECT_TRUE(std::is_sorted(trace.Places.begin(), trace.Places.end()));
@@ -130,7 +130,7 @@ TEST(RunCurve, EveryColumnReachesAsFarAsItsSamplesDo) {
                                                         }) -
                                      log.All.begin());
     const double place = log.Curve.PlaceOf(silent);
-    const Trace trace = log.Curve.Between(place - 6, place + 1, 300);
+    const Trace trace = log.Curve.TraceOf(place - 6, place + 1, 300);
     EXPECT_EQ(std::count_if(trace.Values[0].begin(), trace.Values[0].end(),
                             [](float value) { return std::isnan(value); }),
               1);
