@@ -1,4 +1,5 @@
 #include "tests/power/log/shown_log.h"
+#include "tests/support/processor_time.h"
 
 #include <QAction>
 #include <QApplication>
@@ -116,6 +117,21 @@ TEST_F(LogCopying, LongCopyShowsItsProgressAndLeavesTheLogAlive) {
         const QStringList cells = lines[k + 1].split(u'\t');
         ASSERT_EQ(cells[0] + ' ' + cells[3], QString("%1 %1.00").arg(k));
     }
+}
+
+// A twentieth of this is usual.
+TEST_F(LogCopying, CopyOfAnHourOfRowsHoldsNobodyUp) {
+    for (int k = 1; k <= 8000; ++k) {
+        Time += std::chrono::milliseconds(165);
+        Log.Append(1, {12.0F, 3}, {0.5F, 4}, 0xC4);
+    }
+    const double before = ProcessorTime();
+    CopyAll();
+    const auto& said = Control<QLabel>("lblCOPIED");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return said.text() == QStringLiteral("8001행 복사됨"); }));
+    const double took = ProcessorTime() - before;
+    RecordProperty("milliseconds", std::to_string(took * 1000));
+    EXPECT_LT(took, 1);
 }
 
 TEST_F(LogCopying, CopyThatIsCancelledOrLosesItsRowsLeavesTheClipboardAsItWas) {
