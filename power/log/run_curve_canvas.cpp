@@ -4,6 +4,7 @@
 #include "power/log/run_curve_canvas.h"
 
 #include "controls/number_face.h"
+#include "power/log/band_curve.h"
 #include "power/log/chart_axes.h"
 #include "power/log/curve_colours.h"
 #include "power/log/plot_notes.h"
@@ -21,63 +22,10 @@ namespace zps {
 namespace {
 
 constexpr double MarkApart = 8;  // px; nearer samples have no marks
+constexpr int TitledPlot = 150;  // px; below, the curves need the room more than a title does
 constexpr int MostBands = 1920;  // broader pictures have bands of two pixels, or more
 
 using Ticks = std::vector<CurveTick>;
-
-// Draws the bands of a column's values, looking like its graph. A line through as many points would
-// take the toolkit seconds.
-class BandCurve : public QCPAbstractPlottable {
-  public:
-    // The plot owns it; `seen` outlives its drawing.
-    BandCurve(const QCPGraph& graph, std::size_t column, const Trace& seen)
-        : QCPAbstractPlottable(graph.keyAxis(), graph.valueAxis()),
-          Graph(graph),
-          Column(column),
-          Seen(seen) {
-        setAntialiased(false);
-    }
-
-    double selectTest(const QPointF& /*pos*/, bool /*only*/, QVariant* /*details*/) const override {
-        return -1;
-    }
-    QCPRange getKeyRange(bool& found, QCP::SignDomain /*in*/) const override {
-        found = false;
-        return {};
-    }
-    QCPRange getValueRange(bool& found, QCP::SignDomain /*in*/,
-                           const QCPRange& /*keys*/) const override {
-        found = false;
-        return {};
-    }
-
-  protected:
-    // In whole pixels, which the toolkit fills fastest, and with nothing below: area that is filled
-    // column by column would take twice as long as the curve.
-    void draw(QCPPainter* painter) override {
-        const QColor colour = Graph.pen().color();
-        const int least = qRound(Graph.pen().widthF());
-        int end = 0;
-        for (const Band& band : Seen.Bands) {
-            const int x = qRound(keyAxis()->coordToPixel(band.Place));
-            const int left = band.Continues && end > 0 ? end : x;
-            end = qRound(keyAxis()->coordToPixel(band.Place + Seen.BandWidth));
-            const int top = PixelOf(band.Reach.Most);
-            const int height = std::max(PixelOf(band.Reach.Least) - top, least);
-            painter->fillRect(QRect(left, top, end - left, height), colour);
-        }
-    }
-    void drawLegendIcon(QCPPainter* /*painter*/, const QRectF& /*rect*/) const override {}
-
-  private:
-    int PixelOf(const std::array<float, ChartColumns>& values) const {
-        return qRound(valueAxis()->coordToPixel(static_cast<double>(values.at(Column))));
-    }
-
-    const QCPGraph& Graph;
-    std::size_t Column;
-    const Trace& Seen;
-};
 
 }  // namespace
 
@@ -118,7 +66,7 @@ RunCurveCanvas::Drawing::Drawing(RunCurveCanvas& canvas, const RunCurve& curve)
     Plot.xAxis2->setTickLabelSide(QCPAxis::lsInside);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         Curves.Values[column]->setAdaptiveSampling(false);
-        new BandCurve(*Curves.Values[column], column, Shown);
+        AddBands(*Curves.Values[column], column, Shown);
     }
     ApplyPalette(canvas.palette(), canvas.font());
 }
