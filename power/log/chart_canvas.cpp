@@ -87,8 +87,10 @@ void ChartCanvas::Drawing::PlaceCurves(const ChartTable& table) {
             data.add({Times.Places[row], shown});
             highest = std::max(highest, value ? shown : 0);
         }
-        // Runs do not hang together.
-        for (const double place : Times.Breaks) data.add({place, Gap});
+        // Runs do not hang together, nor samples with a silence between them.
+        for (const auto* gaps : {&Times.Breaks, &Times.Silences}) {
+            for (const double place : *gaps) data.add({place, Gap});
+        }
         Tops[column] = NextTop(Tops[column], highest, RoomAbove(column));
     }
     Curves.Breaks->data()->clear();
