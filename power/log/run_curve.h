@@ -67,6 +67,9 @@ class RunCurve {
     std::optional<std::size_t> Nearest(double place) const;
 
     Bounds BoundsOf(std::size_t first, std::size_t end) const { return Bound.Of(first, end); }
+    // What is seen of the curve between two places: the samples there, and its line from them to
+    // those beyond.
+    Bounds ReachOf(double low, double high) const;
     // The first sample from `index` on that begins a run, or whose step is not that of the sample
     // before; Count() where there is none.
     std::size_t NextBeginning(std::size_t index) const;
@@ -88,6 +91,7 @@ class RunCurve {
     std::size_t RunOf(std::size_t index) const;
     bool BeginsAt(std::size_t index) const;
     bool Hangs(std::size_t index) const;
+    Bounds OnLine(std::size_t index, double place) const;
     void AddSamples(Trace& trace, std::size_t first, std::size_t end) const;
     Band BandOf(double place, std::size_t first, std::size_t end) const;
 

@@ -128,9 +128,7 @@ bool RunCurveCanvas::Drawing::PlaceTimes() {
 
 // Whether an axis has changed.
 bool RunCurveCanvas::Drawing::PlaceValues() {
-    const std::size_t first = Curve.IndexAt(Window.Low());
-    const std::size_t end = std::min(Curve.IndexAt(Window.High(), first) + 1, Curve.Count());
-    const Bounds bounds = Curve.BoundsOf(first > 0 ? first - 1 : 0, end);
+    const Bounds bounds = Curve.ReachOf(Window.Low(), Window.High());
     bool moved = false;
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         const double highest = std::max(0.0, static_cast<double>(bounds.Most[column]));

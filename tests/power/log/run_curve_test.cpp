@@ -136,6 +136,26 @@ TEST(RunCurve, EveryColumnReachesAsFarAsItsSamplesDo) {
               1);
 }
 
+TEST(RunCurve, ReachesAsFarAsItIsSeenAndNotToSamplesBeyondTheEdges) {
+    SampleStore samples;
+    RunCurve curve(samples);
+    for (std::int32_t number = 1;
+         const auto& [hundredths, volts] :
+         {std::pair(0U, 1.0F), {50U, 3.0F}, {500U, 100.0F}, {540U, 60.0F}}) {
+        samples.Append({volts, 0, hundredths, 0, 2, 3}, number++);
+        curve.Append();
+    }
+    for (const auto& [low, high, least, most] : {std::array{0.25, 4.0, 2.0, 3.0},
+                                                 {0.1, 0.2, 1.4, 1.8},
+                                                 {4.0, 5.1, 90.0, 100.0},
+                                                 {1.0, 4.0, HUGE_VAL, -HUGE_VAL},
+                                                 {-1.0, 0.25, 1.0, 2.0}}) {
+        const Bounds reach = curve.ReachOf(low, high);
+        EXPECT_FLOAT_EQ(reach.Least[0], static_cast<float>(least)) << low;
+        EXPECT_FLOAT_EQ(reach.Most[0], static_cast<float>(most)) << low;
+    }
+}
+
 TEST(RunCurve, TimesAreThoseOfTheRunsAndStepsStandWhereTheyBegin) {
     SampleStore samples;
     RunCurve curve(samples);
