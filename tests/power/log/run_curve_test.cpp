@@ -179,6 +179,10 @@ TEST(RunCurve, TimesAreThoseOfTheRunsAndStepsStandWhereTheyBegin) {
     EXPECT_TRUE(steps[0].Label.ends_with("03") && steps[1].Label.ends_with("04")) << texts(steps);
     EXPECT_EQ(steps[1].Place, 7);
     EXPECT_EQ(steps[2].Place, 20);
+    // With room for two numbers the longest have theirs, and of steps in one place the last.
+    EXPECT_EQ(texts(StepTicks(curve, {0, 40, 400, 100})),
+              "0= 7=" + steps[1].Label + " 20=" + steps[2].Label + " ");
+    EXPECT_EQ(texts(StepTicks(curve, {0, 40, 10, 1})), "0=" + steps[2].Label + " ");
     EXPECT_EQ(RunBreaks(curve, {0, 40, 400, 40}), std::vector{19.5});
     EXPECT_EQ(TimeLabel(3725, 1, true), "1:02:05");
     EXPECT_EQ(TimeLabel(59.5, 0.5, true), "0:00:59.5");
