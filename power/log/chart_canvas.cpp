@@ -51,7 +51,7 @@ ChartCanvas::Drawing::Drawing(ChartCanvas& canvas)
     : Plot(*new QCustomPlot(&canvas)),
       Curves(MakeCurves(Plot)),
       Ends{MakeText(Plot), MakeText(Plot)},
-      Notes(Plot) {
+      Notes(Plot, false) {
     SetUpPlot(Plot);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         Ends[column]->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -186,9 +186,8 @@ void ChartCanvas::Plot(const ChartTable& table) {
 
 void ChartCanvas::Point(std::optional<int> row, const ChartMarks& marks) {
     Drawing& drawing = *Plotting;
-    for (std::size_t mark = 0; mark < 2; ++mark) {
-        drawing.Notes.PlaceMark(mark, drawing.PlaceOf(marks.Marked().at(mark)));
-    }
+    const auto& [a, b] = marks.Marked();
+    drawing.Notes.PlaceMarks({drawing.PlaceOf(a), drawing.PlaceOf(b)});
     std::optional<double> place;
     if (row) place = drawing.Times.Places[static_cast<std::size_t>(*row)];
     drawing.Notes.PlaceCursor(

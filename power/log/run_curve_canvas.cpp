@@ -57,7 +57,7 @@ struct RunCurveCanvas::Drawing {
 };
 
 RunCurveCanvas::Drawing::Drawing(RunCurveCanvas& canvas, const RunCurve& curve)
-    : Curve(curve), Plot(*new QCustomPlot(&canvas)), Curves(MakeCurves(Plot)), Above(Plot) {
+    : Curve(curve), Plot(*new QCustomPlot(&canvas)), Curves(MakeCurves(Plot)), Above(Plot, true) {
     SetUpPlot(Plot);
     // Smooth joins of some thousand lines would take the toolkit half a second.
     Plot.setPlottingHint(QCP::phFastPolylines);
@@ -163,7 +163,7 @@ void RunCurveCanvas::Drawing::PlaceNotes() {
         if (!index || *index >= Curve.Count()) return std::nullopt;
         return Curve.PlaceOf(*index);
     };
-    for (std::size_t mark = 0; mark < 2; ++mark) Above.PlaceMark(mark, place(Noted.Marks.at(mark)));
+    Above.PlaceMarks({place(Noted.Marks[0]), place(Noted.Marks[1])});
     Above.PlaceCursor(place(Noted.Cursor), Noted.Reading);
 }
 
