@@ -103,7 +103,7 @@ bool RunCurveCanvas::Drawing::PlaceTicks(QCPAxis& axis, Ticks& old, Ticks ticks)
 void RunCurveCanvas::Drawing::TitleTimes() {
     const bool clock = !Times.empty() && Times.back().Label.find(':') != std::string::npos;
     QString title;
-    if (Plot.height() >= LowPlot)
+    if (Plot.height() >= TitledPlot)
         title = clock ? QStringLiteral("시간(시:분:초)") : QStringLiteral("시간(초)");
     Plot.xAxis->setLabel(title);
 }

@@ -306,6 +306,25 @@ TEST_F(ShownCurve, WheelZoomsAboutThePointerDragMovesAndAClickMarks) {
     EXPECT_TRUE(View.Shown().ShowsAll());
 }
 
+// The curve has what a low view has, and its line of figures comes back with the room.
+TEST_F(ShownCurve, GivesTheRoomOfALowViewToTheCurve) {
+    auto& follow = Control<QCheckBox>("chkFOLLOW");
+    auto& canvas = *View.findChild<RunCurveCanvas*>();
+    for (const int height : {160, 300, 125}) {
+        Log.resize(1000, height);
+        const int besides = height == 300 ? 35 : 4;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return canvas.height() >= View.height() - besides; }))
+            << height << ' ' << canvas.height() << ' ' << View.height();
+        EXPECT_EQ(follow.isVisible(), height == 300) << height;
+    }
+    EXPECT_FALSE(View.PictureNote().isEmpty());
+    Press({Qt::Key_End});
+    EXPECT_TRUE(
+        Control<QLabel>("lblCURVEDIFF").toolTip().startsWith("600.00 V · 60.000 A · NO 600"));
+    Press({Qt::Key_F});
+    EXPECT_FALSE(View.Shown().Follows());
+}
+
 TEST_F(ShownCurve, BeginsAnewWhereTheLogIsClearedInTheMiddleOfARunWhileItIsHidden) {
     Tabs.setCurrentIndex(0);
     Log.Clear("00", "0", "0");
