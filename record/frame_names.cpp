@@ -40,9 +40,9 @@ constexpr std::array ValueCommands{ValueCommand{letter::Step, 1},  ValueCommand{
                                    ValueCommand{letter::Count, 2}};
 constexpr auto Switches = "AGWX";
 
-using Span = std::span<const std::uint8_t>;
+using ByteView = std::span<const std::uint8_t>;
 
-int Number(Span bytes) {
+int Number(ByteView bytes) {
     int value = 0;
     for (const std::uint8_t byte : bytes) value = value * 256 + byte;
     return value;
@@ -59,7 +59,7 @@ QString Seconds(double seconds) {
     return QString::fromStdString(FormatFixed(seconds, 5));
 }
 
-QString ValueText(char which, Span data, const Scales& known) {
+QString ValueText(char which, ByteView data, const Scales& known) {
     constexpr double milli = 1e-3, centimilli = 1e-5;
     switch (which) {
         case letter::Step:
@@ -84,7 +84,7 @@ QString ValueText(char which, Span data, const Scales& known) {
 
 // How many data bytes of a command stand at the head of `rest`; more than there are where it is cut
 // off.
-std::size_t LengthOf(char which, Span rest) {
+std::size_t LengthOf(char which, ByteView rest) {
     const auto* found = std::ranges::find(ValueCommands, which, &ValueCommand::Letter);
     if (found != ValueCommands.end()) return found->Length;
     if (which == letter::Sequence) {
@@ -94,16 +94,16 @@ std::size_t LengthOf(char which, Span rest) {
     return std::strchr(Switches, which) != nullptr ? 1 : 0;
 }
 
-QString SequenceText(Span steps) {
+QString SequenceText(ByteView steps) {
     QString text = QStringLiteral("AUTO STEP ");
     if (steps.empty()) return text + QStringLiteral("비움");
     for (const std::uint8_t step : steps) text += QString::fromStdString(FormatStep(step)) + u'>';
     return text;
 }
 
-QString CommandText(Span command, std::size_t length, const Scales& known) {
+QString CommandText(ByteView command, std::size_t length, const Scales& known) {
     const char which = static_cast<char>(command[1]);
-    const Span data = command.subspan(2, length);
+    const ByteView data = command.subspan(2, length);
     if (which == letter::Sequence) return SequenceText(data.first(length - 1));
     if (std::ranges::find(ValueCommands, which, &ValueCommand::Letter) != ValueCommands.end())
         return ValueText(which, data, known);
@@ -146,12 +146,12 @@ QString DataText(const LineMessage& reply) {
 }  // namespace
 
 QString FrameName(const LineMessage& frame) {
-    const Span all = frame.Data;
+    const ByteView all = frame.Data;
     if (all.size() == ControlLength) return ControlText(all[1]);
     if (all.size() < CommandsFrom + BehindCommands)
         return QStringLiteral("%1바이트").arg(all.size());
     QStringList words;
-    Span rest = all.subspan(CommandsFrom, all.size() - CommandsFrom - BehindCommands);
+    ByteView rest = all.subspan(CommandsFrom, all.size() - CommandsFrom - BehindCommands);
     while (rest.size() >= 2 && rest[0] == code::Esc) {  // behind the last may be padding
         const std::size_t length = LengthOf(static_cast<char>(rest[1]), rest.subspan(2));
         if (rest.size() < 2 + length) break;

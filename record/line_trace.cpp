@@ -4,7 +4,7 @@ namespace zps {
 
 LineTrace::LineTrace() : Entries(MostMessages), Bytes(Room) {}
 
-void LineTrace::Note(LineEvent what, int commPort, const Moment& when, const Scales& known,
+void LineTrace::Note(LineEvent what, int commPort, const EventTime& when, const Scales& known,
                      std::span<const std::uint8_t> data) {
     Entries[Next % MostMessages] = {.When = when,
                                     .Place = Stored,

@@ -28,18 +28,18 @@ enum class LineEvent : std::uint8_t {
     Thrown,  // what had come and was thrown away unread
 };
 
-struct Moment {
+struct EventTime {
     serial::Clock::time_point At;
     std::chrono::system_clock::time_point TimeOfDay;
 
-    static Moment Now() { return {serial::Clock::now(), std::chrono::system_clock::now()}; }
+    static EventTime Now() { return {serial::Clock::now(), std::chrono::system_clock::now()}; }
 };
 
 struct LineMessage {
     LineEvent What = LineEvent::Opened;
     std::uint8_t CommPort = 0;
-    Moment When{};   // sent, or begun to be read
-    Scales Known{};  // of the supply at the address in the first byte, at that time
+    EventTime When{};  // sent, or begun to be read
+    Scales Known{};    // of the supply at the address in the first byte, at that time
     std::vector<std::uint8_t> Data{};
 };
 
@@ -53,7 +53,7 @@ class LineTrace {
 
     LineTrace();
 
-    void Note(LineEvent what, int commPort, const Moment& when, const Scales& known = {},
+    void Note(LineEvent what, int commPort, const EventTime& when, const Scales& known = {},
               std::span<const std::uint8_t> data = {});
     // One more byte of the message noted last.
     void Append(std::uint8_t byte);
@@ -66,7 +66,7 @@ class LineTrace {
 
   private:
     struct Entry {
-        Moment When;
+        EventTime When;
         std::uint64_t Place = 0;  // of its first byte, among all bytes ever noted
         Scales Known;
         std::uint32_t Length = 0;

@@ -1,11 +1,10 @@
 #include "record/record_table.h"
 
+#include "controls/copy_text.h"
 #include "controls/number_face.h"
 #include "controls/widgets.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 
@@ -98,7 +97,7 @@ void RecordTable::Copy() {
         for (int row = 0; row < Model.rowCount(); ++row) rows.push_back(row);
     QString text = LineOf(-1);
     for (const int row : rows) text += LineOf(row);
-    QGuiApplication::clipboard()->setText(text);
+    CopyText(text.toUtf8());
     Q_EMIT Copied(static_cast<int>(rows.size()));
 }
 

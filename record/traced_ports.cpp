@@ -36,7 +36,7 @@ class TracedPort final : public serial::Port {
 
   private:
     void Open();
-    void Note(LineEvent what, const Moment& when, std::span<const std::uint8_t> data);
+    void Note(LineEvent what, const EventTime& when, std::span<const std::uint8_t> data);
 
     const std::unique_ptr<serial::Port> Of;
     LineTrace& Trace;
@@ -50,7 +50,7 @@ void TracedPort::SetPortOpen(bool open) {
     if (open) return Open();
     DiscardInput();
     Of->SetPortOpen(false);
-    Trace.Note(LineEvent::Closed, OpenNumber, Moment::Now());
+    Trace.Note(LineEvent::Closed, OpenNumber, EventTime::Now());
 }
 
 void TracedPort::Open() {
@@ -59,16 +59,16 @@ void TracedPort::Open() {
     try {
         Of->SetPortOpen(true);
     } catch (const serial::PortError&) {
-        Trace.Note(LineEvent::NotOpened, OpenNumber, Moment::Now());
+        Trace.Note(LineEvent::NotOpened, OpenNumber, EventTime::Now());
         throw;
     }
-    Trace.Note(LineEvent::Opened, OpenNumber, Moment::Now());
+    Trace.Note(LineEvent::Opened, OpenNumber, EventTime::Now());
 }
 
 std::vector<std::uint8_t> TracedPort::DiscardInput() {
     Reading = false;
     auto thrown = Of->DiscardInput();
-    if (!thrown.empty()) Note(LineEvent::Thrown, Moment::Now(), thrown);
+    if (!thrown.empty()) Note(LineEvent::Thrown, EventTime::Now(), thrown);
     return thrown;
 }
 
@@ -77,19 +77,19 @@ std::uint8_t TracedPort::Input() {
     if (std::exchange(Reading, true))
         Trace.Append(byte);
     else
-        Note(LineEvent::Read, Moment::Now(), {&byte, 1});
+        Note(LineEvent::Read, EventTime::Now(), {&byte, 1});
     return byte;
 }
 
 void TracedPort::Output(std::span<const std::uint8_t> block) {
     Reading = false;
-    const Moment when = Moment::Now();             // writing takes its time
+    const EventTime when = EventTime::Now();       // writing takes its time
     if (!PortOpen()) Of->SetCommPort(CommPort());  // for the error
     Of->Output(block);
     Note(LineEvent::Sent, when, block);
 }
 
-void TracedPort::Note(LineEvent what, const Moment& when, std::span<const std::uint8_t> data) {
+void TracedPort::Note(LineEvent what, const EventTime& when, std::span<const std::uint8_t> data) {
     const Scales known = data.empty() ? Scales{} : ScalesAt(data.front());
     Trace.Note(what, OpenNumber, when, known, data);
 }

@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/error_texts.h"
 #include "controls/faded.h"
+#include "controls/number_text.h"
 #include "controls/show_only.h"
 #include "controls/spoken_labels.h"
 #include "set_manual/models.h"
@@ -16,10 +17,6 @@
 namespace zps {
 
 namespace {
-
-QString Fixed(double value, int decimals) {
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
 
 QString NameOf(CheckStage asked) {
     switch (asked) {
@@ -81,8 +78,8 @@ void SET_MANUAL::Form_Load() {
     Controls.cmbMODEL->setCurrentIndex(Source.ModelIndex);
     cmbMODEL_Click();
     Controls.optPORT(Source.CommPort).setChecked(true);
-    Controls.POWERVoltage->ShowValue(QString::fromStdString(FormatFixed(Source.MaxVolt(), 1)));
-    Controls.POWERCurrent->ShowValue(QString::fromStdString(FormatFixed(Source.MaxCurr(), 1)));
+    Controls.POWERVoltage->ShowValue(FixedText(Source.MaxVolt(), 1));
+    Controls.POWERCurrent->ShowValue(FixedText(Source.MaxCurr(), 1));
     if (error) {
         ReportLater(*error);
     } else if (Source.SetAddr != Source.CheckedAddr()) {
@@ -137,11 +134,11 @@ void SET_MANUAL::cmbMODEL_Change() {
 }
 
 void SET_MANUAL::TakeRatings(double volts, double amps) {
-    Controls.POWERVoltage->ShowValue(Fixed(volts, 1));
-    Controls.POWERCurrent->ShowValue(Fixed(amps, 1));
+    Controls.POWERVoltage->ShowValue(FixedText(volts, 1));
+    Controls.POWERCurrent->ShowValue(FixedText(amps, 1));
     Source.SetMaxVolt(ToSingle(volts));
     Source.SetMaxCurr(ToSingle(amps));
-    const QString ratings = QStringLiteral("%1V/%2A").arg(Fixed(volts, 0), Fixed(amps, 0));
+    const QString ratings = QStringLiteral("%1V/%2A").arg(FixedText(volts, 0), FixedText(amps, 0));
     Power.ShowRatings(ratings);
     Power.Happened().Note(EventKind::Checked,
                           QStringLiteral("주소 %1의 정격: %2").arg(Source.SetAddr).arg(ratings));
@@ -152,7 +149,7 @@ void SET_MANUAL::TakeRatings(double volts, double amps) {
 void SET_MANUAL::IdentifyModel(double watts) {
     if (watts < LeastListedPower) {
         Controls.cmbMODEL->setCurrentIndex(-1);
-        Controls.cmbMODEL->setEditText(QStringLiteral("ZPS-") + Fixed(watts, 0));
+        Controls.cmbMODEL->setEditText(QStringLiteral("ZPS-") + FixedText(watts, 0));
         cmbMODEL_Change();
     } else {
         Controls.cmbMODEL->setCurrentIndex(ModelIndexOf(watts));

@@ -1,5 +1,6 @@
 #include "power/log/chart_axes.h"
 
+#include "power/log/range_sums.h"
 #include "source/numbers.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ constexpr int MostTimeSteps = 8;
 constexpr double UsualSpan = 3.3;  // s that twenty samples take while every poll is answered
 constexpr double RunGap = 0.5;     // s
 constexpr double Stray = 1e-9;     // what sums of floating point leave
+constexpr double LongestLine = RangeSums::LongestGap / 100.0 + Stray;  // s
 
 // The least of `steps` times a power of ten that is `value` or more; `value` is above 0.
 double RoundedUp(double value, std::initializer_list<double> steps) {
@@ -65,6 +67,9 @@ std::vector<Stretch> Place(const ChartTable& table, TimeAxis& axis) {
             stretches.push_back({run ? end + RunGap - seconds : 0, seconds, seconds});
             run = point.Run;
         }
+        if (seconds - stretches.back().Last > LongestLine)
+            axis.Silences.push_back((seconds + stretches.back().Last) / 2 +
+                                    stretches.back().Offset);
         stretches.back().Last = seconds;
         axis.Places[row] = seconds + stretches.back().Offset;
     }

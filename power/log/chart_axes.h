@@ -39,6 +39,9 @@ struct TimeAxis {
     double High;
     std::vector<Tick> Ticks;
     std::vector<double> Breaks;  // between two runs
+    // Between two samples of a run that are further apart than what is integrated: nobody knows
+    // what was there.
+    std::vector<double> Silences;
 };
 // From one round time to another, with a step to spare: the axis moves on by steps, and stands
 // still in between.

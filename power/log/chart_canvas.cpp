@@ -4,6 +4,7 @@
 #include "power/log/chart_canvas.h"
 
 #include "controls/number_face.h"
+#include "controls/number_text.h"
 #include "power/log/curve_colours.h"
 #include "power/log/plot_notes.h"
 #include "power/log/plot_parts.h"
@@ -50,7 +51,7 @@ ChartCanvas::Drawing::Drawing(ChartCanvas& canvas)
     : Plot(MakePlot(canvas)),
       Curves(MakeCurves(Plot)),
       Ends{MakeText(Plot), MakeText(Plot)},
-      Notes(Plot) {
+      Notes(Plot, false) {
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         Ends[column]->setPositionAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         Ends[column]->position->setAxes(Plot.xAxis, &ValueAxis(Plot, column));
@@ -85,8 +86,10 @@ void ChartCanvas::Drawing::PlaceCurves(const ChartTable& table) {
             data.add({Times.Places[row], shown});
             highest = std::max(highest, value ? shown : 0);
         }
-        // Runs do not hang together.
-        for (const double place : Times.Breaks) data.add({place, Gap});
+        // Runs do not hang together, nor samples with a silence between them.
+        for (const auto* gaps : {&Times.Breaks, &Times.Silences}) {
+            for (const double place : *gaps) data.add({place, Gap});
+        }
         Tops[column] = NextTop(Tops[column], highest, RoomAbove(column));
     }
     Curves.Breaks->data()->clear();
@@ -108,8 +111,7 @@ void ChartCanvas::Drawing::PlaceEnds(const ChartTable& table) {
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         const auto& value = last->Values[column];
         if (!value) continue;
-        Ends[column]->setText(
-            QString::number(static_cast<double>(value->Value), 'f', value->Decimals));
+        Ends[column]->setText(FixedText(value->Value, value->Decimals));
         const double height = column == 0 ? heights.first : heights.second;
         Ends[column]->position->setCoords(place, height * Tops[column]);
         Ends[column]->setVisible(true);
@@ -183,9 +185,8 @@ void ChartCanvas::Plot(const ChartTable& table) {
 
 void ChartCanvas::Point(std::optional<int> row, const ChartMarks& marks) {
     Drawing& drawing = *Plotting;
-    for (std::size_t mark = 0; mark < 2; ++mark) {
-        drawing.Notes.PlaceMark(mark, drawing.PlaceOf(marks.Marked().at(mark)));
-    }
+    const auto& [a, b] = marks.Marked();
+    drawing.Notes.PlaceMarks({drawing.PlaceOf(a), drawing.PlaceOf(b)});
     std::optional<double> place;
     if (row) place = drawing.Times.Places[static_cast<std::size_t>(*row)];
     drawing.Notes.PlaceCursor(

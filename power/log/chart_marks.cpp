@@ -1,6 +1,6 @@
 #include "power/log/chart_marks.h"
 
-#include "source/numbers.h"
+#include "controls/number_text.h"
 
 #include <QStringList>
 
@@ -14,14 +14,10 @@ namespace {
 constexpr std::array<const char*, ChartColumns> Units{" V", " A"};
 constexpr std::array<const char*, ChartColumns> Names{"전압 ", "전류 "};
 
-const QString Between = QStringLiteral(" · ");
-
-QString Fixed(double value, int decimals) {
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
+const QString Separator = QStringLiteral(" · ");
 
 QString Signed(double value, int decimals) {
-    QString text = Fixed(std::abs(value), decimals);
+    QString text = FixedText(std::abs(value), decimals);
     if (text.toDouble() == 0) return text;
     return (value < 0 ? u'-' : u'+') + text;
 }
@@ -56,17 +52,18 @@ QString ChartMarks::Difference() const {
                         std::max(from->Decimals, to->Decimals)) +
                      QLatin1String(Units[column]);
     }
-    return QStringLiteral("Δ ") + parts.join(Between);
+    return QStringLiteral("Δ ") + parts.join(Separator);
 }
 
 QString ReadingText(const ChartPoint& point) {
     QStringList values;
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         const auto& value = point.Values[column];
-        if (value) values << Fixed(value->Value, value->Decimals) + QLatin1String(Units[column]);
+        if (value)
+            values << FixedText(value->Value, value->Decimals) + QLatin1String(Units[column]);
     }
-    return QStringLiteral("NO %1").arg(point.Number) + Between + Fixed(point.Seconds(), 2) +
-           QStringLiteral("초\n") + values.join(Between);
+    return QStringLiteral("NO %1").arg(point.Number) + Separator + FixedText(point.Seconds(), 2) +
+           QStringLiteral("초\n") + values.join(Separator);
 }
 
 QString SummaryText(const ChartTable& table) {
@@ -79,7 +76,7 @@ QString SummaryText(const ChartTable& table) {
         const auto& value = last.Values[column];
         if (!value) continue;
         text += QString::fromUtf8(Names[column]) +
-                WithoutTrailingZeros(Fixed(value->Value, value->Decimals)) +
+                WithoutTrailingZeros(FixedText(value->Value, value->Decimals)) +
                 QLatin1String(Units[column]) + QStringLiteral(", ");
     }
     return text + QStringLiteral("최근 %1회").arg(count);

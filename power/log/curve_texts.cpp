@@ -1,5 +1,6 @@
 #include "power/log/curve_texts.h"
 
+#include "controls/number_text.h"
 #include "power/log/chart_marks.h"
 #include "power/log/run_curve_axis.h"
 #include "power/log/statistics_text.h"
@@ -19,7 +20,7 @@ QString SpreadText(const RangeSums& sums, int row) {
 
 QString SpanText(double seconds) {
     if (WrittenAsClock(seconds)) return QString::fromStdString(TimeLabel(seconds, 1, true));
-    return QString::fromStdString(FormatFixed(seconds, 2)) + QStringLiteral("초");
+    return FixedText(seconds, 2) + QStringLiteral("초");
 }
 
 QString SampleText(const ChartPoint& point, int step) {

@@ -23,7 +23,7 @@ constexpr double ZoomStep = 1.5;  // of a key
 constexpr double MostOften = 500;     // ms
 constexpr double LeastOften = 10000;  // ms
 
-const QString Between = QStringLiteral(", ");
+const QString Separator = QStringLiteral(", ");
 
 }  // namespace
 
@@ -35,6 +35,7 @@ CurveView::CurveView(const LogModel& log, RunCurveCanvas* canvas, QWidget* paren
       Log(log),
       Curve(log.Curve()),
       Canvas(*canvas),
+      Foot(new QWidget(this)),
       lblCURVESTAT(new PartsLine(QStringLiteral("lblCURVESTAT"))),
       chkFOLLOW(new QCheckBox(QStringLiteral("끝 따라가기"))) {
     chkFOLLOW->setObjectName(QStringLiteral("chkFOLLOW"));
@@ -44,13 +45,14 @@ CurveView::CurveView(const LogModel& log, RunCurveCanvas* canvas, QWidget* paren
     connect(chkFOLLOW, &QCheckBox::clicked, this, &CurveView::ToggleFollow);
     tmrCURVE.setSingleShot(true);
     connect(&tmrCURVE, &QTimer::timeout, this, &CurveView::tmrCURVE_Timer);
-    auto* foot = new QHBoxLayout;
+    auto* foot = new QHBoxLayout(Foot);
     foot->setContentsMargins(4, 0, 0, 0);
     foot->addWidget(lblCURVESTAT, 1);
     foot->addSpacing(12);
     foot->addWidget(chkFOLLOW);
+    Foot->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     layout()->setSpacing(3);
-    static_cast<QVBoxLayout*>(layout())->addLayout(foot);
+    layout()->addWidget(Foot);
     AddActions();
 }
 
@@ -112,18 +114,25 @@ void CurveView::Plot() {
     ShowNotes();
 }
 
-// A low picture has no room for what is read off it; the line below it has.
+// A low picture has no room for what is read off it; the line above it has some, where the values
+// come first.
 void CurveView::ShowNotes() {
     RunCurveCanvas::Notes notes{Picked(), {}, {Marked(0), Marked(1)}};
     const QString reading = notes.Cursor ? ReadingAt(*notes.Cursor) : QString();
-    const bool low = Canvas.IsLow();
-    if (!low) notes.Reading = reading;
+    const bool aloft = notes.Cursor && Canvas.IsLow();
+    if (!aloft) notes.Reading = reading;
     Canvas.Point(notes);
+    ShowDifference(aloft ? reading.section(u'\n', 1) + QStringLiteral(" · ") +
+                               reading.section(u'\n', 0, 0)
+                         : Marks.Difference());
     const auto [title, figures] = Figures();
-    if (low && notes.Cursor)
-        lblCURVESTAT->Show(reading.section(u'\n', 0, 0), reading.split(u'\n').mid(1));
-    else
-        lblCURVESTAT->Show(title, figures);
+    lblCURVESTAT->Show(title, figures);
+}
+
+// In a low view the curve needs the room more than the line below it does.
+void CurveView::resizeEvent(QResizeEvent* event) {
+    ChartFrame::resizeEvent(event);
+    Foot->setVisible(height() - Foot->sizeHint().height() >= LowPlot);
 }
 
 QString CurveView::ReadingAt(std::size_t index) const {
@@ -227,8 +236,8 @@ void CurveView::Unmark() {
 
 QString CurveView::PictureNote() const {
     const auto [title, figures] = Figures();
-    if (figures.isEmpty() || lblCURVESTAT->ShowsAll()) return {};
-    return title + QStringLiteral(": ") + figures.join(Between);
+    if (figures.isEmpty() || (Foot->isVisible() && lblCURVESTAT->ShowsAll())) return {};
+    return title + QStringLiteral(": ") + figures.join(Separator);
 }
 
 // The sample at the cursor, else what is seen.
@@ -238,14 +247,14 @@ QString CurveView::SpokenText() const {
         parts << ReadingAt(*picked).replace(u'\n', QStringLiteral(" · "));
         if (Marked(0) == picked) parts << QStringLiteral("표시 A");
         if (Marked(1) == picked) parts << QStringLiteral("표시 B");
-        if (Marked(1) != picked) return parts.join(Between);
+        if (Marked(1) != picked) return parts.join(Separator);
         parts << Marks.Difference();
     }
     if (Curve.Count() == 0) return QStringLiteral("측정값 없음");
     const auto [title, figures] = Figures();
     parts << title << figures;
     if (Window.Follows()) parts << chkFOLLOW->text();
-    return parts.join(Between);
+    return parts.join(Separator);
 }
 
 }  // namespace zps

@@ -18,7 +18,8 @@ namespace zps {
 
 // All samples of the log. The wheel zooms, dragging moves, the pointer shows the values of the
 // sample that is nearest, a click marks it; the keys do as much. Below the curve stands what the
-// samples between two marks come to, or those that are seen. While it is hidden it costs nothing.
+// samples between two marks come to, or those that are seen, unless the view is too low for both.
+// While it is hidden it costs nothing.
 class CurveView : public ChartFrame {
     Q_OBJECT
   public:
@@ -36,6 +37,7 @@ class CurveView : public ChartFrame {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -84,6 +86,7 @@ class CurveView : public ChartFrame {
     const RunCurve& Curve;
     RunCurveCanvas& Canvas;
     CurveWindow Window;
+    QWidget* Foot;
     PartsLine* lblCURVESTAT;
     QCheckBox* chkFOLLOW;
     QTimer tmrCURVE;  // while samples have come that are not seen yet

@@ -1,8 +1,6 @@
 #include "power/log/log_copy.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
+#include "controls/copy_text.h"
 
 #include <algorithm>
 
@@ -25,8 +23,6 @@ void LogCopy::Start(int first, int last) {
     First = Next = first;
     Last = last;
     Text = Model.CopyHead(first, last).toUtf8();
-    AddLine(
-        [this](int column, int role) { return Model.headerData(column, Qt::Horizontal, role); });
     if (last - first >= RowsWithoutProgress) ShowProgress();
     Pause.start(0);
     CopySome();
@@ -45,19 +41,9 @@ void LogCopy::Cancel() {
 
 void LogCopy::CopySome() {
     const int end = std::min(Next + RowsAtATime - 1, Last);
-    for (; Next <= end; ++Next) {
-        AddLine([this](int column, int role) { return Model.index(Next, column).data(role); });
-    }
+    for (; Next <= end; ++Next) Text += Model.CopyLine(Next).toUtf8();
     if (Progress) Progress->setValue(Next - First);
     if (Next > Last) Finish();
-}
-
-void LogCopy::AddLine(const std::function<QVariant(int column, int role)>& cell) {
-    const int columns = Model.columnCount();
-    for (int column = 0; column < columns; ++column) {
-        Text += cell(column, Qt::DisplayRole).toString().toUtf8() + '\t';
-    }
-    Text += cell(0, MoreRole).toString().toUtf8() + '\n';
 }
 
 // The box leaves the window usable: the output must be within reach at any time.
@@ -72,9 +58,7 @@ void LogCopy::ShowProgress() {
 }
 
 void LogCopy::Finish() {
-    auto* content = new QMimeData;
-    content->setData(QStringLiteral("text/plain"), Text);
-    QGuiApplication::clipboard()->setMimeData(content);
+    CopyText(Text);
     Cancel();
     Q_EMIT Copied(Last - First + 1);
 }

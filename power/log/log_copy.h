@@ -8,8 +8,6 @@
 #include <QProgressDialog>
 #include <QTimer>
 
-#include <functional>
-
 namespace zps {
 
 // The copy is made a few rows at a time, so the window stays alive and the supply can be switched
@@ -22,8 +20,7 @@ class LogCopy : public QObject {
     LogCopy(const LogModel& model, QWidget& owner);
 
     // Copies the rows `first` to `last`, counted from 0, below what the model has to say of
-    // them and a line of the columns' titles; cells are parted by tabs, and behind the columns
-    // comes what MoreRole tells. A copy that is under way is given up.
+    // them. A copy that is under way is given up.
     void Start(int first, int last);
     void Cancel();
 
@@ -36,7 +33,6 @@ class LogCopy : public QObject {
 
   private:
     void CopySome();
-    void AddLine(const std::function<QVariant(int column, int role)>& cell);
     void ShowProgress();
     void Finish();
 

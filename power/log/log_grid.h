@@ -78,10 +78,15 @@ class LogGrid : public QAbstractScrollArea {
     int RowAt(int y) const;
     QRect RowRect(int row) const;
     QSize SizeForRows(int rows) const;
+    static QRect TextRect(const QRect& cell) {
+        return cell.adjusted(CellMargin, 0, -CellMargin, 0);
+    }
     void PaintHeader(QPainter& painter);
     void PaintRow(QPainter& painter, int row);
     void PaintCell(QPainter& painter, const QRect& cell, const QModelIndex& index, bool selected);
     void PaintFocus(QPainter& painter, int row);
+
+    static constexpr int CellMargin = 5;  // px, left and right of a cell's text
 
     LogModel& Model;
     LogCopy Copy;

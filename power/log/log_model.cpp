@@ -1,5 +1,6 @@
 #include "power/log/log_model.h"
 
+#include "controls/number_text.h"
 #include "power/log/statistics_text.h"
 #include "source/numbers.h"
 #include "source/reply.h"
@@ -15,10 +16,6 @@ QString SecondsText(std::uint32_t hundredths) {
            QChar(u'0' + hundredths % 10);
 }
 
-QString ValueText(float value, int decimals) {
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
-
 // All that tells the columns apart. They are of one width.
 struct Column {
     const char* Title;
@@ -30,9 +27,9 @@ constexpr std::array<Column, LogColumns> Columns{{
     {"STEP",
      [](const Sample& of, std::int32_t) { return QString::fromStdString(FormatStep(of.Step)); }},
     {"Voltage(V)",
-     [](const Sample& of, std::int32_t) { return ValueText(of.Volts, of.VoltDecimals); }},
+     [](const Sample& of, std::int32_t) { return FixedText(of.Volts, of.VoltDecimals); }},
     {"Current(A)",
-     [](const Sample& of, std::int32_t) { return ValueText(of.Amps, of.CurrDecimals); }},
+     [](const Sample& of, std::int32_t) { return FixedText(of.Amps, of.CurrDecimals); }},
 }};
 
 std::optional<Reading> NumberIn(const QString& text) {
@@ -90,24 +87,28 @@ RangeSums LogModel::SumsOf(int first, int last) const {
                      static_cast<std::size_t>(last - 1));
 }
 
-QString LogModel::MoreOf(int row) const {
-    if (row == 0) return QStringLiteral("\t\t\t");
-    const auto index = static_cast<std::size_t>(row - 1);
-    const Sample sample = Samples.At(index);
-    const auto passed = std::chrono::duration<std::uint32_t, std::centi>(sample.Hundredths);
-    const auto is = [&sample](std::uint8_t bit) { return (sample.Status & bit) != 0; };
-    return QStringList{ClockText(Origins[Samples.RunAt(index)].Start + passed),
-                       is(status::ConstantCurrent) ? QStringLiteral("CC") : QStringLiteral("CV"),
-                       is(status::Fault) ? QStringLiteral("1") : QStringLiteral("0"),
-                       QStringLiteral("0x%1").arg(sample.Status, 2, 16, QLatin1Char('0'))}
-        .join(u'\t');
-}
-
 QString LogModel::CopyHead(int first, int last) const {
     QString text = ProgramText();
     const RangeSums sums = SumsOf(first, last);
-    if (sums.Samples == 0) return text + u'\n';
-    return text + OriginsOf(sums) + StatisticsTable(QStringLiteral("통계"), sums) + u'\n';
+    if (sums.Samples > 0) text += OriginsOf(sums) + StatisticsTable(QStringLiteral("통계"), sums);
+    text += u'\n';
+    for (const Column& column : Columns) text += QLatin1String(column.Title) + u'\t';
+    return text + QStringLiteral("시각\t모드\t고장\t상태 바이트\n");
+}
+
+QString LogModel::CopyLine(int row) const {
+    if (row == 0) return QStringLiteral("0\t0\t\t\t\t\t\t\t\n");
+    const auto index = static_cast<std::size_t>(row - 1);
+    const Sample sample = Samples.At(index);
+    const std::int32_t number = Samples.NumberAt(index);
+    const auto passed = std::chrono::duration<std::uint32_t, std::centi>(sample.Hundredths);
+    const auto is = [&sample](std::uint8_t bit) { return (sample.Status & bit) != 0; };
+    QString text;
+    for (const Column& column : Columns) text += column.Text(sample, number) + u'\t';
+    text += ClockText(Origins[Samples.RunAt(index)].Start + passed);
+    text += is(status::ConstantCurrent) ? QStringLiteral("\tCC") : QStringLiteral("\tCV");
+    text += is(status::Fault) ? QStringLiteral("\t1") : QStringLiteral("\t0");
+    return text + QStringLiteral("\t0x%1\n").arg(sample.Status, 2, 16, QLatin1Char('0'));
 }
 
 QString LogModel::OriginsOf(const RangeSums& sums) const {
@@ -135,7 +136,6 @@ int LogModel::columnCount(const QModelIndex& parent) const {
 QVariant LogModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     if (role == StartsRunRole) return StartsRun(index.row());
-    if (role == MoreRole) return MoreOf(index.row());
     if (role != Qt::DisplayRole) return TextOrAlignment(role, {});
     const auto row = static_cast<std::size_t>(index.row());
     const auto column = static_cast<std::size_t>(index.column());
@@ -145,7 +145,6 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= LogColumns) return {};
-    if (role == MoreRole) return QStringLiteral("시각\t모드\t고장\t상태 바이트");
     return TextOrAlignment(role,
                            QString::fromLatin1(Columns[static_cast<std::size_t>(section)].Title));
 }

@@ -18,9 +18,6 @@ namespace zps {
 constexpr int LogColumns = 5;  // number, time, step, voltage, current
 // Whether the numbers begin anew with this row.
 constexpr int StartsRunRole = Qt::UserRole;
-// Of any column of a row, and of the titles: what a copy has behind the columns, cells parted by
-// tabs. The clock time, CV or CC, whether the supply reports a fault, and its status byte.
-constexpr int MoreRole = Qt::UserRole + 1;
 
 class LogModel : public QAbstractTableModel {
     Q_OBJECT
@@ -40,9 +37,13 @@ class LogModel : public QAbstractTableModel {
 
     // What the samples of the rows `first` to `last` come to; the zero row is none.
     RangeSums SumsOf(int first, int last) const;
-    // What a copy of these rows begins with: the program, the runs that they are of, and what their
-    // samples come to.
+    // What a copy of these rows begins with: the program, the runs that they are of, what their
+    // samples come to, and the titles.
     QString CopyHead(int first, int last) const;
+    // A row of a copy, cells parted by tabs: the columns, and behind them the clock time, CV or CC,
+    // whether the supply reports a fault, and its status byte. The zero row, which is no sample and
+    // may be of a later run than the rows below it, has but its number and time.
+    QString CopyLine(int row) const;
     // The runs that `sums`, of one sample at least, are of.
     QString OriginsOf(const RangeSums& sums) const;
 
@@ -57,7 +58,6 @@ class LogModel : public QAbstractTableModel {
 
   private:
     bool StartsRun(int row) const;
-    QString MoreOf(int row) const;
 
     std::array<QString, LogColumns> ZeroRow;
     SampleStore Samples;

@@ -1,13 +1,12 @@
 #include "power/log/measurement_log.h"
 
+#include "controls/copy_text.h"
 #include "controls/flowing_row.h"
 #include "controls/widgets.h"
 #include "power/log/log_grid_accessible.h"
 #include "power/log/spoken_chart.h"
 #include "power/log/statistics_text.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -145,7 +144,7 @@ void MeasurementLog::CopyStatistics() {
     if (selected.Samples > 0)
         text += u'\n' + Model->OriginsOf(selected) +
                 StatisticsTable(QStringLiteral("선택한 행의 통계"), selected);
-    QGuiApplication::clipboard()->setText(text);
+    CopyText(text.toUtf8());
     NoteCopied(QStringLiteral("통계 복사됨"));
 }
 

@@ -10,7 +10,7 @@ namespace zps {
 
 namespace {
 
-const QString Between = QStringLiteral("  ·  ");
+const QString Separator = QStringLiteral("  ·  ");
 
 }  // namespace
 
@@ -28,7 +28,7 @@ void PartsLine::Show(const QString& title, const QStringList& parts) {
 }
 
 QString PartsLine::Whole(qsizetype parts) const {
-    return (QStringList(Title) + Parts.mid(0, parts)).join(Between);
+    return (QStringList(Title) + Parts.mid(0, parts)).join(Separator);
 }
 
 QString PartsLine::Fitting() const {

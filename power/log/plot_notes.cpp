@@ -8,9 +8,13 @@
 
 #include <qcustomplot.h>
 
+#include <cmath>
+
 namespace zps {
 
 namespace {
+
+constexpr int LetterPadding = 14;  // px beside a letter, with its frame
 
 QCPItemStraightLine* MakeLine(QCustomPlot& plot) {
     auto* line = new QCPItemStraightLine(&plot);
@@ -33,12 +37,12 @@ QCPItemText* MakeNote(QCustomPlot& plot) {
 
 }  // namespace
 
-PlotNotes::PlotNotes(QCustomPlot& plot) {
+PlotNotes::PlotNotes(QCustomPlot& plot, bool rowAbove) : Plot(plot), RowAbove(rowAbove) {
     for (auto& line : MarkLines) line = MakeLine(plot);
     for (std::size_t mark = 0; mark < MarkNames.size(); ++mark) {
         MarkNames[mark] = MakeNote(plot);
         MarkNames[mark]->setText(mark == 0 ? QStringLiteral("A") : QStringLiteral("B"));
-        MarkNames[mark]->setPositionAlignment(Qt::AlignTop | Qt::AlignHCenter);
+        MarkNames[mark]->position->setTypeY(QCPItemPosition::ptAbsolute);
     }
     Cursor = MakeLine(plot);
     Reading = MakeNote(plot);
@@ -59,10 +63,27 @@ void PlotNotes::Colour(const QPalette& palette, const QFont& font) {
     }
 }
 
-void PlotNotes::PlaceMark(std::size_t mark, std::optional<double> place) {
-    PlaceLine(*MarkLines.at(mark), place);
-    MarkNames.at(mark)->setVisible(place.has_value());
-    if (place) MarkNames.at(mark)->position->setCoords(*place, 0);
+// Left of their lines, for values are written to the right of the last sample; where two would
+// cover one another, B below A.
+void PlotNotes::PlaceMarks(const std::array<std::optional<double>, 2>& places) {
+    const QFontMetrics metrics(MarkNames[0]->font());
+    const int width = metrics.horizontalAdvance(u'A') + LetterPadding;
+    const int height = metrics.height() + LetterPadding / 4;
+    const auto pixel = [this](double place) { return Plot.xAxis->coordToPixel(place); };
+    const auto& [a, b] = places;
+    const bool crowded = a && b && std::abs(pixel(*a) - pixel(*b)) < 2 * width;
+    double top = Plot.axisRect()->margins().top() + (RowAbove ? height : 0);
+    for (std::size_t mark = 0; mark < places.size(); ++mark) {
+        const auto& place = places.at(mark);
+        PlaceLine(*MarkLines.at(mark), place);
+        QCPItemText& name = *MarkNames.at(mark);
+        name.setVisible(place.has_value());
+        if (!place) continue;
+        const bool left = pixel(*place) - Plot.axisRect()->left() >= width;
+        name.setPositionAlignment(Qt::AlignTop | (left ? Qt::AlignRight : Qt::AlignLeft));
+        name.position->setCoords(*place, top);
+        if (crowded) top += height;
+    }
 }
 
 void PlotNotes::PlaceCursor(std::optional<double> place, const QString& reading) {

@@ -97,6 +97,13 @@ class MarkedGraph : public QCPGraph {
     }
 };
 
+// Below the voltage, as faint as the grid.
+void ShowArea(QCPGraph& graph, bool area) {
+    QColor colour = graph.pen().color();
+    colour.setAlphaF(0.08F);
+    graph.setBrush(area ? QBrush(colour) : Qt::NoBrush);
+}
+
 }  // namespace
 
 // All layers but that of the curves stay one, below it.
@@ -182,9 +189,7 @@ void ColourCurves(const PlotCurves& curves, const QPalette& palette) {
         curves.Values[column]->setPen(QPen(colour, curve.Width, curve.Stroke));
         curves.Values[column]->setScatterStyle(QCPScatterStyle(PictureOf(curve, colour)));
     }
-    QColor area = CurveColour(0, palette);
-    area.setAlphaF(0.08F);
-    curves.Values[0]->setBrush(area);
+    ShowArea(*curves.Values[0], true);
     curves.Breaks->setPen(QPen(palette.color(QPalette::Text), 1, Qt::DashDotLine));
 }
 
@@ -199,6 +204,7 @@ void ShowMarks(const PlotCurves& curves, bool marks) {
         graph.setScatterStyle(style);
         graph.setAntialiased(marks);
     }
+    ShowArea(*curves.Values[0], marks);
 }
 
 double RoomAbove(std::size_t column) {

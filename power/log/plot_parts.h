@@ -43,8 +43,9 @@ struct PlotCurves {
 };
 PlotCurves MakeCurves(QCustomPlot& plot);
 void ColourCurves(const PlotCurves& curves, const QPalette& palette);
-// With the marks and strokes that tell the curves apart, or, for more points than have room for
-// them, as plain lines.
+// With the marks and strokes that tell the curves apart and the area below the voltage, or, for
+// more points than have room for them, as plain lines: the area below some thousand points would
+// take the toolkit a fifth of a second.
 void ShowMarks(const PlotCurves& curves, bool marks);
 // How many times the highest value the axis of `column` is to hold: two steady curves then do not
 // lie on one another.

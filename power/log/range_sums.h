@@ -33,8 +33,10 @@ struct RangeSums {
     double Mean(const Spread& of) const;
     double AmpHours() const { return AmpSeconds / 3600; }
     double WattHours() const { return WattSeconds / 3600; }
-    // From the first to the last sample, the times of several runs added up.
+    // From the first to the last sample, the times of several runs added up: what was integrated
+    // and what was skipped. The time before the first sample and behind the last is in neither.
     double Seconds() const { return static_cast<double>(Integrated + Skipped) / 100; }
+    // Of that, what charge and energy know nothing of.
     double SkippedSeconds() const { return static_cast<double>(Skipped) / 100; }
 
     std::size_t Samples = 0;  // nothing below says anything while there are none

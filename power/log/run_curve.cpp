@@ -1,17 +1,20 @@
 #include "power/log/run_curve.h"
 
+#include "power/log/range_sums.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
 #include <iterator>
 #include <limits>
+#include <utility>
 
 namespace zps {
 
 namespace {
 
-constexpr double RunGap = 1;       // s
-constexpr double LongestStep = 1;  // s without a sample that a line spans
+constexpr double RunGap = 1;                                   // s
+constexpr double LongestStep = RangeSums::LongestGap / 100.0;  // s that a line spans
 constexpr float Gap = std::numeric_limits<float>::quiet_NaN();
 
 double SecondsOf(const Sample& sample) {
@@ -131,6 +134,27 @@ bool RunCurve::Hangs(std::size_t index) const {
     return Parts[RunOf(index)].First != index && PlaceOf(index) - PlaceOf(index - 1) <= LongestStep;
 }
 
+// Where the line from the sample before passes `place`, between the two.
+Bounds RunCurve::OnLine(std::size_t index, double place) const {
+    const double from = PlaceOf(index - 1);
+    const auto share = static_cast<float>((place - from) / (PlaceOf(index) - from));
+    const Sample before = Samples.At(index - 1);
+    Sample here = Samples.At(index);
+    here.Volts = std::lerp(before.Volts, here.Volts, share);
+    here.Amps = std::lerp(before.Amps, here.Amps, share);
+    return Bounds::Of(here);
+}
+
+Bounds RunCurve::ReachOf(double low, double high) const {
+    const std::size_t first = IndexAt(low);
+    const std::size_t end = IndexAt(high, first);
+    Bounds reach = BoundsOf(first, end);
+    for (const auto& [index, place] : {std::pair(first, low), {end, high}}) {
+        if (index < Count() && Hangs(index)) reach.Add(OnLine(index, place));
+    }
+    return reach;
+}
+
 void RunCurve::AddSamples(Trace& trace, std::size_t first, std::size_t end) const {
     for (; first < end; ++first) {
         const double place = PlaceOf(first);
@@ -151,7 +175,7 @@ Band RunCurve::BandOf(double place, std::size_t first, std::size_t end) const {
     return {place, BoundsOf(hangs ? first - 1 : first, end), hangs};
 }
 
-Trace RunCurve::Between(double low, double high, int columns) const {
+Trace RunCurve::TraceOf(double low, double high, int columns) const {
     Trace trace;
     if (Count() == 0 || !(low < high) || columns < 1) return trace;
     std::size_t first = IndexAt(low);
@@ -160,7 +184,7 @@ Trace RunCurve::Between(double low, double high, int columns) const {
         AddSamples(trace, first > 0 ? first - 1 : 0, end);
         return trace;
     }
-    const double width = (high - low) / columns;
+    const double width = trace.BandWidth = (high - low) / columns;
     for (int column = 0; column < columns; ++column) {
         const double place = low + column * width;
         const std::size_t next = std::min(IndexAt(place + width, first), end);

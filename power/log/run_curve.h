@@ -14,7 +14,7 @@
 
 namespace zps {
 
-// What the curve reaches in a column of the picture.
+// What the curve reaches in a column of the picture, some pixels wide.
 struct Band {
     double Place;  // of the column's left edge
     Bounds Reach;
@@ -26,6 +26,7 @@ struct Trace {
     std::vector<double> Places;
     std::array<std::vector<float>, ChartColumns> Values;  // NaN where the line breaks
     std::vector<Band> Bands;
+    double BandWidth = 0;
 };
 
 // A place is counted in seconds. Each run counts from the place of its own start, a second behind
@@ -66,13 +67,16 @@ class RunCurve {
     std::optional<std::size_t> Nearest(double place) const;
 
     Bounds BoundsOf(std::size_t first, std::size_t end) const { return Bound.Of(first, end); }
+    // What is seen of the curve between two places: the samples there, and its line from them to
+    // those beyond.
+    Bounds ReachOf(double low, double high) const;
     // The first sample from `index` on that begins a run, or whose step is not that of the sample
     // before; Count() where there is none.
     std::size_t NextBeginning(std::size_t index) const;
     int StepOf(std::size_t index) const { return Samples.At(index).Step; }
 
     // Between two places, in so many columns, with the nearest samples on either side.
-    Trace Between(double low, double high, int columns) const;
+    Trace TraceOf(double low, double high, int columns) const;
 
     // Memory that it holds besides the store, in bytes.
     std::size_t Bytes() const {
@@ -87,6 +91,7 @@ class RunCurve {
     std::size_t RunOf(std::size_t index) const;
     bool BeginsAt(std::size_t index) const;
     bool Hangs(std::size_t index) const;
+    Bounds OnLine(std::size_t index, double place) const;
     void AddSamples(Trace& trace, std::size_t first, std::size_t end) const;
     Band BandOf(double place, std::size_t first, std::size_t end) const;
 

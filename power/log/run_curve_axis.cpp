@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <iterator>
+#include <numeric>
+#include <set>
 
 namespace zps {
 
@@ -31,6 +35,27 @@ double StepFor(double least) {
 // The seconds of the run at the end of what is seen.
 double LastSeconds(const RunCurve& curve, const CurveStretch& seen) {
     return seen.High - curve.Runs()[curve.RunAt(seen.High)].Offset;
+}
+
+struct StepBegun {
+    double Place;
+    int Step;
+    double Lasts;  // s, within what is seen
+};
+
+// Of those that can't be told apart the last, which is the only one that may be seen to last.
+std::vector<StepBegun> StepsBegun(const RunCurve& curve, const CurveStretch& seen) {
+    std::vector<StepBegun> begun;
+    const double apart = seen.SecondsFor(TellApart);
+    std::size_t index = curve.IndexAt(seen.Low);
+    while ((index = curve.NextBeginning(index)) < curve.Count()) {
+        const double place = curve.PlaceOf(index);
+        if (place > seen.High) break;
+        if (!begun.empty()) begun.back().Lasts = place - begun.back().Place;
+        index = curve.IndexAt(place + apart, index + 1);
+        begun.push_back({place, curve.StepOf(index - 1), std::min(seen.High, curve.End()) - place});
+    }
+    return begun;
 }
 
 }  // namespace
@@ -78,21 +103,22 @@ std::vector<CurveTick> TimeTicks(const RunCurve& curve, const CurveStretch& seen
 }
 
 std::vector<CurveTick> StepTicks(const RunCurve& curve, const CurveStretch& seen) {
+    const std::vector<StepBegun> begun = StepsBegun(curve, seen);
+    std::vector<std::size_t> longestFirst(begun.size());
+    std::iota(longestFirst.begin(), longestFirst.end(), std::size_t{0});
+    std::ranges::stable_sort(longestFirst, std::ranges::greater(),
+                             [&begun](std::size_t k) { return begun[k].Lasts; });
     std::vector<CurveTick> ticks;
-    if (curve.Count() == 0) return ticks;
-    const double apart = seen.SecondsFor(TellApart);
+    for (const StepBegun& step : begun) ticks.push_back({step.Place, {}});
     const double room = seen.SecondsFor(seen.Room);
-    double labelled = seen.Low - room;
-    std::size_t index = curve.IndexAt(seen.Low);
-    while (index < curve.Count()) {
-        index = curve.NextBeginning(index);
-        if (index == curve.Count()) break;
-        const double place = curve.PlaceOf(index);
-        if (place > seen.High) break;
-        const bool free = place >= labelled + room;
-        ticks.push_back({place, free ? Behind + FormatStep(curve.StepOf(index)) : std::string()});
-        if (free) labelled = place;
-        index = curve.IndexAt(place + apart, index + 1);
+    std::set<double> labelled;
+    for (const std::size_t k : longestFirst) {
+        const double place = begun[k].Place;
+        const auto behind = labelled.lower_bound(place);
+        if (behind != labelled.end() && *behind < place + room) continue;
+        if (behind != labelled.begin() && *std::prev(behind) > place - room) continue;
+        labelled.insert(behind, place);
+        ticks[k].Label = Behind + FormatStep(begun[k].Step);
     }
     return ticks;
 }

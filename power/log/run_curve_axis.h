@@ -32,8 +32,9 @@ bool WrittenAsClock(double seconds);
 
 // Round times of the runs, each run's from its own start.
 std::vector<CurveTick> TimeTicks(const RunCurve& curve, const CurveStretch& seen);
-// Where runs begin and where their steps change, with the step that begins there. Of changes that
-// can't be told apart only some.
+// Where runs begin and where their steps change, with the step that begins there. Changes that
+// can't be told apart are one, that to the last of their steps. Where there is no room for all
+// numbers, the steps that last longest have theirs.
 std::vector<CurveTick> StepTicks(const RunCurve& curve, const CurveStretch& seen);
 // Between two runs.
 std::vector<double> RunBreaks(const RunCurve& curve, const CurveStretch& seen);

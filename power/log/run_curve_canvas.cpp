@@ -4,6 +4,7 @@
 #include "power/log/run_curve_canvas.h"
 
 #include "controls/number_face.h"
+#include "power/log/band_curve.h"
 #include "power/log/chart_axes.h"
 #include "power/log/curve_colours.h"
 #include "power/log/plot_notes.h"
@@ -21,62 +22,10 @@ namespace zps {
 namespace {
 
 constexpr double MarkApart = 8;  // px; nearer samples have no marks
+constexpr int TitledPlot = 150;  // px; below, the curves need the room more than a title does
+constexpr int MostBands = 1920;  // broader pictures have bands of two pixels, or more
 
 using Ticks = std::vector<CurveTick>;
-
-// Draws the bands of a column's values, looking like its graph. A line through as many points would
-// take the toolkit seconds.
-class BandCurve : public QCPAbstractPlottable {
-  public:
-    // The plot owns it; `bands` outlives its drawing.
-    BandCurve(const QCPGraph& graph, std::size_t column, const std::vector<Band>& bands)
-        : QCPAbstractPlottable(graph.keyAxis(), graph.valueAxis()),
-          Graph(graph),
-          Column(column),
-          Bands(bands) {
-        setAntialiased(false);
-    }
-
-    double selectTest(const QPointF& /*pos*/, bool /*only*/, QVariant* /*details*/) const override {
-        return -1;
-    }
-    QCPRange getKeyRange(bool& found, QCP::SignDomain /*in*/) const override {
-        found = false;
-        return {};
-    }
-    QCPRange getValueRange(bool& found, QCP::SignDomain /*in*/,
-                           const QCPRange& /*keys*/) const override {
-        found = false;
-        return {};
-    }
-
-  protected:
-    // In whole pixels, which the toolkit fills fastest, and with nothing below: area that is filled
-    // column by column would take twice as long as the curve.
-    void draw(QCPPainter* painter) override {
-        const QColor colour = Graph.pen().color();
-        const int least = qRound(Graph.pen().widthF());
-        int end = 0;
-        for (const Band& band : Bands) {
-            const int x = qRound(keyAxis()->coordToPixel(band.Place));
-            const int left = band.Continues && end > 0 ? end : x;
-            end = x + 1;
-            const int top = PixelOf(band.Reach.Most);
-            const int height = std::max(PixelOf(band.Reach.Least) - top, least);
-            painter->fillRect(QRect(left, top, end - left, height), colour);
-        }
-    }
-    void drawLegendIcon(QCPPainter* /*painter*/, const QRectF& /*rect*/) const override {}
-
-  private:
-    int PixelOf(const std::array<float, ChartColumns>& values) const {
-        return qRound(valueAxis()->coordToPixel(static_cast<double>(values.at(Column))));
-    }
-
-    const QCPGraph& Graph;
-    std::size_t Column;
-    const std::vector<Band>& Bands;
-};
 
 }  // namespace
 
@@ -84,6 +33,7 @@ struct RunCurveCanvas::Drawing {
     Drawing(RunCurveCanvas& canvas, const RunCurve& curve);
     void ApplyPalette(const QPalette& palette, QFont font);
     int Columns() const { return std::max(1, Plot.axisRect()->width()); }
+    int BandCount() const;
 
     CurveStretch Seen() const;
     bool PlaceTimes();
@@ -103,17 +53,19 @@ struct RunCurveCanvas::Drawing {
     RunCurveCanvas::Notes Noted;
     Ticks Times;
     Ticks StepsBegun;
-    std::vector<Band> Bands;
+    Trace Shown;
 };
 
 RunCurveCanvas::Drawing::Drawing(RunCurveCanvas& canvas, const RunCurve& curve)
-    : Curve(curve), Plot(MakePlot(canvas)), Curves(MakeCurves(Plot)), Above(Plot) {
+    : Curve(curve), Plot(MakePlot(canvas)), Curves(MakeCurves(Plot)), Above(Plot, true) {
+    // Smooth joins of some thousand lines would take the toolkit half a second.
+    Plot.setPlottingHint(QCP::phFastPolylines);
     Plot.xAxis2->setVisible(true);
     Plot.xAxis2->setSubTicks(false);
     Plot.xAxis2->setTickLabelSide(QCPAxis::lsInside);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         Curves.Values[column]->setAdaptiveSampling(false);
-        new BandCurve(*Curves.Values[column], column, Bands);
+        AddBands(*Curves.Values[column], column, Shown);
     }
     ApplyPalette(canvas.palette(), canvas.font());
 }
@@ -126,6 +78,12 @@ void RunCurveCanvas::Drawing::ApplyPalette(const QPalette& palette, QFont font) 
     Plot.xAxis2->setTickLength(5, 0);
     Above.Colour(palette, font);
     SetMargins(Plot);
+}
+
+// Each of as many whole pixels.
+int RunCurveCanvas::Drawing::BandCount() const {
+    const int pixels = (Columns() + MostBands - 1) / MostBands;
+    return (Columns() + pixels - 1) / pixels;
 }
 
 CurveStretch RunCurveCanvas::Drawing::Seen() const {
@@ -144,7 +102,7 @@ bool RunCurveCanvas::Drawing::PlaceTicks(QCPAxis& axis, Ticks& old, Ticks ticks)
 void RunCurveCanvas::Drawing::TitleTimes() {
     const bool clock = !Times.empty() && Times.back().Label.find(':') != std::string::npos;
     QString title;
-    if (Plot.height() >= LowPlot)
+    if (Plot.height() >= TitledPlot)
         title = clock ? QStringLiteral("시간(시:분:초)") : QStringLiteral("시간(초)");
     Plot.xAxis->setLabel(title);
 }
@@ -169,9 +127,7 @@ bool RunCurveCanvas::Drawing::PlaceTimes() {
 
 // Whether an axis has changed.
 bool RunCurveCanvas::Drawing::PlaceValues() {
-    const std::size_t first = Curve.IndexAt(Window.Low());
-    const std::size_t end = std::min(Curve.IndexAt(Window.High(), first) + 1, Curve.Count());
-    const Bounds bounds = Curve.BoundsOf(first > 0 ? first - 1 : 0, end);
+    const Bounds bounds = Curve.ReachOf(Window.Low(), Window.High());
     bool moved = false;
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         const double highest = std::max(0.0, static_cast<double>(bounds.Most[column]));
@@ -182,19 +138,18 @@ bool RunCurveCanvas::Drawing::PlaceValues() {
 }
 
 void RunCurveCanvas::Drawing::PlaceTrace() {
-    Trace trace = Curve.Between(Window.Low(), Window.High(), Columns());
-    const std::size_t count = trace.Places.size();
+    Shown = Curve.TraceOf(Window.Low(), Window.High(), BandCount());
+    const std::size_t count = Shown.Places.size();
     const auto apart = Columns() / std::max<double>(1, static_cast<double>(count));
     ShowMarks(Curves, apart >= MarkApart);
     for (std::size_t column = 0; column < ChartColumns; ++column) {
         QVector<QCPGraphData> data(static_cast<qsizetype>(count));
         for (std::size_t k = 0; k < count; ++k) {
-            data[static_cast<qsizetype>(k)] = {trace.Places[k],
-                                               static_cast<double>(trace.Values[column][k])};
+            data[static_cast<qsizetype>(k)] = {Shown.Places[k],
+                                               static_cast<double>(Shown.Values[column][k])};
         }
         Curves.Values[column]->data()->set(data, true);
     }
-    Bands = std::move(trace.Bands);
 }
 
 void RunCurveCanvas::Drawing::PlaceBreaks() {
@@ -207,7 +162,7 @@ void RunCurveCanvas::Drawing::PlaceNotes() {
         if (!index || *index >= Curve.Count()) return std::nullopt;
         return Curve.PlaceOf(*index);
     };
-    for (std::size_t mark = 0; mark < 2; ++mark) Above.PlaceMark(mark, place(Noted.Marks.at(mark)));
+    Above.PlaceMarks({place(Noted.Marks[0]), place(Noted.Marks[1])});
     Above.PlaceCursor(place(Noted.Cursor), Noted.Reading);
 }
 

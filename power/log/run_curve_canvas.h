@@ -35,7 +35,7 @@ class RunCurveCanvas : public QWidget {
     void Point(const Notes& notes);
 
     // Whether it has no room for what is read at the cursor.
-    bool IsLow() const { return height() < LowPlot; }
+    bool IsLow() const { return height() < 100; }
     // Columns of pixels from the left axis to the right one.
     int Columns() const;
     // The share of what is seen that is left of `x`, in px of the canvas; may be out of 0 to 1.

@@ -1,6 +1,6 @@
 #include "power/log/statistics_text.h"
 
-#include "source/numbers.h"
+#include "controls/number_text.h"
 
 #include <QStringList>
 
@@ -8,17 +8,13 @@ namespace zps {
 
 namespace {
 
-QString Fixed(double value, int decimals) {
-    return QString::fromStdString(FormatFixed(value, decimals));
-}
-
 constexpr std::array<Quantity, QuantityCount> Quantities{{
     {"Voltage(V)", "V", &RangeSums::Volts,
      [](const Sample& of) { return static_cast<double>(of.Volts); },
-     [](double value, const RangeSums& sums) { return Fixed(value, sums.Last.VoltDecimals); }},
+     [](double value, const RangeSums& sums) { return FixedText(value, sums.Last.VoltDecimals); }},
     {"Current(A)", "A", &RangeSums::Amps,
      [](const Sample& of) { return static_cast<double>(of.Amps); },
-     [](double value, const RangeSums& sums) { return Fixed(value, sums.Last.CurrDecimals); }},
+     [](double value, const RangeSums& sums) { return FixedText(value, sums.Last.CurrDecimals); }},
     {"Power(W)", "W", &RangeSums::Watts, &WattsOf,
      [](double value, const RangeSums& /*sums*/) { return PowerText(value); }},
 }};
@@ -63,7 +59,7 @@ QString FigureText(const RangeSums& sums, int row, int column) {
 }
 
 QString PowerText(double watts) {
-    return Fixed(watts, watts < 10 ? 3 : watts < 100 ? 2 : watts < 1000 ? 1 : 0);
+    return FixedText(watts, watts < 10 ? 3 : watts < 100 ? 2 : watts < 1000 ? 1 : 0);
 }
 
 QString HoursText(double value, const QString& unit) {
@@ -84,7 +80,7 @@ QString CountText(const RangeSums& sums) {
 }
 
 QString SkippedText(const RangeSums& sums) {
-    return QStringLiteral("적분 제외 %1초").arg(Fixed(sums.SkippedSeconds(), 1));
+    return QStringLiteral("적분 제외 %1초").arg(FixedText(sums.SkippedSeconds(), 1));
 }
 
 QString StatisticsLine(const RangeSums& sums, const std::function<bool(const QString&)>& fits) {
@@ -129,11 +125,11 @@ QString StatisticsTable(const QString& title, const RangeSums& sums) {
     const auto line = [&text](const char* caption, const QString& value) {
         text += QString::fromUtf8(caption) + u'\t' + value + u'\n';
     };
-    line("전력량(Wh)", Fixed(sums.WattHours(), 6));
-    line("전하량(Ah)", Fixed(sums.AmpHours(), 6));
+    line("전력량(Wh)", FixedText(sums.WattHours(), 6));
+    line("전하량(Ah)", FixedText(sums.AmpHours(), 6));
     line("측정 수", QString::number(sums.Samples));
-    line("시간(sec)", Fixed(sums.Seconds(), 2));
-    line("적분 제외(sec)", Fixed(sums.SkippedSeconds(), 2));
+    line("시간(sec)", FixedText(sums.Seconds(), 2));
+    line("적분 제외(sec)", FixedText(sums.SkippedSeconds(), 2));
     return text;
 }
 

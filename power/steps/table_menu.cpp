@@ -1,8 +1,9 @@
 #include "power/steps/table_menu.h"
 
+#include "controls/copy_text.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMimeData>
 
 #include <utility>
 
@@ -50,12 +51,8 @@ void TableMenu::Tell(const Message& message) {
         Parts.Boxes.Show(&Parts.Window, message);
 }
 
-// The bytes are given as they are: some systems would put line ends of their own into a text.
 void TableMenu::Copy(int first, int last) {
-    auto* content = new QMimeData;
-    content->setData(QStringLiteral("text/plain"),
-                     QByteArray::fromStdString(TableText(Parts.Source, first, last)));
-    QGuiApplication::clipboard()->setMimeData(content);
+    CopyText(QByteArray::fromStdString(TableText(Parts.Source, first, last)));
     Parts.Controls.fraSTEPLEGEND->Tell(CopiedText(first, last));
 }
 

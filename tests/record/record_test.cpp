@@ -51,7 +51,7 @@ TEST(TheTrace, OfADayOfPollsTakesTheMemoryItHadAtFirst) {
     LineTrace trace;
     const Bytes poll = Control(1, 16);
     const Bytes data{1, 2, 9, 196, 0, 0, 48, 212, 0, 4, 226, 0, 3, 189};
-    Moment now = Moment::Now();
+    EventTime now = EventTime::Now();
     const auto before = HeapInUse();
     for (int polls = 0; polls < 24 * 3600 * 6; ++polls) {
         now.At += 83ms;
@@ -81,7 +81,7 @@ TEST(TheTrace, KeepsFewerMessagesThatAreLongAndEachOfThemWhole) {
     LineTrace trace;
     Bytes noise(10'000);
     std::iota(noise.begin(), noise.end(), 0);
-    for (int i = 0; i < 60; ++i) trace.Note(LineEvent::Read, 1, Moment::Now(), {}, noise);
+    for (int i = 0; i < 60; ++i) trace.Note(LineEvent::Read, 1, EventTime::Now(), {}, noise);
     EXPECT_EQ(trace.End() - trace.First(), LineTrace::Room / noise.size());
     for (auto number = trace.First(); number < trace.End(); ++number)
         EXPECT_EQ(trace.Find(number)->Data, noise);
@@ -283,7 +283,7 @@ TEST_F(Record, StandsStillWhilePausedAndFollowsTheEndUnlessScrolledAway) {
     const auto first = Cells(model, 0, {LineColumn::Time});
     // So much that nothing of before is left of it.
     for (std::size_t i = 0; i < LineTrace::MostMessages; ++i)
-        const_cast<LineTrace&>(Program().Trace()).Note(LineEvent::Closed, 4, Moment::Now());
+        const_cast<LineTrace&>(Program().Trace()).Note(LineEvent::Closed, 4, EventTime::Now());
     QTest::qWait(600);
     EXPECT_EQ(model.rowCount(), paused);
     EXPECT_EQ(Cells(model, 0, {LineColumn::Time}), first);

@@ -67,6 +67,10 @@ TEST(ChartAxes, TimesAreThoseOfTheRunsWithRoundStepsAndAStepToSpare) {
         for (const auto& tick : axis.Ticks) written += tick.Label + ' ';
         EXPECT_EQ(written, labels);
     }
+    EXPECT_EQ(LayOutTimes(TableOf(0.3, 1, 10)).Silences, std::vector<double>());
+    const auto silences = LayOutTimes(TableOf(1, 1.02, 3, {9})).Silences;
+    ASSERT_EQ(silences.size(), 2U);
+    EXPECT_NEAR(silences[1], 2.53, 1e-9);
     const TimeAxis axis = LayOutTimes(runs);
     EXPECT_NEAR(axis.Ticks[2].Place, axis.Places[2], 1e-9);  // where the second run begins
     EXPECT_NEAR(axis.Breaks.at(0), 28.3, 1e-9);
@@ -98,10 +102,10 @@ class ShownChart : public ShownLog {
             .toStdString();
     }
     // Pixels near `colour` among the curves, left of what is written behind them.
-    int Painted(const QColor& colour) {
+    int Painted(const QColor& colour) { return Painted(colour, Chart.width() / 3); }
+    int Painted(const QColor& colour, int width) {
         QApplication::processEvents();
-        const QImage picture =
-            Chart.grab().copy(80, 0, Chart.width() / 3, Chart.height()).toImage();
+        const QImage picture = Chart.grab().copy(80, 0, width, Chart.height()).toImage();
         int count = 0;
         for (int at = 0; at < picture.width() * picture.height(); ++at) {
             const QColor here = picture.pixelColor(at % picture.width(), at / picture.width());
@@ -135,6 +139,20 @@ TEST_F(ShownChart, FillsItsWidthWithACurveThatHasItsMarksOnIt) {
     }
     EXPECT_GT(middles.size(), 2U);
     EXPECT_NEAR(middles.begin()->second, middles.rbegin()->second, picture.devicePixelRatio());
+}
+
+TEST_F(ShownChart, NoLineCrossesATimeWithoutSamples) {
+    Log.resize(1000, 300);
+    const QColor colour = CurveColour(0, Chart.palette());
+    std::array<int, 2> painted{};
+    for (int& pixels : painted) {
+        Log.Restart({});
+        Log.Append(1, {12, 2}, {1, 3});
+        Time += std::chrono::milliseconds(&pixels == painted.data() ? 1000 : 5000);
+        Log.Append(1, {12, 2}, {1, 3});
+        pixels = Painted(colour);
+    }
+    EXPECT_GT(painted[0], 4 * painted[1]);
 }
 
 TEST_F(ShownChart, KeysAndPointerPickAndMarkSamples) {

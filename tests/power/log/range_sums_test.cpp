@@ -42,7 +42,8 @@ class SumsOfRuns : public testing::Test, public SummedStore {
     // Straight from the definition, in other units and another order.
     void ExpectAsCounted(std::size_t first, std::size_t last) {
         SCOPED_TRACE(std::to_string(first) + " to " + std::to_string(last));
-        long double watts = 0, ampHours = 0, wattHours = 0, skipped = 0, most = 0, least = 1e9;
+        long double watts = 0, ampHours = 0, wattHours = 0, skipped = 0, most = 0, least = 1e9,
+                    passed = 0;
         for (std::size_t k = last + 1; k-- > first;) {
             const Sample own = Store.At(k);
             const long double power = static_cast<long double>(own.Volts) * own.Amps;
@@ -52,6 +53,7 @@ class SumsOfRuns : public testing::Test, public SummedStore {
             if (k == first || Runs[k - 1] != Runs[k]) continue;
             const Sample before = Store.At(k - 1);
             const long double seconds = (own.Hundredths - before.Hundredths) / 100.0L;
+            passed += seconds;
             if (seconds > 1) skipped += seconds;
             if (seconds > 1) continue;
             ampHours += (own.Amps + static_cast<long double>(before.Amps)) / 2 * seconds / 3600;
@@ -70,6 +72,7 @@ class SumsOfRuns : public testing::Test, public SummedStore {
         near(sums.AmpHours(), ampHours);
         near(sums.WattHours(), wattHours);
         near(sums.SkippedSeconds(), skipped);
+        near(sums.Seconds(), passed);
         EXPECT_EQ(sums.Last.Hundredths, Store.At(last).Hundredths);
     }
 

@@ -88,7 +88,7 @@ TEST(RunCurve, PlacesAndBeginningsAreFoundFromAnywhere) {
     log.Samples.Clear();
     log.Curve.Clear();
     EXPECT_EQ(curve.Nearest(1), std::nullopt);
-    EXPECT_TRUE(curve.Between(0, 10, 100).Places.empty());
+    EXPECT_TRUE(curve.TraceOf(0, 10, 100).Places.empty());
 }
 
 // Nothing that a sample reaches is lost, however few columns there are, and lines break where runs
@@ -97,7 +97,7 @@ TEST(RunCurve, EveryColumnReachesAsFarAsItsSamplesDo) {
     RandomLog log(20'000);
     const double end = log.Curve.End();
     for (const auto& [low, high] : {std::pair(0.0, end), {end * 0.31, end * 0.32}, {-5.0, 2.0}}) {
-        const Trace trace = log.Curve.Between(low, high, 300);
+        const Trace trace = log.Curve.TraceOf(low, high, 300);
         EXPECT_EQ(trace.Bands.empty(), high - low < 40);
         EXPECT_LE(trace.Bands.size(), 300U);
         EXPECT_TRUE(std::is_sorted(trace.Places.begin(), trace.Places.end()));
@@ -130,10 +130,30 @@ TEST(RunCurve, EveryColumnReachesAsFarAsItsSamplesDo) {
                                                         }) -
                                      log.All.begin());
     const double place = log.Curve.PlaceOf(silent);
-    const Trace trace = log.Curve.Between(place - 6, place + 1, 300);
+    const Trace trace = log.Curve.TraceOf(place - 6, place + 1, 300);
     EXPECT_EQ(std::count_if(trace.Values[0].begin(), trace.Values[0].end(),
                             [](float value) { return std::isnan(value); }),
               1);
+}
+
+TEST(RunCurve, ReachesAsFarAsItIsSeenAndNotToSamplesBeyondTheEdges) {
+    SampleStore samples;
+    RunCurve curve(samples);
+    for (std::int32_t number = 1;
+         const auto& [hundredths, volts] :
+         {std::pair(0U, 1.0F), {50U, 3.0F}, {500U, 100.0F}, {540U, 60.0F}}) {
+        samples.Append({volts, 0, hundredths, 0, 2, 3}, number++);
+        curve.Append();
+    }
+    for (const auto& [low, high, least, most] : {std::array{0.25, 4.0, 2.0, 3.0},
+                                                 {0.1, 0.2, 1.4, 1.8},
+                                                 {4.0, 5.1, 90.0, 100.0},
+                                                 {1.0, 4.0, HUGE_VAL, -HUGE_VAL},
+                                                 {-1.0, 0.25, 1.0, 2.0}}) {
+        const Bounds reach = curve.ReachOf(low, high);
+        EXPECT_FLOAT_EQ(reach.Least[0], static_cast<float>(least)) << low;
+        EXPECT_FLOAT_EQ(reach.Most[0], static_cast<float>(most)) << low;
+    }
 }
 
 TEST(RunCurve, TimesAreThoseOfTheRunsAndStepsStandWhereTheyBegin) {
@@ -159,6 +179,10 @@ TEST(RunCurve, TimesAreThoseOfTheRunsAndStepsStandWhereTheyBegin) {
     EXPECT_TRUE(steps[0].Label.ends_with("03") && steps[1].Label.ends_with("04")) << texts(steps);
     EXPECT_EQ(steps[1].Place, 7);
     EXPECT_EQ(steps[2].Place, 20);
+    // With room for two numbers the longest have theirs, and of steps in one place the last.
+    EXPECT_EQ(texts(StepTicks(curve, {0, 40, 400, 100})),
+              "0= 7=" + steps[1].Label + " 20=" + steps[2].Label + " ");
+    EXPECT_EQ(texts(StepTicks(curve, {0, 40, 10, 1})), "0=" + steps[2].Label + " ");
     EXPECT_EQ(RunBreaks(curve, {0, 40, 400, 40}), std::vector{19.5});
     EXPECT_EQ(TimeLabel(3725, 1, true), "1:02:05");
     EXPECT_EQ(TimeLabel(59.5, 0.5, true), "0:00:59.5");
@@ -280,6 +304,25 @@ TEST_F(ShownCurve, WheelZoomsAboutThePointerDragMovesAndAClickMarks) {
     EXPECT_TRUE(Control<QLabel>("lblCURVEDIFF").text().startsWith("Δ +"));
     for (int k = 0; k < 20; ++k) Wheel(-120, middle);
     EXPECT_TRUE(View.Shown().ShowsAll());
+}
+
+// The curve has what a low view has, and its line of figures comes back with the room.
+TEST_F(ShownCurve, GivesTheRoomOfALowViewToTheCurve) {
+    auto& follow = Control<QCheckBox>("chkFOLLOW");
+    auto& canvas = *View.findChild<RunCurveCanvas*>();
+    for (const int height : {160, 300, 125}) {
+        Log.resize(1000, height);
+        const int besides = height == 300 ? 35 : 4;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return canvas.height() >= View.height() - besides; }))
+            << height << ' ' << canvas.height() << ' ' << View.height();
+        EXPECT_EQ(follow.isVisible(), height == 300) << height;
+    }
+    EXPECT_FALSE(View.PictureNote().isEmpty());
+    Press({Qt::Key_End});
+    EXPECT_TRUE(
+        Control<QLabel>("lblCURVEDIFF").toolTip().startsWith("600.00 V · 60.000 A · NO 600"));
+    Press({Qt::Key_F});
+    EXPECT_FALSE(View.Shown().Follows());
 }
 
 TEST_F(ShownCurve, BeginsAnewWhereTheLogIsClearedInTheMiddleOfARunWhileItIsHidden) {

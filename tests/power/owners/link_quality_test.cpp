@@ -72,7 +72,7 @@ TEST_F(QualityOfALink, AMinuteGoesOnWhereARunBeginsAnew) {
     EXPECT_EQ(QualityText(Quality),
               "지난 1분: 조회 3회, 올바른 응답 3회, 잃음 0회 · "
               "응답 시간: 마지막 40 ms, 중앙값 30 ms, 99% 40 ms 이내\n"
-              "이번 운전: 조회 0회, 올바른 응답 0회, 잃음 0회 · 응답 시간: -");
+              "이번 운전: 조회 0회, 올바른 응답 0회, 잃음 0회 · 응답 시간: 없음");
 }
 
 // An operator who clicks away makes no line look bad; nor do clicks make a dead one look better.
