@@ -97,7 +97,6 @@ void SwitchButton::paintEvent(QPaintEvent* /*event*/) {
     const QRect inside = rect().adjusted(Gap, 0, -Gap, 0);
     painter.setPen(isEnabled() ? usual : DisabledText(usual, ground));
     painter.drawText(inside.adjusted(0, 0, -KeyWidth(), 0), Qt::AlignCenter, text());
-    painter.setPen(FaintOn(ground));
     painter.setFont(KeyFont());
     painter.drawText(inside, Qt::AlignRight | Qt::AlignVCenter, Key);
 }

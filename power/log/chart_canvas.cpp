@@ -213,6 +213,8 @@ void ChartCanvas::resizeEvent(QResizeEvent* event) {
     Plotting->Plot.xAxis->setLabel(height() < LowPlot ? QString() : TimeTitle);
     SetMargins(Plotting->Plot);
     Plotting->LabelTimes();
+    // Curves alone, drawn before the axes are, would stand beside them.
+    Plotting->Plot.replot(QCustomPlot::rpQueuedRefresh);
 }
 
 }  // namespace zps

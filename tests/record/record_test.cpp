@@ -295,7 +295,7 @@ TEST_F(Record, StandsStillWhilePausedAndFollowsTheEndUnlessScrolledAway) {
     EXPECT_EQ(model.rowCount(), static_cast<int>(LineTrace::MostMessages));
     EXPECT_EQ(Cells(model, 0, {LineColumn::Port}), "COM4");
     EXPECT_EQ(bar.value(), bar.maximum());
-    const_cast<LineTrace&>(Program().Trace()).Note(LineEvent::Closed, 3, Moment::Now());
+    const_cast<LineTrace&>(Program().Trace()).Note(LineEvent::Closed, 3, EventTime::Now());
     table.Copy();  // also of what has come since the last look
     EXPECT_TRUE(QApplication::clipboard()->text().contains("COM3"));
 }
