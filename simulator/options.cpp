@@ -71,7 +71,7 @@ WHEN, of which all must hold, for example --garble 0.3,on=DLE,from=2,until=10
                      ENQ, DLE, DC1, DC3, or STX for all commands
   nth=N              only the N-th of these frames, counted from when the fault was ordered
   from=S, until=S    only from or until so many seconds after it was ordered; of a deaf line and
-                     a flood there are only these
+                     a flood there are only these (--deaf 1,from=2)
   pause=MS           another pause of the faults that have one, 0 to 60000
   byte=B             all stray bytes are B, 0 to 255; without it they are random
 

@@ -86,6 +86,7 @@ void LogChart::Unmark() {
 }
 
 QString LogChart::SpokenText() const {
+    if (Stale && PointerX) return SummaryText(Table);  // the pointer is on an older picture
     const auto row = PickedRow();
     if (!row) return SummaryText(Table);
     const ChartPoint& point = Table[static_cast<std::size_t>(*row)];

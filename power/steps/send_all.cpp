@@ -63,17 +63,17 @@ void SendAll::tmrSEND_Timer() {
 void SendAll::JudgeAnswer() {
     const int step = *std::exchange(Now.Step, std::nullopt);
     if (!IsHeld(step)) {
-        NoteRefusal(step);
+        NoteRefusal(step, Around.Held.LastAnswer());
         DropRest();
     } else if (step != Now.Before || BeforeUnsent) {
         ++Now.Sent;
     }
 }
 
-void SendAll::NoteRefusal(int step) {
+void SendAll::NoteRefusal(int step, std::optional<Reply> answer) {
     if (Now.Refused) return;
     Now.Refused = step;
-    Now.Answer = Around.Held.LastAnswer();
+    Now.Answer = answer;
 }
 
 void SendAll::SendNext() {
@@ -84,7 +84,7 @@ void SendAll::SendNext() {
     try {
         Around.Upload(step);
     } catch (...) {
-        NoteRefusal(step);
+        NoteRefusal(step, std::nullopt);
         End();
         throw;
     }

@@ -48,11 +48,11 @@ class SendAll {
         int Sent = 0;               // and so many have been acknowledged
         std::optional<int> Step{};  // the one under way
         bool Cancelled = false;
-        bool OutputOn = false;         // it has ended because of that
-        std::optional<int> Refused{};  // the first step that the supply did not take
-        Reply Answer = Reply::None;    // and what it said to it
-        int Before = 0;                // the step that was selected
-        bool Reselected = false;       // it is selected again, with its values
+        bool OutputOn = false;          // it has ended because of that
+        std::optional<int> Refused{};   // the first step that the supply did not take
+        std::optional<Reply> Answer{};  // and what it said to it; none if it was not sent
+        int Before = 0;                 // the step that was selected
+        bool Reselected = false;        // it is selected again, with its values
     };
     // Called at the start and before each step, and once at the end.
     void OnProgress(std::function<void(const Report&)> told) { ToldProgress = std::move(told); }
@@ -61,7 +61,7 @@ class SendAll {
   private:
     void tmrSEND_Timer();
     void JudgeAnswer();
-    void NoteRefusal(int step);
+    void NoteRefusal(int step, std::optional<Reply> answer);
     void SendNext();
     void DropRest();
     void End();

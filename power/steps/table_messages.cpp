@@ -58,7 +58,8 @@ QString Quoted(const std::string& cell) {
     return text;
 }
 
-QString AnswerText(Reply answer) {
+QString AnswerText(std::optional<Reply> answer) {
+    if (!answer) return QStringLiteral("보내지 못했습니다.");
     if (answer == Reply::None) return QStringLiteral("전원 장치가 응답하지 않았습니다.");
     return answer == Reply::Nak ? QStringLiteral("전원 장치가 거부했습니다.")
                                 : QStringLiteral("전원 장치의 응답이 잘못되었습니다.");
@@ -165,7 +166,7 @@ std::optional<Message> SendingTrouble(const SendAll::Report& report) {
     if (!report.Reselected)
         lines +=
             QStringLiteral(
-                "단계 %1이(가) 다시 선택되지 않았습니다. 다른 단계가 선택되어 있을 "
+                "처음의 단계(%1)가 다시 선택되지 않았습니다. 다른 단계가 선택되어 있을 "
                 "수 있습니다.\n출력을 켜지 말고, 다른 단계를 누른 뒤 이 단계를 다시 누르십시오.")
                 .arg(StepText(report.Before));
     if (lines.isEmpty()) return std::nullopt;
