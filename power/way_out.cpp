@@ -14,7 +14,7 @@ WayOut::WayOut(PowerParts& parts, Commands& commands, Surround around)
 bool WayOut::Confirmed(MessageIcon icon) {
     Message question{icon, QStringLiteral("프로그램 종료"),
                      QStringLiteral("프로그램을 종료합니다."), MessageButtons::YesNo,
-                     Around.Out.On() ? Answer::No : Answer::Yes};
+                     Around.Out.Known() == OutputState::Off ? Answer::Yes : Answer::No};
     if (Around.Table.Sending()) {
         question.Meaning =
             QStringLiteral("단계를 송신하는 중입니다. 종료하면 남은 단계는 보내지 않습니다.");

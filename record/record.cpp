@@ -138,7 +138,7 @@ QWidget* RECORD::MakeFilter() {
 
 QPushButton* RECORD::MakeCopy(const QString& name, RecordTable& table) {
     auto* button = MakeKeyed(name, QStringLiteral("복사(&C)"));
-    button->setToolTip(QStringLiteral("고른 행을 복사하고, 고른 행이 없으면 모두 복사합니다."));
+    button->setToolTip(QStringLiteral("선택한 행을 복사하고, 선택한 행이 없으면 모두 복사합니다."));
     connect(button, &QPushButton::clicked, &table, &RecordTable::Copy);
     return button;
 }

@@ -94,7 +94,8 @@ void BitLamps::Show(std::uint8_t status) {
         const bool set = (status >> bit & 1U) != 0;
         QLabel& lamp = *ledSTATUS.at(bit);
         PaintBackground(lamp, set ? Colour::Red : Colour::White);
-        lamp.setAccessibleDescription(set ? QStringLiteral("켜짐") : QStringLiteral("꺼짐"));
+        const QString state = set ? QStringLiteral("켜짐") : QStringLiteral("꺼짐");
+        if (state != lamp.accessibleDescription()) lamp.setAccessibleDescription(state);
         lblBIT.at(bit)->setText(set ? QStringLiteral("1") : QStringLiteral("0"));
     }
     ShowOld(false);

@@ -18,7 +18,7 @@ ChartFrame::ChartFrame(const QString& prefix, QWidget& canvas, QWidget* parent)
     : QWidget(parent),
       Line(new QWidget(this)),
       Volt(MakeLabel(prefix + QStringLiteral("VOLT"), QStringLiteral("● 전압(V)"))),
-      Difference(MakeLabel(prefix + QStringLiteral("DIFF"), {})),
+      Difference(MakeLabel(prefix + QStringLiteral("DIFF"), {}, QStringLiteral("A와 B의 차이"))),
       Curr(MakeLabel(prefix + QStringLiteral("CURR"), QStringLiteral("전류(A) ■"))),
       Canvas(canvas) {
     setFocusPolicy(Qt::StrongFocus);

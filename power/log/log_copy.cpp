@@ -2,6 +2,8 @@
 
 #include "controls/copy_text.h"
 
+#include <QProgressBar>
+
 #include <algorithm>
 
 namespace zps {
@@ -51,6 +53,7 @@ void LogCopy::ShowProgress() {
     Progress = new QProgressDialog(QStringLiteral("측정 데이터를 복사하고 있습니다."),
                                    QStringLiteral("취소"), 0, Last - First + 1, &Owner);
     Progress->setWindowTitle(QStringLiteral("측정 데이터 복사"));
+    Progress->findChild<QProgressBar*>()->setAccessibleName(QStringLiteral("복사한 행"));
     Progress->setAutoReset(false);
     Progress->setMinimumDuration(0);
     connect(Progress, &QProgressDialog::canceled, this, &LogCopy::Cancel);

@@ -96,7 +96,7 @@ std::array<QString, 2> StatisticsFoot(const RangeSums& sums) {
 }
 
 QString StatisticsWords(const RangeSums& sums) {
-    if (sums.Samples == 0) return QStringLiteral("측정 없음");
+    if (sums.Samples == 0) return QStringLiteral("측정값 없음");
     QStringList lines{LineParts(sums).join(Dot)};
     for (int row = 0; row < QuantityCount; ++row) {
         QStringList figures;

@@ -91,7 +91,7 @@ QWidget* MakeState(PowerControls& controls) {
     auto* row = MakeRow(*box);
     controls.lblPOLL = new LinkPill(QStringLiteral("lblPOLL"), QStringLiteral("통신 상태"));
     controls.lblPOLL->setFocusPolicy(Qt::TabFocus);
-    controls.lblPOLL->setToolTip(QStringLiteral("누르면 통신 기록을 보여 줍니다."));
+    controls.lblPOLL->setAccessibleDescription(QStringLiteral("누르면 통신 기록을 보여 줍니다."));
     controls.lblNOTICE = MakeEventLine();
     controls.lblORV_URL =
         new ClickLabel(QStringLiteral("lblORV_URL"), QStringLiteral(ZPS_WEB_ADDRESS),

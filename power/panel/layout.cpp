@@ -48,7 +48,7 @@ void MakeTableMenu(PowerControls& controls, QMenu& data) {
     controls.mnuData_Undo =
         MakeAction(data, QStringLiteral("mnuData_Undo"), QStringLiteral("붙여넣기 되돌리기(&U)"));
     controls.mnuData_Send = MakeAction(data, QStringLiteral("mnuData_Send"),
-                                       QStringLiteral("전송 안 된 단계 모두 송신(&N)"));
+                                       QStringLiteral("미송신 단계 모두 송신(&N)"));
     controls.mnuData_Copy = copy->menuAction();
 }
 

@@ -40,7 +40,7 @@ struct CounterKind {
     const char* Meaning;
 };
 constexpr std::array CounterKinds{
-    CounterKind{&PowerControls::lblZPS_ERR, "lblZPS_ERR", "무응답", "무응답 횟수",
+    CounterKind{&PowerControls::lblZPS_ERR, "lblZPS_ERR", "빈 응답", "빈 응답 횟수",
                 "수신 알림은 왔으나 바이트가 하나도 없던 횟수입니다. 알림도 오지 않은 조회는 "
                 "아래의 응답 없음에 듭니다."},
     CounterKind{&PowerControls::lblZPS_ERR1, "lblZPS_ERR1", "길이", "길이 오류 횟수",
@@ -143,7 +143,7 @@ void DescribeLink(PowerControls& controls, const LinkQuality& quality) {
     const auto describe = [&quality](QLabel& label, const QString& what) {
         new LiveToolTip(label, [&quality, what] { return what + u'\n' + QualityText(quality); });
     };
-    describe(*controls.lblPOLL, QStringLiteral("통신 상태"));
+    describe(*controls.lblPOLL, QStringLiteral("통신 상태 (누르면 통신 기록을 보여 줍니다.)"));
     for (const CounterKind& kind : CounterKinds) {
         describe(*(controls.*kind.Label),
                  QStringLiteral("%1: %2").arg(QString::fromUtf8(kind.What),

@@ -33,7 +33,9 @@ QString Caption(OutputState state) {
 }  // namespace
 
 OutputRegion::OutputRegion(const std::vector<QLabel*>& besides, QWidget& content)
-    : Strip(new QWidget), lblRUNNING(MakeLabel(QStringLiteral("lblRUNNING"), Caption(State))) {
+    : Strip(new QWidget),
+      lblRUNNING(
+          MakeLabel(QStringLiteral("lblRUNNING"), Caption(State), QStringLiteral("출력 띠"))) {
     setObjectName(QStringLiteral("fraOUTPUT"));
     SetPixels(*lblRUNNING, StripText, true);
     for (QLabel* label : besides) {
@@ -61,7 +63,6 @@ void OutputRegion::Show(OutputState state) {
     if (state == State) return;
     State = state;
     lblRUNNING->setText(Caption(state));
-    lblRUNNING->setAccessibleName(Caption(state));
     Strip->setAutoFillBackground(false);
     Strip->setPalette({});
     if (On()) PaintBackground(*Strip, Colour::DarkRed);

@@ -72,7 +72,7 @@ QWidget* MakeMeanings(QWidget* parent) {
 
 // However long its text is, it moves nothing beside it.
 QLabel* MakeNews() {
-    auto* label = MakeLabel(QStringLiteral("lblTABLE"), {});
+    auto* label = MakeLabel(QStringLiteral("lblTABLE"), {}, QStringLiteral("단계표 알림"));
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     return label;
 }

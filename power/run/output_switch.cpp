@@ -96,9 +96,10 @@ void OutputSwitch::NoteMissingValues(int step) {
     const bool there = Around.Held.IsAt(step);
     if (there && !refused && Around.Held.Unsent(step).none()) return;
     const QString text =
-        !there ? QStringLiteral(
-                     "전원 장치가 단계 %1이 아닌 단계로 출력할 수 있습니다. 표시판의 STEP을 "
-                     "확인하십시오.")
+        !there
+            ? QStringLiteral(
+                  "전원 장치가 선택된 단계(%1)가 아닌 단계로 출력할 수 있습니다. 표시판의 STEP을 "
+                  "확인하십시오.")
         : refused ? QStringLiteral("단계 %1에 전원 장치가 받지 않은 값이 있지만 출력을 켰습니다.")
                   : QStringLiteral("단계 %1에 송신하지 않은 값이 있지만 출력을 켰습니다.");
     Around.Happened.Note(EventKind::NotDone, text.arg(QString::fromStdString(FormatStep(step))));

@@ -2,6 +2,7 @@
 
 #include "power/steps/table_messages.h"
 
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -25,6 +26,8 @@ void SendBox::Open(int steps) {
     Box->setMinimumDuration(0);
     Box->setMinimumWidth(width);
     Box->findChild<QProgressBar*>()->setAccessibleName(QStringLiteral("송신한 단계"));
+    // With a name of its own it is not told anew for each step.
+    Box->findChild<QLabel*>()->setAccessibleName(QStringLiteral("송신 진행"));
     QObject::connect(Box, &QProgressDialog::canceled, Box, [this] { Cancel(); });
     // Whoever goes on typing must not end it by Enter: the button is reached by Tab.
     Box->findChild<QPushButton*>()->setAutoDefault(false);

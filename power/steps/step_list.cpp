@@ -124,7 +124,8 @@ void StepList::FillFields() {
         for (const StepField& kind : StepFields()) {
             EntryField& field = *(Parts.Controls.*kind.Fields).at(static_cast<std::size_t>(row));
             field.Write(QString::fromStdString(Parts.Source.Text(kind.Value, StepOf(row))));
-            field.setAccessibleName(SpokenName(kind.Fields, StepOf(row)));
+            const QString name = SpokenName(kind.Fields, StepOf(row));
+            if (name != field.accessibleName()) field.setAccessibleName(name);
         }
     }
 }

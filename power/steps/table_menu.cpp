@@ -108,8 +108,8 @@ void TableMenu::mnuData_Send_Click() {
 void TableMenu::SendingEnded(const SendAll::Report& report) {
     Shut.reset();
     Progress.Close();
-    Parts.Controls.fraSTEPLEGEND->Tell(SentText(report));
     const auto trouble = SendingTrouble(report);
+    if (!trouble) Parts.Controls.fraSTEPLEGEND->Tell(SentText(report));
     Around.Happened.Note(trouble ? EventKind::NotDone : EventKind::Switched, SendingEvent(report));
     if (trouble) Tell(*trouble);
 }

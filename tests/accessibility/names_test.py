@@ -39,7 +39,7 @@ text|단계 00 전압 V|0.00|editable focusable
 text|AUTO STEP 자동 운전 순서||editable focusable
 text|COUNT 자동 운전 반복 횟수|0|editable focusable
 scroll bar|단계표 이동||focusable
-label|출력 중||
+label|출력 띠 출력 중||
 push button|OUTPUT 출력|켜짐|checked focusable
 push button|AUTO 자동 운전|꺼짐|focusable
 push button|Vsense ON 원격 센싱|꺼짐|focusable
@@ -53,7 +53,7 @@ label|동작 모드 CV||
 text|전압 V|0.000|editable focusable read-only
 text|전류 A|0.0000|editable focusable read-only
 label|단계 번호 00||
-label|무응답 횟수 0||focusable
+label|빈 응답 횟수 0||focusable
 label|길이 오류 횟수 0||focusable
 label|헤더 오류 횟수 0||focusable
 """

@@ -100,7 +100,7 @@ TEST_F(SendingAll, ARefusedUnansweredOrGarbledStepEndsItAndIsNamed) {
     Sending.Start();
     Time.Pass(5s);
     EXPECT_EQ(Sent(), "7 2 ");
-    EXPECT_TRUE(SendingTrouble(*Ended)->Text.contains("단계 02이(가) 다시 선택되지"));
+    EXPECT_TRUE(SendingTrouble(*Ended)->Text.contains("처음의 단계(02)가 다시 선택되지"));
 }
 
 TEST_F(SendingAll, CancelSendsOnlyTheSelectedStepAndALiveOutputOrAClosedPortNothingMore) {
