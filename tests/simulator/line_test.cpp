@@ -73,7 +73,10 @@ TEST(Line, TakesNothingWhileItIsDeafAndAllOfItAfterwards) {
         return poll(&room, 1, 0) == 0;
     };
     for (const bool full : {true, false}) {
-        full ? line.OrderFault({FaultKind::Deaf}) : line.StopFaults();
+        if (full)
+            line.OrderFault({FaultKind::Deaf});
+        else
+            line.StopFaults();
         const Time limit = Clock::now() + 5s;
         while (isFull() != full && Clock::now() < limit) std::this_thread::sleep_for(1ms);
         EXPECT_EQ(write(panel.Handle(), "x", 1), full ? -1 : 1);
